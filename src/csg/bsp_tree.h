@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+
+#include "csg/bsp_node.h"
+#include "csg/node_arena.h"
+#include "platform/progress.h"
+
+namespace zando {
+
+/// What Partition leaves: the list members before and behind the splitter.
+struct Partitioned {
+  CNodeList front;
+  CNodeList back;
+};
+
+/// A binary space partitioning tree of polygons: the world of a level, the faces of one brush, or
+/// the carving of one brush for export. Owns its nodes, also those of lists that are still being
+/// built from its arena. What survives when brushes are combined is decided in csg_world.h. No
+/// operation recurses by the depth of the tree.
+class CConstructiveBsp {
+ public:
+  CBspNode* root = nullptr;
+  CZandoBrush* brushList = nullptr;  ///< world tree: first brush of the document; not owned
+  std::int32_t nodes = 0;            ///< nodes as last counted
+  std::int32_t coplanar = 0;         ///< chain members beside the nodes themselves, as last counted
+  std::int32_t inserted = 0;         ///< polygons inserted since the last Clear
+  std::int32_t splits = 0;           ///< nodes + coplanar - inserted, as last computed
+  std::int32_t visible = 0;          ///< nodes with nValid set, as last counted
+  std::int32_t refused = 0;          ///< splits refused for want of vertices since the last Clear
+
+  CConstructiveBsp() = default;
+  CConstructiveBsp(const CConstructiveBsp&) = delete;
+  CConstructiveBsp& operator=(const CConstructiveBsp&) = delete;
+  virtual ~CConstructiveBsp() = default;
+
+  /// A new node of this tree's arena.
+  [[nodiscard]] CBspNode* NewNode() { return arena_.Allocate(); }
+  void FreeNode(CBspNode* node) { arena_.Release(node); }
+
+  /// Frees every node and sets root and all statistics to none.
+  void Clear();
+
+  /// Sets nFresh to 0 on every node reachable through front and back.
+  void ClearFresh();
+
+  /// Recounts nodes, coplanar and visible, and computes splits. Inserted stays.
+  void CountStats();
+
+  /// Sets every node's pBrush to the first brush of the list whose BBid is the node's nBid, or to
+  /// none.
+  void LinkBrushes(CZandoBrush* head);
+
+  /// Splits `polygon` as SplitPolygon does, and counts a refusal.
+  [[nodiscard]] SplitResult Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
+
+  /// Takes over the nodes, root and refusals of another tree, which is left empty.
+  void Adopt(CConstructiveBsp& other);
+
+ private:
+  CNodeArena arena_;
+};
+
+/// The head of the list whose plane cuts the fewest visible polygons; the earliest of equals. Null
+/// for an empty list.
+[[nodiscard]] CBspNode* ChooseSplitter(const CNodeList& list);
+
+/// Like ChooseSplitter among the heads that have a polygon before them or cut one; null when there
+/// is none, that is when the list is convex.
+[[nodiscard]] CBspNode* ChooseLeafSplitter(const CNodeList& list);
+
+/// Sorts the members of the list, chains dissolved, to the sides of `splitter`, cutting those that
+/// span its plane. Coplanar polygons of the same facing go to the front. Steps `progress` once.
+[[nodiscard]] Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, CNodeList list,
+                                    CProgress* progress);
+
+/// As Partition, but coplanar polygons of the same facing join the splitter's chain.
+[[nodiscard]] Partitioned PartitionLeaf(CConstructiveBsp& tree, CBspNode* splitter, CNodeList list);
+
+/// Makes the list the tree's leaf tree: splitters above, convex cells below.
+void BuildLeafTree(CConstructiveBsp& tree, CNodeList list);
+
+/// Visits every node of the tree once: back subtree, front subtree, then the node. Chain members
+/// are left to the visitor, which may free the node it is given.
+template <typename Visitor>
+void WalkBackFrontNode(CBspNode* root, Visitor&& visit);
+
+/// Visits the nodes that face the eye, nearest first: the front subtree, the node, the back
+/// subtree; nodes seen from behind or edge-on are passed over. The visitor gets the node (whose
+/// chain it draws) and returns whether to stop.
+template <typename Visitor>
+void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit);
+
+}  // namespace zando
+
+#include "csg/bsp_walk.inl"

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "csg/bsp_node.h"
+
+namespace zando {
+
+/// Hands out nodes of a tree and takes them back. Owns all of them, so that a tree of any depth is
+/// dropped without a walk. Grows in blocks; addresses stay valid until ReleaseAll or the end.
+class CNodeArena {
+ public:
+  CNodeArena() = default;
+  CNodeArena(const CNodeArena&) = delete;
+  CNodeArena& operator=(const CNodeArena&) = delete;
+  CNodeArena(CNodeArena&&) noexcept = default;
+  CNodeArena& operator=(CNodeArena&&) noexcept = default;
+  ~CNodeArena() = default;
+
+  /// A node in its starting state.
+  [[nodiscard]] CBspNode* Allocate();
+
+  /// Takes back one node; it may be handed out again.
+  void Release(CBspNode* node);
+
+  /// Takes back every node and keeps the storage.
+  void ReleaseAll();
+
+ private:
+  std::vector<std::unique_ptr<CBspNode[]>> blocks_;
+  std::size_t block_ = 0;  ///< the block that nodes are taken from
+  std::size_t used_ = 0;   ///< nodes taken from that block
+  CBspNode* free_ = nullptr;
+};
+
+}  // namespace zando

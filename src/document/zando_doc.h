@@ -1,0 +1,123 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "csg/bsp_tree.h"
+#include "document/brush_list.h"
+#include "document/command_ids.h"
+#include "entities/entity.h"
+#include "entities/group.h"
+#include "geometry/brush.h"
+#include "platform/document.h"
+#include "platform/frame_display.h"
+#include "primitives/create_box_dlg.h"
+
+namespace zando {
+
+using CEntList = std::vector<CEntity>;
+using CGroupList = std::vector<CBGroup>;
+
+/// The level: its brushes, entities and groups, the working brush that the primitives fill, the
+/// world built from the brushes, and the editing state that all its views share. Owns all of it.
+/// Every operation that changes what is drawn ends with a redraw of all views; those that change
+/// the level also mark it modified. Lookups that find nothing leave everything as it was.
+class CZANDODoc : public CDocument {
+ public:
+  std::int32_t ToolMode = ID_TOOL_CAMERA;
+  std::int32_t ShowBrush = 1;  ///< whether the current brush is drawn
+  std::int32_t SavedToolMode = ID_TOOL_MOVE_ROTATE_BRUSH;  ///< the brush tool to return to
+  std::int32_t UseGrid = 0;
+  std::int32_t ShowEntities = 1;
+  double GridSize = 64.0;    ///< map units
+  CZandoBrush WorkingBrush;  ///< never listed; additions append copies of it
+  CZandoBrush* CurrentBrush = &WorkingBrush;
+  CBrushList BrushList;
+  CGroupList Groups;
+  std::int32_t CurrentGroup = -1;
+  std::int32_t ShowFilter = ID_SHOW_ALL_BRUSHES;
+  std::int32_t LastDragWasRotate = 0;
+  std::int32_t ShowFineGrid = 1;
+  std::int32_t ShowCoarseGrid = 1;
+  std::int32_t UseRotationSnap = 1;
+  double RotationSnap = 341.3333333333333;  ///< rotation units: 15 degrees
+  CConstructiveBsp World;
+  CCreateBoxDlg BoxDialog;
+  std::int32_t NextBrushId = 0;
+  CEntList Entities;
+  std::int32_t CurrentEntity = -1;
+  std::int32_t BrushPicked = 0;  ///< 1 while CurrentBrush is a listed brush
+  std::int32_t GroupMovementMode = 0;
+  CFrameDisplay* Frame = nullptr;  ///< told of changed groups and grid, when there is one
+
+  CZANDODoc();
+
+  /// Appends a copy of the brush, with the next id, and returns its index in the list.
+  std::int32_t AddBrush(const CZandoBrush& brush);
+
+  /// Deletes the picked brush and returns to the working brush; nothing while that is current.
+  void DeleteCurrentBrush();
+
+  [[nodiscard]] std::int32_t BrushCount() const { return BrushList.BrushCount(); }
+  [[nodiscard]] CZandoBrush* FindBrushById(std::int32_t id) const;
+
+  /// Picks the shown brush with the smallest bounds under a point of a view, whose coordinate along
+  /// the view direction is 0.
+  void PickBrush(const Vector& point);
+
+  /// Makes the working brush, or a listed one, the current brush.
+  void SetCurrentBrush(CZandoBrush& brush);
+
+  /// Colours of brushes and entities from their groups, then the show filter.
+  void RefreshColors();
+  void ApplyShowFilter();
+
+  /// Whether any brush or entity is in the multi-selection.
+  [[nodiscard]] bool AnySelected() const;
+
+  /// Removes an entity; its brushes belong to none, those of later ones follow them down.
+  void DeleteEntity(std::int32_t index);
+  void ParseAllOrigins();
+
+  enum class GridStep { Up, Down };
+  /// Doubles the grid size, or halves it while it is at least 2.
+  void StepGrid(GridStep step);
+
+  /// The working brush joins the level as solid or carving, or a picked brush changes its operation
+  /// (the world is then left as it is) and is let go.
+  void AddToWorld() { CombineWithWorld(kAddToWorld); }
+  void SubtractFromWorld() { CombineWithWorld(kSubtractFromWorld); }
+
+  /// A group of its own for the selection, which becomes current. Nothing asks for its name here.
+  void CreateNewGroup();
+  void AddSelectedToGroup();
+  void RemoveSelectedFromGroup();
+
+  /// A light at the origin, in the current group, becomes the current entity.
+  void PlaceLight();
+
+  /// A copy of the current entity becomes current; nothing without one.
+  void CopyCurrentEntity();
+
+  /// Appends the entity, in the current group, and makes it current.
+  void AddEntity(CEntity entity);
+
+  /// Shows or hides entities and their brushes.
+  void ToggleShowEntities();
+
+  [[nodiscard]] bool IsGroup(std::int32_t index) const {
+    return index >= 0 && index < static_cast<std::int32_t>(Groups.size());
+  }
+  [[nodiscard]] bool IsEntity(std::int32_t index) const {
+    return index >= 0 && index < static_cast<std::int32_t>(Entities.size());
+  }
+
+ private:
+  void CombineWithWorld(std::int32_t operation);
+  void MoveSelectionToGroup(std::int32_t group, const Vector& pivot);
+  [[nodiscard]] bool PassesFilter(std::int32_t group) const;
+  [[nodiscard]] std::uint32_t GroupColor(std::int32_t group) const;
+  void Redraw() { UpdateAllViews(nullptr); }
+};
+
+}  // namespace zando

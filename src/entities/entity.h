@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "geometry/vector.h"
+
+namespace zando {
+
+/// Bits of CEntity::eFlags.
+inline constexpr std::int32_t EF_SELECTED = 1;
+inline constexpr std::int32_t EF_SHOWN = 2;
+
+/// Bits of an axis mask: a set bit allows edits along or about that axis.
+inline constexpr std::uint32_t kAxisX = 1;
+inline constexpr std::uint32_t kAxisY = 2;
+inline constexpr std::uint32_t kAxisZ = 4;
+
+/// One key and its value, both 8-bit text.
+struct EntityPair {
+  std::string key;
+  std::string value;
+
+  friend bool operator==(const EntityPair&, const EntityPair&) = default;
+};
+
+/// A game object placed in the level: an ordered list of key/value pairs, with the origin parsed
+/// from them. Keys compare without regard to case; the first match wins; pairs keep their order.
+class CEntity {
+ public:
+  std::int32_t eStyle = 0;  ///< 0: the origin was parsed; 1: there is no origin
+  std::int32_t eFlags = EF_SHOWN;
+  std::int32_t eGroup = -1;         ///< index of the group, -1 for none
+  std::uint32_t Color = 0xFFFFFF;   ///< 0x00BBGGRR, the group's colour
+  Vector eOrigin{0.0, 0.0, 0.0};    ///< committed origin; Y is vertical
+  Vector WorkOrigin{0.0, 0.0, 0.0};  ///< origin while dragged
+  std::vector<EntityPair> Pairs;
+
+  [[nodiscard]] bool IsShown() const { return (eFlags & EF_SHOWN) != 0; }
+  [[nodiscard]] bool IsSelected() const { return (eFlags & EF_SELECTED) != 0; }
+
+  void AddPair(std::string_view key, std::string_view value);
+
+  /// The value of the first pair with this key, or the empty string.
+  [[nodiscard]] const std::string& GetValue(std::string_view key) const;
+
+  /// Replaces the value of the first pair with this key; without one nothing happens.
+  void SetValue(std::string_view key, std::string_view value);
+
+  [[nodiscard]] const std::string& GetClassname() const { return GetValue("classname"); }
+
+  /// Reads the origin from its pair: three whole numbers x, y, z; those that are missing are 0. A
+  /// missing or empty value gives eStyle 1 and leaves the origin.
+  void ParseOrigin();
+
+  /// As ParseOrigin, with the numbers in the game's order x, z, y; rewrites the pair in ours.
+  void ParseOriginAndNormalise();
+
+  /// The distance in the plane of a view from a point whose coordinate along the view direction is
+  /// exactly 0; 100000 for an entity without an origin.
+  [[nodiscard]] double Distance2D(const Vector& point) const;
+
+  /// Whether the origin lies in a rectangle of a view, borders included; the coordinate along the
+  /// view direction is 0 in both corners.
+  [[nodiscard]] bool InRect(const Vector& low, const Vector& high) const;
+
+  /// Moves the working origin back by the displacement, along the axes of the mask, and truncates
+  /// it to whole numbers. Nothing happens without an origin.
+  void Move(const Vector& displacement, std::uint32_t axisMask);
+
+  /// Which axes a finished drag commits.
+  enum class Commit { AllAxes, DominantAxis };
+
+  /// Snaps the working origin to `step` along the axes of the mask, commits it and rewrites the
+  /// origin pair.
+  void EndMove(double step, std::uint32_t axisMask, Commit commit);
+};
+
+/// The three coordinates, truncated toward zero, separated by blanks.
+[[nodiscard]] std::string FormatWholeNumbers(double first, double second, double third);
+
+}  // namespace zando

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "document/zando_doc.h"
+
+namespace zando {
+
+/// What an export left out.
+struct MapExportReport {
+  std::int32_t brushes = 0;       ///< brushes written, in worldspawn and entities together
+  std::int32_t strayCells = 0;    ///< cells that reach beyond their brush, left out
+  std::int32_t thinCells = 0;     ///< cells with fewer than 4 visible polygons, left out
+  std::int32_t refusedSplits = 0;
+};
+
+/// The text of the level as a `.map` for the game's tools, lines ended by CR LF. Solid brushes are
+/// carved by the carving brushes that follow them and written as convex brushes of three-point
+/// planes; then the shown entities with their brushes. World polygons of the brushes are updated;
+/// the world tree is not read.
+[[nodiscard]] std::string WriteMap(CZANDODoc& document, std::string_view wadPath,
+                                   MapExportReport* report = nullptr);
+
+/// WriteMap into a file, replaced atomically. Returns the empty string, or one line that says what
+/// failed.
+[[nodiscard]] std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                                    std::string_view wadPath, MapExportReport* report = nullptr);
+
+}  // namespace zando
