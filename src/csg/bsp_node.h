@@ -16,13 +16,13 @@ struct CBspNode {
   CBspNode* chain = nullptr;  ///< next further polygon kept at this node
   CBspNode* link = nullptr;   ///< next node of a flat list, or next polygon of a leaf cell
 
-  std::int32_t nFresh = 1;  ///< made during the brush insertion under way
-  std::int32_t nValid = 1;  ///< 1 visible, 0 hidden
-  std::int32_t nLeaf = 0;   ///< leaf tree: heads a cell
-  std::int32_t nSide = 0;   ///< carving tree: 0 behind the face it was made from, 1 in front
-  std::int32_t nBid = -1;   ///< BBid of the brush that the polygon came from, -1 for none
-  std::int32_t nPolNum = 0;        ///< index of the face within that brush
-  CZandoBrush* pBrush = nullptr;   ///< that brush, or null after it was deleted; not owned
+  std::int32_t nFresh = 1;        ///< made during the brush insertion under way
+  std::int32_t nValid = 1;        ///< 1 visible, 0 hidden
+  std::int32_t nLeaf = 0;         ///< leaf tree: heads a cell
+  std::int32_t nSide = 0;         ///< carving tree: 0 behind the face it was made from, 1 in front
+  std::int32_t nBid = -1;         ///< BBid of the brush that the polygon came from, -1 for none
+  std::int32_t nPolNum = 0;       ///< index of the face within that brush
+  CZandoBrush* pBrush = nullptr;  ///< that brush, or null after it was deleted; not owned
 
   Plane plane{};
   CZandoPoly polygon;

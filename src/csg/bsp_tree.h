@@ -4,15 +4,8 @@
 
 #include "csg/bsp_node.h"
 #include "csg/node_arena.h"
-#include "platform/progress.h"
 
 namespace zando {
-
-/// What Partition leaves: the list members before and behind the splitter.
-struct Partitioned {
-  CNodeList front;
-  CNodeList back;
-};
 
 /// A binary space partitioning tree of polygons: the world of a level, the faces of one brush, or
 /// the carving of one brush for export. Owns its nodes, also those of lists that are still being
@@ -54,31 +47,9 @@ class CConstructiveBsp {
   /// Splits `polygon` as SplitPolygon does, and counts a refusal.
   [[nodiscard]] SplitResult Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
 
-  /// Takes over the nodes, root and refusals of another tree, which is left empty.
-  void Adopt(CConstructiveBsp& other);
-
  private:
   CNodeArena arena_;
 };
-
-/// The head of the list whose plane cuts the fewest visible polygons; the earliest of equals. Null
-/// for an empty list.
-[[nodiscard]] CBspNode* ChooseSplitter(const CNodeList& list);
-
-/// Like ChooseSplitter among the heads that have a polygon before them or cut one; null when there
-/// is none, that is when the list is convex.
-[[nodiscard]] CBspNode* ChooseLeafSplitter(const CNodeList& list);
-
-/// Sorts the members of the list, chains dissolved, to the sides of `splitter`, cutting those that
-/// span its plane. Coplanar polygons of the same facing go to the front. Steps `progress` once.
-[[nodiscard]] Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, CNodeList list,
-                                    CProgress* progress);
-
-/// As Partition, but coplanar polygons of the same facing join the splitter's chain.
-[[nodiscard]] Partitioned PartitionLeaf(CConstructiveBsp& tree, CBspNode* splitter, CNodeList list);
-
-/// Makes the list the tree's leaf tree: splitters above, convex cells below.
-void BuildLeafTree(CConstructiveBsp& tree, CNodeList list);
 
 /// Visits every node of the tree once: back subtree, front subtree, then the node. Chain members
 /// are left to the visitor, which may free the node it is given.

@@ -50,6 +50,10 @@ ClipCounts ClipSubtract(const CConstructiveBsp& brushTree, CConstructiveBsp& own
 void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree,
                       const CZandoBrush& clipper);
 
+/// Makes `tree` the full tree of the brush's own faces, in face order: a chain of back children
+/// when the brush is convex. World polygons must be current.
+void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush);
+
 /// Inserts all faces of one brush, by its TranT, and clips the older world by it. The new nodes
 /// name the brush as their owner, with this id.
 void InsertBrush(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id);

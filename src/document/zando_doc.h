@@ -25,7 +25,7 @@ using CGroupList = std::vector<CBGroup>;
 class CZANDODoc : public CDocument {
  public:
   std::int32_t ToolMode = ID_TOOL_CAMERA;
-  std::int32_t ShowBrush = 1;  ///< whether the current brush is drawn
+  std::int32_t ShowBrush = 1;                              ///< whether the current brush is drawn
   std::int32_t SavedToolMode = ID_TOOL_MOVE_ROTATE_BRUSH;  ///< the brush tool to return to
   std::int32_t UseGrid = 0;
   std::int32_t ShowEntities = 1;

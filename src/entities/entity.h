@@ -32,9 +32,9 @@ class CEntity {
  public:
   std::int32_t eStyle = 0;  ///< 0: the origin was parsed; 1: there is no origin
   std::int32_t eFlags = EF_SHOWN;
-  std::int32_t eGroup = -1;         ///< index of the group, -1 for none
-  std::uint32_t Color = 0xFFFFFF;   ///< 0x00BBGGRR, the group's colour
-  Vector eOrigin{0.0, 0.0, 0.0};    ///< committed origin; Y is vertical
+  std::int32_t eGroup = -1;          ///< index of the group, -1 for none
+  std::uint32_t Color = 0xFFFFFF;    ///< 0x00BBGGRR, the group's colour
+  Vector eOrigin{0.0, 0.0, 0.0};     ///< committed origin; Y is vertical
   Vector WorkOrigin{0.0, 0.0, 0.0};  ///< origin while dragged
   std::vector<EntityPair> Pairs;
 

@@ -11,9 +11,9 @@ namespace zando {
 
 /// What an export left out.
 struct MapExportReport {
-  std::int32_t brushes = 0;       ///< brushes written, in worldspawn and entities together
-  std::int32_t strayCells = 0;    ///< cells that reach beyond their brush, left out
-  std::int32_t thinCells = 0;     ///< cells with fewer than 4 visible polygons, left out
+  std::int32_t brushes = 0;     ///< brushes written, in worldspawn and entities together
+  std::int32_t strayCells = 0;  ///< cells that reach beyond their brush, left out
+  std::int32_t thinCells = 0;   ///< cells with fewer than 4 visible polygons, left out
   std::int32_t refusedSplits = 0;
 };
 

@@ -1,0 +1,166 @@
+#include <vector>
+
+#include "csg/clipper.h"
+#include "csg/csg_world.h"
+
+namespace zando {
+namespace {
+
+enum class Keep { Always, NextToFresh };
+
+/// Which side coplanar polygons take, and what becomes of a piece that reaches an empty half-space.
+struct InsertRules {
+  PolygonClass coplanarFront;
+  Keep keepFront;
+  Keep keepBack;
+};
+
+constexpr InsertRules kAdditive{PolygonClass::CoplanarSame, Keep::Always, Keep::NextToFresh};
+constexpr InsertRules kSubtractive{PolygonClass::CoplanarOpposite, Keep::NextToFresh, Keep::Always};
+
+/// A polygon on its way down the tree, next to be sorted at a node.
+struct Descent {
+  CBspNode* at;
+  CBspNode* piece;
+};
+
+class CInserter {
+ public:
+  CInserter(CConstructiveBsp& tree, const InsertRules& rules) : tree_(tree), rules_(rules) {}
+
+  void Insert(CBspNode* node) {
+    pending_.push_back({tree_.root, node});
+    while (!pending_.empty()) {
+      const Descent step = pending_.back();
+      pending_.pop_back();
+      Descend(step);
+    }
+  }
+
+ private:
+  void Descend(const Descent& step) {
+    PolygonClass side = ClassifyPolygon(step.at->plane, step.piece->polygon);
+    if (side == PolygonClass::Spanning) {
+      CZandoPoly back;
+      if (tree_.Split(step.at->plane, step.piece->polygon, back) == SplitResult::Done) {
+        CBspNode* backPiece = tree_.NewNode();
+        backPiece->TakePolygon(back);
+        backPiece->TakeOwner(*step.piece);
+        GoBack({step.at, backPiece});
+        GoFront(step);
+        return;
+      }
+      side = SideOfMean(step.at->plane, step.piece->polygon);
+    }
+    if (side == PolygonClass::Front || side == rules_.coplanarFront) {
+      GoFront(step);
+    } else {
+      GoBack(step);
+    }
+  }
+
+  void GoFront(const Descent& step) { Go(step, step.at->front, rules_.keepFront); }
+  void GoBack(const Descent& step) { Go(step, step.at->back, rules_.keepBack); }
+
+  void Go(const Descent& step, CBspNode*& child, Keep keep) {
+    if (child != nullptr) {
+      pending_.push_back({child, step.piece});
+    } else if (keep == Keep::Always || step.at->nFresh != 0) {
+      child = step.piece;
+    } else {
+      tree_.FreeNode(step.piece);
+    }
+  }
+
+  CConstructiveBsp& tree_;
+  InsertRules rules_;
+  std::vector<Descent> pending_;
+};
+
+/// What the faces of a brush that is being inserted do with older polygons in their planes.
+CoplanarRule OlderFaceRule(const CZandoBrush& clipper) {
+  if (clipper.TranT == kAddToWorld) return {Coplanar::Outside, Coplanar::Inside};
+  return {Coplanar::Inside, Coplanar::Inside};
+}
+
+void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
+  const bool solid = brush.TranT == kAddToWorld;
+  for (std::int32_t k = 0; k < brush.PolyCount(); ++k) {
+    const CZandoPoly& face = brush.WorldPolys[static_cast<std::size_t>(k)];
+    CBspNode* node = world.NewNode();
+    node->TakePolygon(solid ? face : ReverseCopy(face).polygon);
+    node->nBid = id;
+    node->nPolNum = k;
+    node->pBrush = &brush;
+    if (solid) {
+      InsertAdd(world, node);
+    } else {
+      InsertSubtract(world, node);
+    }
+  }
+}
+
+}  // namespace
+
+void InsertAdd(CConstructiveBsp& tree, CBspNode* node) {
+  ++tree.inserted;
+  if (tree.root == nullptr) {
+    tree.root = node;
+    return;
+  }
+  CInserter(tree, kAdditive).Insert(node);
+}
+
+void InsertSubtract(CConstructiveBsp& tree, CBspNode* node) {
+  if (tree.root == nullptr) {
+    tree.FreeNode(node);
+    return;
+  }
+  ++tree.inserted;
+  CInserter(tree, kSubtractive).Insert(node);
+}
+
+void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree,
+                      const CZandoBrush& clipper) {
+  const CoplanarRule rule = OlderFaceRule(clipper);
+  CClipper clip(world);
+  std::vector<CBspNode*> pending;
+  const auto push = [&pending](CBspNode* node) {
+    // Everything below a fresh node is fresh.
+    if (node != nullptr && node->nFresh == 0) pending.push_back(node);
+  };
+  push(world.root);
+  while (!pending.empty()) {
+    CBspNode* node = pending.back();
+    pending.pop_back();
+    push(node->front);
+    push(node->back);
+    // Pieces that join the chain meanwhile have been clipped already.
+    CBspNode* member = node;
+    for (std::int32_t left = ChainLength(node); left > 0; --left, member = member->chain) {
+      if (member->nValid != 0) clip.ClipAdd(brushTree, member, rule);
+    }
+  }
+}
+
+void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
+  tree.Clear();
+  for (const CZandoPoly& face : brush.WorldPolys) {
+    CBspNode* node = tree.NewNode();
+    node->TakePolygon(face);
+    InsertAdd(tree, node);
+  }
+}
+
+void InsertBrush(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
+  brush.UpdateWorld();
+  world.ClearFresh();
+  if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
+  InsertFaces(world, brush, id);
+  CConstructiveBsp brushTree;
+  BuildBrushTree(brushTree, brush);
+  ClipWorldByBrush(world, brushTree, brush);
+  world.refused += brushTree.refused;
+}
+
+}  // namespace zando

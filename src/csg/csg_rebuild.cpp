@@ -1,0 +1,224 @@
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "csg/clipper.h"
+#include "csg/csg_world.h"
+#include "csg/node_tree_builder.h"
+
+namespace zando {
+namespace {
+
+/// One brush of the shown-brush walk with what the rebuild knows of it.
+struct Participant {
+  CZandoBrush* brush;
+  bool takesPart;                       ///< shown, and no water brush that is left out
+  std::vector<std::size_t> neighbours;  ///< others that take part and overlap, in list order
+};
+
+std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
+  std::vector<CZandoBrush*> brushes;
+  if (head == nullptr) return brushes;
+  for (CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
+       brush = brush->NextShown()) {
+    brushes.push_back(brush);
+  }
+  return brushes;
+}
+
+bool Builds(const CZandoBrush& brush, WaterBrushes water) {
+  return water == WaterBrushes::Build || !brush.IsWater();
+}
+
+bool IsCarving(const CZandoBrush& brush) { return brush.TranT != kAddToWorld; }
+
+/// Lists for each participant the others whose bounds overlap its own: a sweep along x.
+void FindNeighbours(std::vector<Participant>& participants) {
+  std::vector<std::size_t> byLow;
+  for (std::size_t i = 0; i < participants.size(); ++i) {
+    if (participants[i].takesPart) byLow.push_back(i);
+  }
+  std::sort(byLow.begin(), byLow.end(), [&](std::size_t a, std::size_t b) {
+    const double lowA = participants[a].brush->BoundsMin.x;
+    const double lowB = participants[b].brush->BoundsMin.x;
+    return lowA != lowB ? lowA < lowB : a < b;
+  });
+  for (std::size_t s = 0; s < byLow.size(); ++s) {
+    Participant& first = participants[byLow[s]];
+    for (std::size_t t = s + 1; t < byLow.size(); ++t) {
+      Participant& second = participants[byLow[t]];
+      if (second.brush->BoundsMin.x > first.brush->BoundsMax.x) break;
+      if (!BoundsOverlap(*first.brush, *second.brush)) continue;
+      first.neighbours.push_back(byLow[t]);
+      second.neighbours.push_back(byLow[s]);
+    }
+  }
+  for (Participant& participant : participants) {
+    std::sort(participant.neighbours.begin(), participant.neighbours.end());
+  }
+}
+
+/// Clips the faces of all brushes against each other and keeps what can be seen.
+class COptimalRebuild {
+ public:
+  COptimalRebuild(CConstructiveBsp& tree, std::vector<Participant> participants,
+                  CProgress* progress)
+      : tree_(tree), participants_(std::move(participants)), progress_(progress), clipper_(tree) {}
+
+  CNodeList Run() {
+    for (std::size_t i = 0; i < participants_.size(); ++i) {
+      Step();
+      const Participant& own = participants_[i];
+      if (own.takesPart && own.brush->TranT == kAddToWorld) ClipSolidFaces(i);
+    }
+    for (std::size_t i = 0; i < participants_.size(); ++i) {
+      Step();
+      const Participant& own = participants_[i];
+      if (own.takesPart && own.brush->TranT == kSubtractFromWorld) ClipCarvingFaces(i);
+    }
+    tree_.refused += brushTree_.refused;
+    return PruneHidden(tree_, result_);
+  }
+
+ private:
+  void Step() {
+    if (progress_ != nullptr) progress_->StepIt();
+  }
+
+  CBspNode* NewFace(CZandoBrush& brush, std::size_t face, const CZandoPoly& polygon) {
+    CBspNode* node = tree_.NewNode();
+    node->TakePolygon(polygon);
+    node->nBid = brush.BBid;
+    node->nPolNum = static_cast<std::int32_t>(face);
+    node->pBrush = &brush;
+    result_.Append(node);
+    return node;
+  }
+
+  /// Runs `clip` on the members that the node's chain has now, not on those that it adds.
+  template <typename Clip>
+  static void ForChain(CBspNode* node, Clip&& clip) {
+    CBspNode* member = node;
+    for (std::int32_t left = ChainLength(node); left > 0; --left, member = member->chain) {
+      clip(member);
+    }
+  }
+
+  void ClipSolidFaces(std::size_t i) {
+    CZandoBrush& own = *participants_[i].brush;
+    for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
+      CBspNode* node = NewFace(own, face, own.WorldPolys[face]);
+      for (const std::size_t j : participants_[i].neighbours) {
+        const CZandoBrush& other = *participants_[j].brush;
+        ForChain(node, [&](CBspNode* member) { ClipSolidFace(member, other, i > j); });
+      }
+    }
+  }
+
+  void ClipSolidFace(CBspNode* member, const CZandoBrush& other, bool otherIsEarlier) {
+    if (IsCarving(other) && otherIsEarlier) {
+      BuildCountedClipTree(other, member->plane);
+      clipper_.ClipSubtract(brushTree_, member, {Coplanar::Outside, Coplanar::Inside});
+      return;
+    }
+    if (member->nValid == 0) return;
+    BuildCountedClipTree(other, member->plane);
+    const CoplanarRule rule = IsCarving(other) ? CoplanarRule{Coplanar::Inside, Coplanar::Inside}
+                                               : CoplanarRule{Coplanar::Outside, Coplanar::Inside};
+    clipper_.ClipAdd(brushTree_, member, rule);
+  }
+
+  void BuildCountedClipTree(const CZandoBrush& brush, const Plane& plane) {
+    tree_.refused += brushTree_.refused;
+    BuildClipTree(brushTree_, brush, plane);
+  }
+
+  void ClipCarvingFaces(std::size_t i) {
+    CZandoBrush& own = *participants_[i].brush;
+    std::vector<CBspNode*> faces;
+    for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
+      faces.push_back(NewFace(own, face, ReverseCopy(own.WorldPolys[face]).polygon));
+      faces.back()->nValid = 0;
+    }
+    // Faces do not meet each other here, so each neighbour's tree serves all of them.
+    for (const std::size_t j : participants_[i].neighbours) {
+      const CZandoBrush& other = *participants_[j].brush;
+      tree_.refused += brushTree_.refused;
+      BuildBrushTree(brushTree_, other);
+      for (CBspNode* face : faces) {
+        ForChain(face, [&](CBspNode* member) { ClipCarvingFace(member, other, i > j); });
+      }
+    }
+  }
+
+  void ClipCarvingFace(CBspNode* member, const CZandoBrush& other, bool otherIsEarlier) {
+    if (IsCarving(other)) {
+      const Coplanar opposite = otherIsEarlier ? Coplanar::Outside : Coplanar::Inside;
+      if (member->nValid != 0) clipper_.ClipAdd(brushTree_, member, {Coplanar::Inside, opposite});
+    } else if (otherIsEarlier) {
+      if (member->nValid != 0) return;
+      clipper_.ClipSubtract(brushTree_, member, {Coplanar::Inside, Coplanar::Outside});
+    } else if (member->nValid != 0) {
+      clipper_.ClipAdd(brushTree_, member, {Coplanar::Outside, Coplanar::Inside});
+    }
+  }
+
+  CConstructiveBsp& tree_;
+  std::vector<Participant> participants_;
+  CProgress* progress_;
+  CClipper clipper_;
+  CConstructiveBsp brushTree_;  ///< of the brush that clips at the moment
+  CNodeList result_;
+};
+
+}  // namespace
+
+CNodeList PruneHidden(CConstructiveBsp& tree, CNodeList list) {
+  CNodeList visible;
+  CBspNode* next = nullptr;
+  for (CBspNode* head = list.head; head != nullptr; head = next) {
+    next = head->link;
+    CBspNode* kept = nullptr;
+    CBspNode* last = nullptr;
+    CBspNode* following = nullptr;
+    for (CBspNode* member = head; member != nullptr; member = following) {
+      following = member->chain;
+      member->chain = nullptr;
+      if (member->nValid == 0) {
+        tree.FreeNode(member);
+        continue;
+      }
+      if (kept == nullptr) {
+        kept = member;
+      } else {
+        last->chain = member;
+      }
+      last = member;
+    }
+    if (kept != nullptr) visible.Append(kept);
+  }
+  return visible;
+}
+
+void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
+  world.Clear();
+  for (CZandoBrush* brush : ShownBrushes(world.brushList)) {
+    if (progress != nullptr) progress->StepIt();
+    if (Builds(*brush, water)) InsertBrush(world, *brush, brush->BBid);
+  }
+}
+
+void RebuildOptimal(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
+  std::vector<Participant> participants;
+  for (CZandoBrush* brush : ShownBrushes(world.brushList)) {
+    brush->UpdateWorld();
+    participants.push_back({brush, Builds(*brush, water), {}});
+  }
+  FindNeighbours(participants);
+  world.Clear();
+  const CNodeList visible = COptimalRebuild(world, std::move(participants), progress).Run();
+  BuildNodeTree(world, visible, progress);
+}
+
+}  // namespace zando

@@ -1,0 +1,150 @@
+#include "csg/splitter.h"
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+namespace zando {
+namespace {
+
+/// How the visible polygons of a list lie to a candidate's plane.
+struct CandidateCount {
+  std::int32_t front = 0;
+  std::int32_t spans = 0;
+};
+
+/// Counts until the candidate cuts `spanLimit` polygons: from there on it cannot win.
+CandidateCount CountCandidate(const CBspNode* candidate, const CNodeList& list,
+                              std::int32_t spanLimit) {
+  CandidateCount count;
+  for (const CBspNode* head = list.head; head != nullptr; head = head->link) {
+    if (head == candidate) continue;
+    for (const CBspNode* member = head; member != nullptr; member = member->chain) {
+      if (member->nValid == 0) continue;
+      switch (ClassifyPolygon(candidate->plane, member->polygon)) {
+        case PolygonClass::Front:
+        case PolygonClass::CoplanarSame:
+          ++count.front;
+          break;
+        case PolygonClass::Spanning:
+          if (++count.spans >= spanLimit) return count;
+          break;
+        case PolygonClass::Back:
+        case PolygonClass::CoplanarOpposite:
+          break;
+      }
+    }
+  }
+  return count;
+}
+
+enum class SameFacing { ToFront, ToChain };
+
+/// Where one member goes. A member that spans the plane, and may be cut, goes to both sides.
+void SortMember(CConstructiveBsp& tree, CBspNode* splitter, CBspNode* member, SameFacing sameFacing,
+                Partitioned& sides) {
+  PolygonClass side = ClassifyPolygon(splitter->plane, member->polygon);
+  if (side == PolygonClass::Spanning) {
+    CZandoPoly backPiece;
+    if (tree.Split(splitter->plane, member->polygon, backPiece) == SplitResult::Done) {
+      CBspNode* backNode = tree.NewNode();
+      backNode->TakePolygon(backPiece);
+      backNode->TakeOwner(*member);
+      sides.back.Append(backNode);
+      side = PolygonClass::Front;
+    } else {
+      side = SideOfMean(splitter->plane, member->polygon);
+    }
+  }
+  const bool front = side == PolygonClass::Front || side == PolygonClass::CoplanarSame;
+  if (side == PolygonClass::CoplanarSame && sameFacing == SameFacing::ToChain) {
+    member->link = nullptr;
+    ChainEnd(splitter)->chain = member;
+    return;
+  }
+  (front ? sides.front : sides.back).Append(member);
+}
+
+Partitioned PartitionList(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list,
+                          SameFacing sameFacing) {
+  // The splitter's own chain is dissolved like any other; members may come back to it.
+  std::vector<CBspNode*> members;
+  for (CBspNode* head = list.head; head != nullptr; head = head->link) {
+    for (CBspNode* member = head; member != nullptr; member = member->chain) {
+      if (member != splitter) members.push_back(member);
+    }
+  }
+  for (CBspNode* member : members) member->chain = nullptr;
+  splitter->chain = nullptr;
+  splitter->link = nullptr;
+
+  Partitioned sides;
+  for (CBspNode* member : members) SortMember(tree, splitter, member, sameFacing, sides);
+  return sides;
+}
+
+/// A list that still has to become a child of a splitter.
+struct PendingCell {
+  CBspNode** child;
+  CNodeList list;
+};
+
+}  // namespace
+
+CBspNode* ChooseSplitter(const CNodeList& list) {
+  CBspNode* best = nullptr;
+  std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
+  for (CBspNode* candidate = list.head; candidate != nullptr; candidate = candidate->link) {
+    const CandidateCount count = CountCandidate(candidate, list, fewest);
+    if (count.spans >= fewest) continue;
+    best = candidate;
+    fewest = count.spans;
+    if (fewest == 0) break;
+  }
+  return best;
+}
+
+CBspNode* ChooseLeafSplitter(const CNodeList& list) {
+  CBspNode* best = nullptr;
+  std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
+  for (CBspNode* candidate = list.head; candidate != nullptr; candidate = candidate->link) {
+    const CandidateCount count = CountCandidate(candidate, list, fewest);
+    if (count.front == 0 && count.spans == 0) continue;
+    if (count.spans >= fewest) continue;
+    best = candidate;
+    fewest = count.spans;
+    if (fewest == 0) break;
+  }
+  return best;
+}
+
+Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list,
+                      CProgress* progress) {
+  if (progress != nullptr) progress->StepIt();
+  return PartitionList(tree, splitter, list, SameFacing::ToFront);
+}
+
+Partitioned PartitionLeaf(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list) {
+  return PartitionList(tree, splitter, list, SameFacing::ToChain);
+}
+
+void BuildLeafTree(CConstructiveBsp& tree, const CNodeList& list) {
+  std::vector<PendingCell> pending;
+  if (!list.IsEmpty()) pending.push_back({&tree.root, list});
+  while (!pending.empty()) {
+    const PendingCell cell = pending.back();
+    pending.pop_back();
+    CBspNode* splitter = ChooseLeafSplitter(cell.list);
+    if (splitter == nullptr) {
+      *cell.child = cell.list.head;
+      cell.list.head->nLeaf = 1;
+      continue;
+    }
+    *cell.child = splitter;
+    const Partitioned sides = PartitionLeaf(tree, splitter, cell.list);
+    if (!sides.back.IsEmpty()) pending.push_back({&splitter->back, sides.back});
+    if (!sides.front.IsEmpty()) pending.push_back({&splitter->front, sides.front});
+  }
+}
+
+}  // namespace zando
