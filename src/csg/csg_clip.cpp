@@ -3,6 +3,7 @@
 
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
+#include "csg/splitter.h"
 
 namespace zando {
 namespace {
@@ -77,10 +78,8 @@ void HangFace(CConstructiveBsp& tree, CBspNode* node) {
     pending.pop_back();
     PolygonClass side = ClassifyPolygon(step.at->plane, step.piece->polygon);
     if (side == PolygonClass::Spanning) {
-      CZandoPoly back;
-      if (tree.Split(step.at->plane, step.piece->polygon, back) == SplitResult::Done) {
-        CBspNode* backPiece = tree.NewNode();
-        backPiece->TakePolygon(back);
+      CBspNode* backPiece = CutOffBack(tree, step.at->plane, step.piece);
+      if (backPiece != nullptr) {
         go(step.at->back, backPiece);
         go(step.at->front, step.piece);
         continue;

@@ -2,6 +2,7 @@
 
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
+#include "csg/splitter.h"
 
 namespace zando {
 namespace {
@@ -41,11 +42,8 @@ class CInserter {
   void Descend(const Descent& step) {
     PolygonClass side = ClassifyPolygon(step.at->plane, step.piece->polygon);
     if (side == PolygonClass::Spanning) {
-      CZandoPoly back;
-      if (tree_.Split(step.at->plane, step.piece->polygon, back) == SplitResult::Done) {
-        CBspNode* backPiece = tree_.NewNode();
-        backPiece->TakePolygon(back);
-        backPiece->TakeOwner(*step.piece);
+      CBspNode* backPiece = CutOffBack(tree_, step.at->plane, step.piece);
+      if (backPiece != nullptr) {
         GoBack({step.at, backPiece});
         GoFront(step);
         return;

@@ -45,12 +45,8 @@ void SortMember(CConstructiveBsp& tree, CBspNode* splitter, CBspNode* member, Sa
                 Partitioned& sides) {
   PolygonClass side = ClassifyPolygon(splitter->plane, member->polygon);
   if (side == PolygonClass::Spanning) {
-    CZandoPoly backPiece;
-    if (tree.Split(splitter->plane, member->polygon, backPiece) == SplitResult::Done) {
-      CBspNode* backNode = tree.NewNode();
-      backNode->TakePolygon(backPiece);
-      backNode->TakeOwner(*member);
-      sides.back.Append(backNode);
+    if (CBspNode* backPiece = CutOffBack(tree, splitter->plane, member); backPiece != nullptr) {
+      sides.back.Append(backPiece);
       side = PolygonClass::Front;
     } else {
       side = SideOfMean(splitter->plane, member->polygon);
@@ -90,6 +86,15 @@ struct PendingCell {
 };
 
 }  // namespace
+
+CBspNode* CutOffBack(CConstructiveBsp& tree, const Plane& plane, CBspNode* node) {
+  CZandoPoly back;
+  if (tree.Split(plane, node->polygon, back) == SplitResult::Refused) return nullptr;
+  CBspNode* backPiece = tree.NewNode();
+  backPiece->TakePolygon(back);
+  backPiece->TakeOwner(*node);
+  return backPiece;
+}
 
 CBspNode* ChooseSplitter(const CNodeList& list) {
   CBspNode* best = nullptr;

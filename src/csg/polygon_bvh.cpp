@@ -1,0 +1,179 @@
+#include "csg/polygon_bvh.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+namespace zando {
+namespace {
+
+constexpr std::uint32_t kLeafSize = 4;
+
+/// Rounding of a distance, relative to the coordinates that enter it; a generous bound.
+constexpr double kRelativeSlack = 1e-14;
+constexpr double kLeastSlack = 1e-9;
+
+double Coordinate(const Vector& vector, int axis) {
+  if (axis == 0) return vector.x;
+  return axis == 1 ? vector.y : vector.z;
+}
+
+bool IsFinite(const Vector& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Extremes {
+  Vector low{kInfinity, kInfinity, kInfinity};
+  Vector high{-kInfinity, -kInfinity, -kInfinity};
+
+  void Include(const Vector& a, const Vector& b) {
+    low = {std::min(low.x, a.x), std::min(low.y, a.y), std::min(low.z, a.z)};
+    high = {std::max(high.x, b.x), std::max(high.y, b.y), std::max(high.z, b.z)};
+  }
+};
+
+/// The extremes of the polygon; without bounds when a vertex has none or there are no vertices.
+Extremes PolygonExtremes(const CZandoPoly& polygon) {
+  constexpr Extremes kUnbounded{{-kInfinity, -kInfinity, -kInfinity},
+                                {kInfinity, kInfinity, kInfinity}};
+  if (polygon.count == 0) return kUnbounded;
+  Extremes extremes;
+  for (const Vector& vertex : polygon.Vertices()) {
+    if (!IsFinite(vertex)) return kUnbounded;
+    extremes.Include(vertex, vertex);
+  }
+  return extremes;
+}
+
+}  // namespace
+
+CPolygonBvh::CPolygonBvh(std::vector<CBspNode*> polygons) : polygons_(std::move(polygons)) {
+  std::vector<Box> leaves(polygons_.size());
+  for (std::size_t slot = 0; slot < polygons_.size(); ++slot) {
+    const Extremes extremes = PolygonExtremes(polygons_[slot]->polygon);
+    leaves[slot] = BoxAround(extremes.low, extremes.high);
+    reach_ = std::max({reach_, std::fabs(extremes.low.x), std::fabs(extremes.low.y),
+                       std::fabs(extremes.low.z), std::fabs(extremes.high.x),
+                       std::fabs(extremes.high.y), std::fabs(extremes.high.z)});
+  }
+  Build(leaves);
+}
+
+double CPolygonBvh::Slack(const Plane& plane) const {
+  return kLeastSlack + kRelativeSlack * (reach_ + std::fabs(plane.d));
+}
+
+CPolygonBvh::Box CPolygonBvh::BoxAround(const Vector& low, const Vector& high) {
+  Box box;
+  box.centre = (low + high) * 0.5;
+  box.extent = (high - low) * 0.5;
+  // An unbounded box keeps a centre that can be compared.
+  if (!IsFinite(box.centre)) box.centre = {0.0, 0.0, 0.0};
+  if (!IsFinite(box.extent)) box.extent = {kInfinity, kInfinity, kInfinity};
+  return box;
+}
+
+void CPolygonBvh::FitBox(Box& box, const std::vector<Box>& leaves) const {
+  Extremes extremes;
+  for (std::uint32_t i = box.begin; i < box.end; ++i) {
+    const Box& leaf = leaves[order_[i]];
+    extremes.Include(leaf.centre - leaf.extent, leaf.centre + leaf.extent);
+  }
+  const Box around = BoxAround(extremes.low, extremes.high);
+  box.centre = around.centre;
+  box.extent = around.extent;
+}
+
+void CPolygonBvh::Build(const std::vector<Box>& leaves) {
+  order_.resize(leaves.size());
+  std::iota(order_.begin(), order_.end(), 0U);
+  leafOf_.resize(leaves.size());
+  if (leaves.empty()) return;
+  boxes_.reserve(leaves.size());
+  Box root;
+  root.end = static_cast<std::uint32_t>(leaves.size());
+  boxes_.push_back(root);
+  // Children are appended behind their parents, so one pass in order reaches every box.
+  for (std::uint32_t index = 0; index < boxes_.size(); ++index) {
+    Box box = boxes_[index];
+    FitBox(box, leaves);
+    box.live = box.end - box.begin;
+    if (box.live > kLeafSize) {
+      const Vector& e = box.extent;
+      const int axis = e.x >= e.y && e.x >= e.z ? 0 : (e.y >= e.z ? 1 : 2);
+      const std::uint32_t middle = box.begin + (box.end - box.begin) / 2;
+      std::nth_element(order_.begin() + box.begin, order_.begin() + middle,
+                       order_.begin() + box.end, [&](Slot a, Slot b) {
+                         const double ca = Coordinate(leaves[a].centre, axis);
+                         const double cb = Coordinate(leaves[b].centre, axis);
+                         return ca < cb || (!(cb < ca) && a < b);
+                       });
+      box.left = static_cast<std::uint32_t>(boxes_.size());
+      Box child;
+      child.parent = index;
+      child.begin = box.begin;
+      child.end = middle;
+      boxes_.push_back(child);
+      child.begin = middle;
+      child.end = box.end;
+      boxes_.push_back(child);
+    } else {
+      for (std::uint32_t i = box.begin; i < box.end; ++i) leafOf_[order_[i]] = index;
+    }
+    boxes_[index] = box;
+  }
+}
+
+void CPolygonBvh::Remove(Slot slot) {
+  polygons_[slot] = nullptr;
+  for (std::uint32_t box = leafOf_[slot]; box != kNone; box = boxes_[box].parent) {
+    --boxes_[box].live;
+  }
+}
+
+CPolygonBvh::Range CPolygonBvh::DistanceRange(const Plane& plane, const Box& box) {
+  const double centre = SignedDistance(plane, box.centre);
+  const double reach = std::fabs(plane.normal.x) * box.extent.x +
+                       std::fabs(plane.normal.y) * box.extent.y +
+                       std::fabs(plane.normal.z) * box.extent.z;
+  return {centre - reach, centre + reach};
+}
+
+void CPolygonBvh::SortSides(const Plane& plane, Sides& sides) const {
+  const double slack = Slack(plane);
+  std::vector<std::uint32_t> pending;
+  if (!boxes_.empty()) pending.push_back(0);
+  while (!pending.empty()) {
+    const std::uint32_t index = pending.back();
+    const Box& box = boxes_[index];
+    pending.pop_back();
+    if (box.live == 0) continue;
+    const Range range = DistanceRange(plane, box);
+    if (range.low - slack > PLANE_EPSILON) {
+      sides.frontBoxes.push_back(index);
+      sides.frontCount += box.live;
+    } else if (range.high + slack < -PLANE_EPSILON) {
+      sides.backBoxes.push_back(index);
+      sides.backCount += box.live;
+    } else if (box.left != kNone) {
+      pending.push_back(box.left + 1);
+      pending.push_back(box.left);
+    } else {
+      for (std::uint32_t i = box.begin; i < box.end; ++i) {
+        if (IsLive(order_[i])) sides.unclear.push_back(order_[i]);
+      }
+    }
+  }
+}
+
+void CPolygonBvh::Collect(std::uint32_t box, std::vector<Slot>& slots) const {
+  for (std::uint32_t i = boxes_[box].begin; i < boxes_[box].end; ++i) {
+    if (IsLive(order_[i])) slots.push_back(order_[i]);
+  }
+}
+
+}  // namespace zando
