@@ -1,0 +1,201 @@
+#include "geometry/polygon.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "geometry/geometry_testing.h"
+
+namespace zando {
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr Plane kPlaneX{{1, 0, 0}, 0};
+constexpr Plane kPlaneZ{{0, 0, 1}, 0};
+
+CZandoPoly Square() { return MakePolygon({{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}); }
+
+/// A regular polygon in the plane spanned by two directions.
+CZandoPoly Disc(std::int32_t count, const Vector& centre, const Vector& u, const Vector& v) {
+  CZandoPoly disc;
+  for (std::int32_t i = 0; i < count; ++i) {
+    const double angle = 2 * 3.141592653589793 * i / count;
+    disc.Append(centre + u * std::cos(angle) + v * std::sin(angle));
+  }
+  return disc;
+}
+
+/// Twice the area, as a vector along the normal.
+Vector DoubleArea(const CZandoPoly& polygon) {
+  Vector sum{0, 0, 0};
+  for (std::int32_t i = 1; i + 1 < polygon.count; ++i) {
+    sum = sum + Cross(polygon[i] - polygon[0], polygon[i + 1] - polygon[0]);
+  }
+  return sum;
+}
+
+TEST(PolygonTest, PointsWithinTheToleranceAreOnThePlane) {
+  const std::pair<double, PointClass> cases[] = {
+      {0.001, PointClass::On},     {0.0011, PointClass::Front}, {-0.001, PointClass::On},
+      {-0.0011, PointClass::Back}, {1e300, PointClass::Front},  {kNaN, PointClass::On}};
+  for (const auto& [x, side] : cases) EXPECT_EQ(ClassifyPoint(kPlaneX, {x, 9, 9}), side) << x;
+}
+
+TEST(PolygonTest, PolygonsAreClassifiedByAllTheirVertices) {
+  const CZandoPoly line = MakePolygon({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}});
+  const CZandoPoly thin = MakePolygon({{0, 0, 0}, {1, 0, 0}, {1, 0, 0.0009}, {0, 0, 0.0009}});
+  const struct {
+    const char* what;
+    Plane plane;
+    CZandoPoly polygon;
+    PolygonClass expected;
+  } cases[] = {
+      {"front", {{1, 0, 0}, 2}, Square(), PolygonClass::Front},
+      {"front, an edge on", {{1, 0, 0}, 1}, Square(), PolygonClass::Front},
+      {"back, an edge on", {{1, 0, 0}, -1}, Square(), PolygonClass::Back},
+      {"both sides", kPlaneX, Square(), PolygonClass::Spanning},
+      {"on by tolerance", {{0, 0, 1}, 0.001}, Square(), PolygonClass::CoplanarSame},
+      {"reversed", kPlaneZ, ReverseCopy(Square()).polygon, PolygonClass::CoplanarOpposite},
+      {"without a normal", kPlaneZ, line, PolygonClass::CoplanarOpposite},
+      {"upright in the tolerance", kPlaneZ, thin, PolygonClass::CoplanarOpposite},
+      {"no vertices", kPlaneX, CZandoPoly(), PolygonClass::Spanning},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ClassifyPolygon(c.plane, c.polygon), c.expected) << c.what;
+}
+
+TEST(PolygonTest, ThePlaneComesFromTheFirstRealCornerAndVertexZero) {
+  const CZandoPoly startsOnALine =
+      MakePolygon({{1, 0, 3}, {2, 0, 3}, {3, 0, 3}, {3, 4, 3}, {0, 4, 3}, {0, 0, 3}});
+  EXPECT_EQ(ComputePlane(startsOnALine).normal, (Vector{0, 0, 1}));
+  EXPECT_EQ(ComputePlane(startsOnALine).d, -3);
+
+  // Vertices 0 and 1 are collinear corners within the tolerance, so vertex 2 gives the normal.
+  const CZandoPoly bent = MakePolygon({{1, 0, 0.001}, {2, 0, 0}, {4, 0, 0}, {4, 2, 0}, {0, 0, 0}});
+  const Plane plane = ComputePlane(bent);
+  EXPECT_LT(Length(plane.normal - Vector{0, 0, 1}), 1e-9);
+  EXPECT_NEAR(plane.d, -0.001, 1e-9);
+}
+
+TEST(PolygonTest, SplitPiecesKeepTheWindingAndTheStart) {
+  const struct {
+    const char* what;
+    Plane plane;
+    CZandoPoly polygon;
+    CZandoPoly front;
+    CZandoPoly back;
+  } cases[] = {
+      {"square", kPlaneX, Square(), MakePolygon({{0, -1, 0}, {1, -1, 0}, {1, 1, 0}, {0, 1, 0}}),
+       MakePolygon({{-1, -1, 0}, {0, -1, 0}, {0, 1, 0}, {-1, 1, 0}})},
+      {"closing edge", kPlaneX, MakePolygon({{1, 0, 0}, {-1, 2, 0}, {-1, -2, 0}}),
+       MakePolygon({{1, 0, 0}, {0, 1, 0}, {0, -1, 0}}),
+       MakePolygon({{0, 1, 0}, {-1, 2, 0}, {-1, -2, 0}, {0, -1, 0}})},
+      {"through two vertices", kPlaneX, MakePolygon({{0, -1, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}}),
+       MakePolygon({{0, -1, 0}, {1, 0, 0}, {0, 1, 0}}),
+       MakePolygon({{0, -1, 0}, {0, 1, 0}, {-1, 0, 0}})},
+      {"all in front", {{1, 0, 0}, 1}, Square(), Square(), MakePolygon({{-1, -1, 0}, {-1, 1, 0}})},
+      {"all behind", {{1, 0, 0}, -2}, Square(), CZandoPoly(), Square()},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    CZandoPoly front = c.polygon;
+    front.tag = 7;
+    CZandoPoly back = Disc(9, {5, 5, 5}, {1, 0, 0}, {0, 1, 0});
+    back.tag = 9;
+    ASSERT_EQ(SplitPolygon(c.plane, front, back), SplitResult::Done);
+    EXPECT_TRUE(SameVertices(front, c.front));
+    EXPECT_TRUE(SameVertices(back, c.back));
+    EXPECT_EQ(front.tag, 7U);
+    EXPECT_EQ(back.tag, 9U);
+  }
+}
+
+TEST(PolygonTest, ASplitThatWouldNeedThirtyThreeVerticesIsRefused) {
+  const CZandoPoly full = Disc(MAX_POLY_VERTS, {0, 0, 0}, {0, 100, 0}, {0, 0, 100});
+  const double halfStep = 3.141592653589793 / MAX_POLY_VERTS;
+  const Vector betweenVertices{0, std::cos(halfStep), std::sin(halfStep)};
+  for (const double side : {1.0, -1.0}) {
+    // Cuts off nothing but vertex 0, at y = 100; the other piece would need 33 vertices.
+    const Plane corner{{0, side, 0}, -99.5 * side};
+    CZandoPoly polygon = full;
+    CZandoPoly back;
+    EXPECT_EQ(SplitPolygon(corner, polygon, back), SplitResult::Refused);
+    EXPECT_TRUE(SameVertices(polygon, full));
+    EXPECT_EQ(SideOfMean(corner, polygon), side > 0 ? PolygonClass::Back : PolygonClass::Front);
+
+    // Cuts off vertices 0 and 1: 32 vertices remain and fit.
+    const Plane edge{betweenVertices * side, -97.0 * side};
+    EXPECT_EQ(SplitPolygon(edge, polygon, back), SplitResult::Done);
+    EXPECT_EQ(polygon.count, side > 0 ? 4 : MAX_POLY_VERTS);
+    EXPECT_EQ(back.count, side > 0 ? MAX_POLY_VERTS : 4);
+  }
+}
+
+TEST(PolygonTest, RandomSplitsLoseNothingAndLeaveEachPieceOnItsSide) {
+  CTestRandom random(20240607);
+  int splits = 0;
+  for (int trial = 0; trial < 2000; ++trial) {
+    const Vector u = random.Point(500);
+    const Vector v = Cross(Normalised(u), random.Point(300));
+    const CZandoPoly whole = Disc(random.Whole(3, 31), random.Point(2000), u, v);
+    // Every other plane passes through a vertex, the others through the inside.
+    const Vector through = trial % 2 == 0 ? whole[random.Whole(0, whole.count - 1)]
+                                          : (whole[0] + whole[1] + whole[2]) * (1.0 / 3.0);
+    const Vector normal = Normalised(random.Point(1));
+    const Plane plane{normal, -Dot(normal, through)};
+    if (ClassifyPolygon(plane, whole) != PolygonClass::Spanning) continue;
+    ++splits;
+
+    CZandoPoly front = whole;
+    CZandoPoly back;
+    ASSERT_EQ(SplitPolygon(plane, front, back), SplitResult::Done);
+    ASSERT_EQ(ClassifyPolygon(plane, front), PolygonClass::Front);
+    ASSERT_EQ(ClassifyPolygon(plane, back), PolygonClass::Back);
+    const Vector lost = DoubleArea(whole) - DoubleArea(front) - DoubleArea(back);
+    ASSERT_LT(Length(lost), 1e-9 * Length(DoubleArea(whole)));
+
+    CZandoPoly again = front;
+    CZandoPoly rest;
+    ASSERT_EQ(SplitPolygon(plane, again, rest), SplitResult::Done);
+    ASSERT_TRUE(SameVertices(again, front));
+    ASSERT_LE(rest.count, 2);
+    rest = back;
+    ASSERT_EQ(SplitPolygon(plane, rest, again), SplitResult::Done);
+    ASSERT_TRUE(SameVertices(again, back));
+  }
+  EXPECT_GT(splits, 1000);
+}
+
+TEST(PolygonTest, ReverseCopyTurnsTheFaceAround) {
+  CZandoPoly polygon = MakePolygon({{0, 0, 5}, {1, 0, 5}, {1, 1, 5}, {0, 1, 5}, {-1, 0.5, 5}});
+  polygon.tag = 12;
+  const ReversedPolygon reversed = ReverseCopy(polygon);
+  EXPECT_TRUE(SameVertices(
+      reversed.polygon, MakePolygon({{-1, 0.5, 5}, {0, 1, 5}, {1, 1, 5}, {1, 0, 5}, {0, 0, 5}})));
+  EXPECT_EQ(reversed.polygon.tag, 12U);
+  EXPECT_PRED2(Near, reversed.plane.normal, (Vector{0, 0, -1}));
+  EXPECT_NEAR(reversed.plane.d, 5, 1e-12);
+}
+
+TEST(PolygonTest, BasePolygonsLieOnTheirPlaneAndFaceAsItDoes) {
+  const double s = 1 / std::sqrt(2.0);
+  const Plane planes[] = {{{1, 0, 0}, -64}, {{-1, 0, 0}, 64}, {{0, 1, 0}, 32},  {{0, -1, 0}, 32},
+                          {{0, 0, 1}, -64}, {{0, 0, -1}, 64}, {{s, s, 0}, 10},  {{-s, 0, s}, -7},
+                          {{0, s, -s}, 5},  {{0, -s, s}, 5},  {{-.6, 0, .8}, 1}};
+  for (const Plane& plane : planes) {
+    SCOPED_TRACE(testing::PrintToString(plane.normal));
+    const CZandoPoly base = BasePolygonForPlane(plane);
+    ASSERT_EQ(base.count, 4);
+    EXPECT_EQ(ClassifyPolygon(plane, base), PolygonClass::CoplanarSame);
+    const Vector centre = (base[0] + base[2]) * 0.5;
+    EXPECT_LT(Length(centre + plane.normal * plane.d), 1e-9) << "centred on the nearest point";
+  }
+  const double r = 8192;
+  EXPECT_TRUE(SameVertices(BasePolygonForPlane(planes[4]),
+                           MakePolygon({{r, -r, 64}, {r, r, 64}, {-r, r, 64}, {-r, -r, 64}})));
+  EXPECT_TRUE(SameVertices(BasePolygonForPlane(planes[0]),
+                           MakePolygon({{64, r, r}, {64, -r, r}, {64, -r, -r}, {64, r, -r}})));
+  EXPECT_NEAR(BasePolygonForPlane(planes[8])[0].x, -r * s, 1e-9) << "y goes before z on a tie";
+}
+
+}  // namespace
+}  // namespace zando

@@ -1,0 +1,73 @@
+#include "geometry/transform.h"
+
+#include <functional>
+
+#include "geometry/geometry_testing.h"
+
+namespace zando {
+namespace {
+
+TEST(TransformTest, BuildersMapPointsInTheOrderOfTheCalls) {
+  using Build = std::function<void(Transform&)>;
+  const Build moveScale = [](Transform& t) { t.Translate(10, 0, 0), t.Scale(2, 2, 2); };
+  const Build scaleMove = [](Transform& t) { t.Scale(2, 3, -4), t.Translate(10, 0, 0); };
+  const struct {
+    const char* what;
+    Build build;
+    Vector point;
+    Vector mapped;
+  } cases[] = {
+      {"yaw of x", [](Transform& t) { t.Rotate(2048, 0, 0); }, {1, 0, 0}, {0, 0, 1}},
+      {"yaw of z", [](Transform& t) { t.RotateY(2048); }, {0, 0, 1}, {-1, 0, 0}},
+      {"pitch of y", [](Transform& t) { t.Rotate(0, 2048, 0); }, {0, 1, 0}, {0, 0, -1}},
+      {"pitch of z", [](Transform& t) { t.RotateX(2048); }, {0, 0, 1}, {0, 1, 0}},
+      {"roll of x", [](Transform& t) { t.Rotate(0, 0, 2048); }, {1, 0, 0}, {0, -1, 0}},
+      {"roll of y", [](Transform& t) { t.RotateZ(2048); }, {0, 1, 0}, {1, 0, 0}},
+      {"yaw before pitch", [](Transform& t) { t.Rotate(2048, 2048, 0); }, {1, 0, 0}, {0, 1, 0}},
+      {"pitch before roll", [](Transform& t) { t.Rotate(0, 2048, 2048); }, {0, 0, 1}, {1, 0, 0}},
+      {"move, then scale", moveScale, {1, 0, 0}, {22, 0, 0}},
+      {"scale, then move", scaleMove, {1, 1, 1}, {12, 3, -4}},
+      {"shear", [](Transform& t) { t.Shear(2, 3, 5); }, {0, 0, 1}, {2, 3, 1}},
+      {"shear of y", [](Transform& t) { t.Shear(2, 3, 5); }, {1, 1, 0}, {1, 1, 5}},
+  };
+  for (const auto& c : cases) {
+    Transform transform = Transform::Identity();
+    c.build(transform);
+    Vector point = c.point;
+    transform.TransformPoint(point);
+    EXPECT_PRED2(Near, point, c.mapped) << c.what;
+  }
+}
+
+TEST(TransformTest, MultiplyPutsTheOtherOnTheLeftInAllFourRows) {
+  const Transform right{{{{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}}}};
+  const Transform left{{{{2, 0, 0, 1}, {0, 1, 0, 0}, {1, 1, 0, 0}, {0, 0, 1, 2}}}};
+  const Transform product{{{{15, 18, 21, 24}, {5, 6, 7, 8}, {6, 8, 10, 12}, {35, 38, 41, 44}}}};
+  Transform transform = right;
+  transform.Multiply(left);
+  EXPECT_EQ(transform, product);
+
+  const Transform square{
+      {{{90, 100, 110, 120}, {202, 228, 254, 280}, {314, 356, 398, 440}, {426, 484, 542, 600}}}};
+  transform = right;
+  transform.Multiply(transform);
+  EXPECT_EQ(transform, square) << "multiplied with itself";
+}
+
+TEST(TransformTest, PointsAreMappedByTheUpperThreeRowsAlone) {
+  Transform transform = Transform::Identity();
+  transform.Translate(1, 2, 3);
+  transform.m[3] = {7, 7, 7, 7};
+  Vector point{10, 20, 30};
+  transform.TransformPoint(point);
+  EXPECT_EQ(point, (Vector{11, 22, 33}));
+}
+
+TEST(TransformTest, AngleUnitsConvertToTheSameBitsEverywhere) {
+  EXPECT_EQ(UnitsToDegrees(8192), 360.0);
+  EXPECT_EQ(DegreesToUnits(45), 1024.0);
+  EXPECT_EQ(UnitsToRadians(8192), 2 * 3.141592653589793);
+}
+
+}  // namespace
+}  // namespace zando
