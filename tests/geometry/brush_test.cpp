@@ -28,7 +28,9 @@ TEST(BrushTest, PlacementShearsThenScalesThenTurnsThenPlacesThenDrags) {
   brush.Scl[kGroupSlot] = {9, 9, 9};       // the group slot shows through DragMatrix alone
   brush.Pos[kOwnSlot] = {70, 0, 0};        // a committed position is in BMatrix already
   brush.UpdateWorld();
+  brush.UpdateWorld();
   ASSERT_EQ(brush.WorldPolys.size(), 1U);
+  EXPECT_EQ(brush.WorldPolys[0].count, 3) << "a second update replaces the first";
   EXPECT_PRED2(Near, brush.WorldPolys[0][0], (Vector{27, 0, 2}));
   EXPECT_PRED2(Near, brush.BoundsMin, (Vector{27, 0, 0}));
   EXPECT_PRED2(Near, brush.BoundsMax, (Vector{30, 5, 2}));
@@ -167,13 +169,13 @@ TEST(BrushTest, ACopyTakesTheShapeAndKeepsItsOwnIdentity) {
 
 TEST(BrushTest, HitTestsLookAtTheTwoAxesOfTheView) {
   CZandoBrush brush;
-  AddPolygon(brush, MakePolygon({{1, 10, 100}, {2, 10, 100}, {2, 20, 200}}));
+  AddPolygon(brush, MakePolygon({{-1, 10, 100}, {2, 10, 100}, {2, 20, 200}}));
   brush.UpdateWorld();
   const std::pair<Vector, bool> cases[] = {
       {{1.5, 15, 0}, true},   {{1.5, 21, 0}, false},   {{3, 15, 0}, false},
-      {{1.5, 0, 150}, true},  {{1.5, -0., 99}, false}, {{0.5, 0, 150}, false},
+      {{1.5, 0, 150}, true},  {{1.5, -0., 99}, false}, {{-1.5, 0, 150}, false},
       {{0, 15, 150}, true},   {{-0., 15, 201}, false}, {{0, 9, 150}, false},
-      {{1, 10, 0}, true},     {{2, 0, 200}, true},     {{0, 20, 100}, true},
+      {{-1, 10, 0}, true},    {{2, 0, 200}, true},     {{0, 20, 100}, true},
       {{1.5, 15, 9e9}, true}, {{0, 0, 150}, false},    {{kNaN, 15, 0}, false}};
   for (const auto& [p, hit] : cases) {
     EXPECT_EQ(brush.HitTest2D(p.x, p.y, p.z), hit) << testing::PrintToString(p);
