@@ -77,10 +77,10 @@ CPolygonBvh::Box CPolygonBvh::BoxAround(const Vector& low, const Vector& high) {
   return box;
 }
 
-void CPolygonBvh::FitBox(Box& box, const std::vector<Box>& leaves) const {
+void CPolygonBvh::FitBox(Box& box, const std::vector<Slot>& order, const std::vector<Box>& leaves) {
   Extremes extremes;
   for (std::uint32_t i = box.begin; i < box.end; ++i) {
-    const Box& leaf = leaves[order_[i]];
+    const Box& leaf = leaves[order[i]];
     extremes.Include(leaf.centre - leaf.extent, leaf.centre + leaf.extent);
   }
   const Box around = BoxAround(extremes.low, extremes.high);
@@ -89,10 +89,13 @@ void CPolygonBvh::FitBox(Box& box, const std::vector<Box>& leaves) const {
 }
 
 void CPolygonBvh::Build(const std::vector<Box>& leaves) {
-  order_.resize(leaves.size());
-  std::iota(order_.begin(), order_.end(), 0U);
+  entries_.resize(leaves.size());
+  for (Slot slot = 0; slot < entries_.size(); ++slot) entries_[slot].slot = slot;
+  entryOf_.resize(leaves.size());
   leafOf_.resize(leaves.size());
   if (leaves.empty()) return;
+  std::vector<Slot> order(leaves.size());
+  std::iota(order.begin(), order.end(), 0U);
   boxes_.reserve(leaves.size());
   Box root;
   root.end = static_cast<std::uint32_t>(leaves.size());
@@ -100,39 +103,83 @@ void CPolygonBvh::Build(const std::vector<Box>& leaves) {
   // Children are appended behind their parents, so one pass in order reaches every box.
   for (std::uint32_t index = 0; index < boxes_.size(); ++index) {
     Box box = boxes_[index];
-    FitBox(box, leaves);
+    FitBox(box, order, leaves);
     box.live = box.end - box.begin;
     if (box.live > kLeafSize) {
-      const Vector& e = box.extent;
-      const int axis = e.x >= e.y && e.x >= e.z ? 0 : (e.y >= e.z ? 1 : 2);
-      const std::uint32_t middle = box.begin + (box.end - box.begin) / 2;
-      std::nth_element(order_.begin() + box.begin, order_.begin() + middle,
-                       order_.begin() + box.end, [&](Slot a, Slot b) {
-                         const double ca = Coordinate(leaves[a].centre, axis);
-                         const double cb = Coordinate(leaves[b].centre, axis);
-                         return ca < cb || (!(cb < ca) && a < b);
-                       });
+      const std::uint32_t middle = Halve(box, order, leaves);
       box.left = static_cast<std::uint32_t>(boxes_.size());
-      Box child;
-      child.parent = index;
-      child.begin = box.begin;
-      child.end = middle;
-      boxes_.push_back(child);
-      child.begin = middle;
-      child.end = box.end;
-      boxes_.push_back(child);
+      box.right = box.left + 1;
+      boxes_.push_back(Box{{}, {}, index, kNone, kNone, box.begin, middle, 0});
+      boxes_.push_back(Box{{}, {}, index, kNone, kNone, middle, box.end, 0});
     } else {
-      for (std::uint32_t i = box.begin; i < box.end; ++i) leafOf_[order_[i]] = index;
+      for (std::uint32_t i = box.begin; i < box.end; ++i) leafOf_[order[i]] = index;
     }
     boxes_[index] = box;
   }
+  for (std::uint32_t i = 0; i < entries_.size(); ++i) {
+    entries_[i].slot = order[i];
+    entryOf_[order[i]] = i;
+    FillEntry(entries_[i]);
+  }
+  for (Box& box : boxes_) OrderChildren(box);
+}
+
+std::uint32_t CPolygonBvh::Halve(const Box& box, std::vector<Slot>& order,
+                                 const std::vector<Box>& leaves) {
+  const Vector& e = box.extent;
+  const int axis = e.x >= e.y && e.x >= e.z ? 0 : (e.y >= e.z ? 1 : 2);
+  const std::uint32_t middle = box.begin + (box.end - box.begin) / 2;
+  std::nth_element(order.begin() + box.begin, order.begin() + middle, order.begin() + box.end,
+                   [&](Slot a, Slot b) {
+                     const double ca = Coordinate(leaves[a].centre, axis);
+                     const double cb = Coordinate(leaves[b].centre, axis);
+                     return ca != cb ? ca < cb : a < b;
+                   });
+  return middle;
+}
+
+void CPolygonBvh::OrderChildren(Box& box) const {
+  if (box.left == kNone) return;
+  const Vector& middle = boxes_[0].centre;
+  const double left = Length(boxes_[box.left].centre - middle);
+  const double right = Length(boxes_[box.right].centre - middle);
+  if (right < left) std::swap(box.left, box.right);
+}
+
+void CPolygonBvh::FillEntry(Entry& entry) const {
+  const CBspNode* node = polygons_[entry.slot];
+  entry.counts = node != nullptr && node->nValid != 0;
+  if (!entry.counts) return;
+  entry.count = node->polygon.count;
+  if (entry.count > kInlineVertices) return;
+  std::copy_n(node->polygon.verts.begin(), entry.count, entry.vertices.begin());
 }
 
 void CPolygonBvh::Remove(Slot slot) {
   polygons_[slot] = nullptr;
+  entries_[entryOf_[slot]].counts = false;
   for (std::uint32_t box = leafOf_[slot]; box != kNone; box = boxes_[box].parent) {
     --boxes_[box].live;
   }
+}
+
+void CPolygonBvh::Replace(Slot slot, CBspNode* part) {
+  polygons_[slot] = part;
+  FillEntry(entries_[entryOf_[slot]]);
+}
+
+CPolygonBvh::Range CPolygonBvh::DistanceRange(const Plane& plane, const Entry& entry) const {
+  if (entry.count == 0) return {-kInfinity, kInfinity};
+  const bool fits = entry.count <= kInlineVertices;
+  const Vector* vertices =
+      fits ? entry.vertices.data() : polygons_[entry.slot]->polygon.verts.data();
+  Range range{kInfinity, -kInfinity};
+  for (std::int32_t i = 0; i < entry.count; ++i) {
+    const double distance = SignedDistance(plane, vertices[i]);
+    if (distance < range.low) range.low = distance;
+    if (distance > range.high) range.high = distance;
+  }
+  return range;
 }
 
 CPolygonBvh::Range CPolygonBvh::DistanceRange(const Plane& plane, const Box& box) {
@@ -160,11 +207,11 @@ void CPolygonBvh::SortSides(const Plane& plane, Sides& sides) const {
       sides.backBoxes.push_back(index);
       sides.backCount += box.live;
     } else if (box.left != kNone) {
-      pending.push_back(box.left + 1);
+      pending.push_back(box.right);
       pending.push_back(box.left);
     } else {
       for (std::uint32_t i = box.begin; i < box.end; ++i) {
-        if (IsLive(order_[i])) sides.unclear.push_back(order_[i]);
+        if (IsLive(entries_[i].slot)) sides.unclear.push_back(entries_[i].slot);
       }
     }
   }
@@ -172,7 +219,7 @@ void CPolygonBvh::SortSides(const Plane& plane, Sides& sides) const {
 
 void CPolygonBvh::Collect(std::uint32_t box, std::vector<Slot>& slots) const {
   for (std::uint32_t i = boxes_[box].begin; i < boxes_[box].end; ++i) {
-    if (IsLive(order_[i])) slots.push_back(order_[i]);
+    if (IsLive(entries_[i].slot)) slots.push_back(entries_[i].slot);
   }
 }
 

@@ -1,11 +1,14 @@
 #include "csg/splitter_search.h"
 
 #include <algorithm>
-#include <functional>
-#include <limits>
 
 namespace zando {
 namespace {
+
+/// How many witnesses a candidate is looked for at first, and more of them the more it has: few are
+/// enough to pass over one that cuts much, and asking for more saves asking again.
+constexpr std::uint32_t kFirstWitnesses = 4;
+constexpr std::uint32_t kMoreWitnesses = 2;
 
 std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members) {
   std::vector<CBspNode*> nodes;
@@ -17,124 +20,92 @@ std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members
 }  // namespace
 
 CSplitterSearch::CSplitterSearch(const std::vector<Member>& members)
-    : bvh_(Nodes(members)), candidates_(members.size()), watchers_(members.size()) {
-  std::vector<Entry> entries;
+    : bvh_(Nodes(members)),
+      candidates_(members.size()),
+      bounds_(members.size()),
+      watchers_(members.size()) {
   for (Slot slot = 0; slot < members.size(); ++slot) {
     candidates_[slot].head = members[slot].head;
     candidates_[slot].alive = members[slot].isHead;
-    if (members[slot].isHead) entries.emplace_back(0U, slot);
+    if (members[slot].isHead) bounds_.Set(slot, 0);
   }
-  queue_ = decltype(queue_)(std::greater<>(), std::move(entries));
 }
 
-CSplitterSearch::Cut CSplitterSearch::Cuts(const Plane& plane, const CZandoPoly& polygon,
-                                           double slack) {
-  if (polygon.count == 0) return Cut::Yes;
-  double low = std::numeric_limits<double>::infinity();
-  double high = -low;
-  for (const Vector& vertex : polygon.Vertices()) {
-    const double distance = SignedDistance(plane, vertex);
-    if (distance < low) low = distance;
-    if (distance > high) high = distance;
-  }
-  if (high > PLANE_EPSILON && low < -PLANE_EPSILON) return Cut::Yes;
-  const bool nearly = high > PLANE_EPSILON - slack && low < -PLANE_EPSILON + slack;
-  return nearly ? Cut::Borderline : Cut::No;
-}
-
-void CSplitterSearch::Push(Slot slot) {
-  queue_.emplace(static_cast<std::uint32_t>(candidates_[slot].witnesses.size()), slot);
-}
-
-void CSplitterSearch::Forget(Slot slot) {
-  candidates_[slot].witnesses.clear();
-  candidates_[slot].complete = false;
-  candidates_[slot].borderline = false;
-}
-
-void CSplitterSearch::Count(Slot slot, std::size_t enough) {
-  Forget(slot);
+void CSplitterSearch::Restart(Slot slot) {
   Candidate& candidate = candidates_[slot];
-  const Plane& plane = bvh_.At(slot)->plane;
-  const double slack = bvh_.Slack(plane) * 0.5;
+  ++candidate.count;
+  candidate.complete = false;
+  candidate.borderline = false;
+  bounds_.Set(slot, 0);
+}
+
+void CSplitterSearch::Count(Slot slot, std::uint32_t enough) {
+  Candidate& candidate = candidates_[slot];
+  ++candidate.count;
+  candidate.countedAt = taken_;
   candidate.complete = true;
-  candidate.counted = now_;
-  bvh_.VisitNear(plane, [&](Slot other) {
-    const CBspNode* node = bvh_.At(other);
-    if (candidates_[other].head == candidate.head || node->nValid == 0) return true;
-    switch (Cuts(plane, node->polygon, slack)) {
-      case Cut::No:
-        return true;
-      case Cut::Borderline:
-        candidate.borderline = true;
-        return true;
-      case Cut::Yes:
-        break;
+  candidate.borderline = false;
+  std::uint32_t found = 0;
+  bvh_.VisitCut(bvh_.At(slot)->plane, [&](Slot other, CPolygonBvh::Cut cut) {
+    if (candidates_[other].head == candidate.head) return true;
+    if (cut == CPolygonBvh::Cut::Borderline) {
+      candidate.borderline = true;
+      return true;
     }
-    candidate.witnesses.push_back(other);
-    watchers_[other].push_back(slot);
-    candidate.complete = candidate.witnesses.size() < enough;
+    watchers_[other].push_back({slot, candidate.count});
+    candidate.complete = ++found < enough;
     return candidate.complete;
   });
+  bounds_.Set(slot, found);
 }
 
 CSplitterSearch::Slot CSplitterSearch::Choose() {
   while (true) {
-    const auto [bound, slot] = queue_.top();
-    queue_.pop();
+    const Slot slot = bounds_.First();
     const Candidate& candidate = candidates_[slot];
-    if (!candidate.alive || candidate.witnesses.size() != bound) continue;
-    const bool current = !candidate.borderline || candidate.counted == now_;
+    // Splitting moves vertices by a rounding error: what hangs on it is counted every time.
+    const bool current = !candidate.borderline || candidate.countedAt == taken_;
     if (candidate.complete && current) return slot;
-    // One witness is enough to pass a candidate over while others may have none.
-    Count(slot, bound == 0 ? 1 : std::size_t{2} * bound + 2);
-    Push(slot);
+    Count(slot, kFirstWitnesses + kMoreWitnesses * bounds_[slot]);
   }
 }
 
-void CSplitterSearch::LoseWitness(Slot slot, Slot witness) {
-  Candidate& candidate = candidates_[slot];
-  if (!candidate.alive) return;
-  std::vector<Slot>& witnesses = candidate.witnesses;
-  const auto found = std::find(witnesses.begin(), witnesses.end(), witness);
-  if (found == witnesses.end()) return;
-  *found = witnesses.back();
-  witnesses.pop_back();
-  Push(slot);
+bool CSplitterSearch::IsWatching(const Watcher& watcher) const {
+  const Candidate& candidate = candidates_[watcher.candidate];
+  return candidate.alive && candidate.count == watcher.count;
 }
 
 void CSplitterSearch::Leave(Slot slot) {
   candidates_[slot].alive = false;
-  candidates_[slot].witnesses = {};
+  bounds_.Set(slot, CLeastBound::kNone);
   bvh_.Remove(slot);
-  for (const Slot watcher : watchers_[slot]) LoseWitness(watcher, slot);
+  for (const Watcher& watcher : watchers_[slot]) {
+    if (IsWatching(watcher)) bounds_.Decrease(watcher.candidate);
+  }
   watchers_[slot] = {};
 }
 
 void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
   const bool sameNode = bvh_.At(slot) == part;
   bvh_.Replace(slot, part);
-  std::vector<Slot> watchers = std::move(watchers_[slot]);
-  watchers_[slot].clear();
-  for (const Slot watcher : watchers) {
-    if (!candidates_[watcher].alive) continue;
-    const Plane& plane = bvh_.At(watcher)->plane;
+  std::vector<Watcher>& watchers = watchers_[slot];
+  std::size_t kept = 0;
+  for (const Watcher& watcher : watchers) {
+    if (!IsWatching(watcher)) continue;
+    const Plane& plane = bvh_.At(watcher.candidate)->plane;
     if (ClassifyPolygon(plane, part->polygon) == PolygonClass::Spanning) {
-      watchers_[slot].push_back(watcher);
+      watchers[kept++] = watcher;
     } else {
-      LoseWitness(watcher, slot);
+      bounds_.Decrease(watcher.candidate);
     }
   }
+  watchers.resize(kept);
   // A back piece has a plane of its own, in its last bits another one than the whole.
-  if (!sameNode && candidates_[slot].alive) {
-    Forget(slot);
-    Push(slot);
-  }
+  if (!sameNode && candidates_[slot].alive) Restart(slot);
 }
 
-void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane,
-                                  const std::vector<Slot>& unclear, Slot splitter) {
-  for (const Slot slot : unclear) {
+void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane, Slot splitter) {
+  for (const Slot slot : sides_.unclear) {
     if (slot == splitter) continue;
     CBspNode* node = bvh_.At(slot);
     PolygonClass side = ClassifyPolygon(plane, node->polygon);
@@ -161,11 +132,11 @@ CSplitterSearch::Taken CSplitterSearch::Take(CConstructiveBsp& tree, Slot splitt
   front_.clear();
   back_.clear();
   backPieces_.clear();
-  ++now_;
+  ++taken_;
 
   const Plane plane = taken.splitter->plane;
   bvh_.SortSides(plane, sides_);
-  SortUnclear(tree, plane, sides_.unclear, splitter);
+  SortUnclear(tree, plane, splitter);
   taken.smallerIsFront = sides_.frontCount + front_.size() <= sides_.backCount + back_.size();
 
   std::vector<Slot>& leaving = taken.smallerIsFront ? front_ : back_;

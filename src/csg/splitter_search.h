@@ -2,11 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <queue>
 #include <utility>
 #include <vector>
 
 #include "csg/bsp_tree.h"
+#include "csg/least_bound.h"
 #include "csg/polygon_bvh.h"
 #include "csg/splitter.h"
 
@@ -16,9 +16,9 @@ namespace zando {
 /// ChooseSplitter, without counting every candidate again each time.
 ///
 /// For each candidate it remembers some of the polygons that it cuts: its witnesses. Their number
-/// is a lower bound of its count, and stays one while other polygons leave. The candidate with the
-/// least bound is looked at first, and again with more effort each time it comes up, until the one
-/// that comes up has been counted completely.
+/// is a lower bound of its count, and stays one while polygons leave. The candidate with the least
+/// bound is looked at first, and again with more effort each time it comes up, until the one that
+/// comes up has been counted completely.
 class CSplitterSearch {
  public:
   using Slot = CPolygonBvh::Slot;
@@ -33,13 +33,12 @@ class CSplitterSearch {
   explicit CSplitterSearch(const std::vector<Member>& members);
 
   [[nodiscard]] std::size_t LiveCount() const { return bvh_.LiveCount(); }
-  [[nodiscard]] std::size_t SlotCount() const { return bvh_.SlotCount(); }
 
   /// The slot of the splitter. The list must not be empty.
   [[nodiscard]] Slot Choose();
 
-  /// The two sides of a splitter that has been taken. The smaller side has left this search, in
-  /// list order; the larger one stays.
+  /// A splitter that has been taken. The smaller of its sides has left this search, in list order;
+  /// the larger one stays.
   struct Taken {
     CBspNode* splitter = nullptr;
     std::vector<CBspNode*> smaller;
@@ -52,34 +51,32 @@ class CSplitterSearch {
 
  private:
   struct Candidate {
-    std::vector<Slot> witnesses;
     std::uint32_t head = 0;
+    std::uint32_t count = 0;      ///< how often its witnesses have been looked for
+    std::uint32_t countedAt = 0;  ///< splitters taken by then
     bool alive = false;
-    bool complete = false;      ///< the witnesses are all that it cuts
-    bool borderline = false;    ///< some polygon is cut, or not, by a rounding error
-    std::uint64_t counted = 0;  ///< when the witnesses were looked for
+    bool complete = false;    ///< the witnesses are all that it cuts
+    bool borderline = false;  ///< rounding decides whether some polygon is cut
   };
 
-  /// Least bound first, then list order.
-  using Entry = std::pair<std::uint32_t, Slot>;
+  /// A candidate that has a polygon as a witness, as long as it has not been counted again.
+  struct Watcher {
+    Slot candidate;
+    std::uint32_t count;
+  };
 
-  enum class Cut { No, Yes, Borderline };
-  [[nodiscard]] static Cut Cuts(const Plane& plane, const CZandoPoly& polygon, double slack);
-
-  void Count(Slot slot, std::size_t enough);
-  void Push(Slot slot);
-  void Forget(Slot slot);
-  void LoseWitness(Slot candidate, Slot witness);
+  void Count(Slot slot, std::uint32_t enough);
+  void Restart(Slot slot);
   void Leave(Slot slot);
   void Shrink(Slot slot, CBspNode* part);
-  void SortUnclear(CConstructiveBsp& tree, const Plane& plane, const std::vector<Slot>& unclear,
-                   Slot splitter);
+  [[nodiscard]] bool IsWatching(const Watcher& watcher) const;
+  void SortUnclear(CConstructiveBsp& tree, const Plane& plane, Slot splitter);
 
   CPolygonBvh bvh_;
   std::vector<Candidate> candidates_;
-  std::vector<std::vector<Slot>> watchers_;  ///< candidates that have the slot as a witness
-  std::priority_queue<Entry, std::vector<Entry>, std::greater<>> queue_;
-  std::uint64_t now_ = 0;  ///< how many splitters have been taken
+  CLeastBound bounds_;                          ///< number of witnesses
+  std::vector<std::vector<Watcher>> watchers_;  ///< by the slot of the witness
+  std::uint32_t taken_ = 0;
 
   // Working storage of Take.
   CPolygonBvh::Sides sides_;
