@@ -20,8 +20,10 @@ using CGroupList = std::vector<CBGroup>;
 
 /// The level: its brushes, entities and groups, the working brush that the primitives fill, the
 /// world built from the brushes, and the editing state that all its views share. Owns all of it.
-/// Every operation that changes what is drawn ends with a redraw of all views; those that change
-/// the level also mark it modified. Lookups that find nothing leave everything as it was.
+/// Every operation that changes what is drawn ends with one redraw of all views; those that change
+/// the level also mark it modified. AddBrush, RefreshColors, ApplyShowFilter and ParseAllOrigins
+/// are steps of such operations and leave both to them. Lookups that find nothing leave everything
+/// as it was.
 class CZANDODoc : public CDocument {
  public:
   std::int32_t ToolMode = ID_TOOL_CAMERA;
@@ -65,22 +67,27 @@ class CZANDODoc : public CDocument {
   /// the view direction is 0.
   void PickBrush(const Vector& point);
 
-  /// Makes the working brush, or a listed one, the current brush.
+  /// Makes the working brush, or one of the list, the current brush.
   void SetCurrentBrush(CZandoBrush& brush);
 
-  /// Colours of brushes and entities from their groups, then the show filter.
+  /// Colours of brushes and entities from their groups, then the show filter, then the frame's
+  /// display of the groups. An index that names no group gives white.
   void RefreshColors();
+
+  /// Sets which brushes and entities are shown. An index that names no group counts as a group that
+  /// is not visible.
   void ApplyShowFilter();
 
   /// Whether any brush or entity is in the multi-selection.
   [[nodiscard]] bool AnySelected() const;
 
-  /// Removes an entity; its brushes belong to none, those of later ones follow them down.
+  /// Removes an entity; its brushes belong to none, those of later ones follow them down. So does
+  /// CurrentEntity; it becomes -1 when it was the one removed.
   void DeleteEntity(std::int32_t index);
   void ParseAllOrigins();
 
   enum class GridStep { Up, Down };
-  /// Doubles the grid size, or halves it while it is at least 2.
+  /// Doubles the grid size, or halves it while it is at least 2. Redraws either way.
   void StepGrid(GridStep step);
 
   /// The working brush joins the level as solid or carving, or a picked brush changes its operation
@@ -89,7 +96,11 @@ class CZANDODoc : public CDocument {
   void SubtractFromWorld() { CombineWithWorld(kSubtractFromWorld); }
 
   /// A group of its own for the selection, which becomes current. Nothing asks for its name here.
+  /// This and the next two do nothing without a selection, and end it.
   void CreateNewGroup();
+
+  /// The selected brushes and entities join the current group, or leave theirs when there is none.
+  /// The brushes take the group's centre as pivot.
   void AddSelectedToGroup();
   void RemoveSelectedFromGroup();
 
@@ -99,7 +110,7 @@ class CZANDODoc : public CDocument {
   /// A copy of the current entity becomes current; nothing without one.
   void CopyCurrentEntity();
 
-  /// Appends the entity, in the current group, and makes it current.
+  /// Appends the entity, in the current group and with its origin parsed, and makes it current.
   void AddEntity(CEntity entity);
 
   /// Shows or hides entities and their brushes.

@@ -27,7 +27,8 @@ struct EntityPair {
 };
 
 /// A game object placed in the level: an ordered list of key/value pairs, with the origin parsed
-/// from them. Keys compare without regard to case; the first match wins; pairs keep their order.
+/// from them. Keys compare without regard to the case of A to Z; the first match wins; pairs keep
+/// their order.
 class CEntity {
  public:
   std::int32_t eStyle = 0;  ///< 0: the origin was parsed; 1: there is no origin
@@ -51,8 +52,9 @@ class CEntity {
 
   [[nodiscard]] const std::string& GetClassname() const { return GetValue("classname"); }
 
-  /// Reads the origin from its pair: three whole numbers x, y, z; those that are missing are 0. A
-  /// missing or empty value gives eStyle 1 and leaves the origin.
+  /// Reads the origin from its pair: three whole numbers x, y, z. From the first that is missing or
+  /// does not fit 32 bits on they are 0. A missing or empty value gives eStyle 1 and leaves the
+  /// origin.
   void ParseOrigin();
 
   /// As ParseOrigin, with the numbers in the game's order x, z, y; rewrites the pair in ours.
@@ -73,12 +75,14 @@ class CEntity {
   /// Which axes a finished drag commits.
   enum class Commit { AllAxes, DominantAxis };
 
-  /// Snaps the working origin to `step` along the axes of the mask, commits it and rewrites the
-  /// origin pair.
+  /// Snaps the working origin to multiples of `step`, which is above 0, along the axes of the mask,
+  /// commits it and rewrites the origin pair. Of equal displacements the dominant one is that of z,
+  /// then that of y.
   void EndMove(double step, std::uint32_t axisMask, Commit commit);
 };
 
-/// The three coordinates, truncated toward zero, separated by blanks.
+/// The three coordinates, truncated toward zero, separated by blanks. Those beyond 32 bits give the
+/// nearest end of the range, those that are not numbers 0.
 [[nodiscard]] std::string FormatWholeNumbers(double first, double second, double third);
 
 }  // namespace zando

@@ -1,0 +1,168 @@
+#include "entities/entity.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+namespace zando {
+namespace {
+
+constexpr std::string_view kOriginKey = "origin";
+constexpr double kUnreachable = 100000.0;
+constexpr std::array<std::uint32_t, 3> kAxes{kAxisX, kAxisY, kAxisZ};
+constexpr std::array<double Vector::*, 3> kCoordinates{&Vector::x, &Vector::y, &Vector::z};
+
+constexpr char FoldCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool SameKey(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return FoldCase(x) == FoldCase(y); });
+}
+
+template <typename Pairs>
+auto FindPair(Pairs& pairs, std::string_view key) {
+  return std::find_if(pairs.begin(), pairs.end(),
+                      [key](const EntityPair& pair) { return SameKey(pair.key, key); });
+}
+
+/// Takes a whole number off the front of the text. False when there is none, or none that fits.
+bool TakeWholeNumber(std::string_view& text, std::int32_t& number) {
+  constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  std::string_view digits = text;
+  // from_chars knows the minus sign only.
+  if (digits.starts_with('+')) {
+    digits.remove_prefix(1);
+    if (digits.starts_with('-')) return false;
+  }
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc()) return false;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  return true;
+}
+
+/// Up to three whole numbers; those from the first unreadable one on are 0.
+std::array<std::int32_t, 3> ReadWholeNumbers(std::string_view text) {
+  std::array<std::int32_t, 3> numbers{};
+  for (std::int32_t& number : numbers) {
+    if (TakeWholeNumber(text, number)) continue;
+    number = 0;
+    break;
+  }
+  return numbers;
+}
+
+/// Toward zero, and to the nearest end of the range; what is not a number is 0.
+std::int32_t ToWholeNumber(double value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (std::isnan(value)) return 0;
+  return static_cast<std::int32_t>(
+      std::clamp(value, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
+}
+
+/// The two axes of the view in whose coordinates the point was given.
+std::array<double Vector::*, 2> ViewPlane(const Vector& point) {
+  if (point.x == 0.0) return {&Vector::y, &Vector::z};
+  if (point.y == 0.0) return {&Vector::x, &Vector::z};
+  return {&Vector::x, &Vector::y};
+}
+
+/// The axis of the largest displacement; z wins ties, then y.
+double Vector::*DominantAxis(const Vector& displacement) {
+  const double dx = std::abs(displacement.x);
+  const double dy = std::abs(displacement.y);
+  const double dz = std::abs(displacement.z);
+  if (dy < dx && dz < dx) return &Vector::x;
+  if (dy >= dx && dz < dy) return &Vector::y;
+  return &Vector::z;
+}
+
+std::string FormatOrigin(const Vector& origin) {
+  return FormatWholeNumbers(origin.x, origin.y, origin.z);
+}
+
+}  // namespace
+
+void CEntity::AddPair(std::string_view key, std::string_view value) {
+  Pairs.push_back({std::string(key), std::string(value)});
+}
+
+const std::string& CEntity::GetValue(std::string_view key) const {
+  static const std::string kNone;
+  const auto found = FindPair(Pairs, key);
+  return found == Pairs.end() ? kNone : found->value;
+}
+
+void CEntity::SetValue(std::string_view key, std::string_view value) {
+  const auto found = FindPair(Pairs, key);
+  if (found != Pairs.end()) found->value = value;
+}
+
+void CEntity::ParseOrigin() {
+  const std::string& value = GetValue(kOriginKey);
+  eStyle = value.empty() ? 1 : 0;
+  if (eStyle != 0) return;
+  const auto [x, y, z] = ReadWholeNumbers(value);
+  eOrigin = {static_cast<double>(x), static_cast<double>(y), static_cast<double>(z)};
+  WorkOrigin = eOrigin;
+}
+
+void CEntity::ParseOriginAndNormalise() {
+  ParseOrigin();
+  if (eStyle != 0) return;
+  eOrigin = {eOrigin.x, eOrigin.z, eOrigin.y};
+  WorkOrigin = eOrigin;
+  SetValue(kOriginKey, FormatOrigin(eOrigin));
+}
+
+double CEntity::Distance2D(const Vector& point) const {
+  if (eStyle != 0) return kUnreachable;
+  const auto [across, up] = ViewPlane(point);
+  const double dx = eOrigin.*across - point.*across;
+  const double dy = eOrigin.*up - point.*up;
+  return std::sqrt(dx * dx + dy * dy);
+}
+
+bool CEntity::InRect(const Vector& low, const Vector& high) const {
+  const auto plane = ViewPlane(low);
+  return std::all_of(plane.begin(), plane.end(), [&](double Vector::*axis) {
+    return low.*axis <= eOrigin.*axis && eOrigin.*axis <= high.*axis;
+  });
+}
+
+void CEntity::Move(const Vector& displacement, std::uint32_t axisMask) {
+  if (eStyle != 0) return;
+  for (std::size_t i = 0; i < kAxes.size(); ++i) {
+    double& coordinate = WorkOrigin.*kCoordinates[i];
+    if ((axisMask & kAxes[i]) != 0) coordinate -= displacement.*kCoordinates[i];
+    coordinate = std::trunc(coordinate);
+  }
+}
+
+void CEntity::EndMove(double step, std::uint32_t axisMask, Commit commit) {
+  for (std::size_t i = 0; i < kAxes.size(); ++i) {
+    if ((axisMask & kAxes[i]) == 0) continue;
+    double& coordinate = WorkOrigin.*kCoordinates[i];
+    coordinate = std::floor(coordinate / step + 0.5) * step;
+  }
+  if (commit == Commit::DominantAxis) {
+    const auto axis = DominantAxis(WorkOrigin - eOrigin);
+    eOrigin.*axis = WorkOrigin.*axis;
+    WorkOrigin = eOrigin;
+  } else {
+    eOrigin = WorkOrigin;
+  }
+  SetValue(kOriginKey, FormatOrigin(eOrigin));
+}
+
+std::string FormatWholeNumbers(double first, double second, double third) {
+  return std::to_string(ToWholeNumber(first)) + ' ' + std::to_string(ToWholeNumber(second)) + ' ' +
+         std::to_string(ToWholeNumber(third));
+}
+
+}  // namespace zando

@@ -1,0 +1,156 @@
+#include "entities/entity.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "geometry/geometry_testing.h"
+
+namespace zando {
+namespace {
+
+constexpr std::uint32_t kAllAxes = kAxisX | kAxisY | kAxisZ;
+
+CEntity EntityAt(const Vector& origin) {
+  CEntity entity;
+  entity.AddPair("origin", FormatWholeNumbers(origin.x, origin.y, origin.z));
+  entity.ParseOrigin();
+  return entity;
+}
+
+TEST(Entity, KeysMatchInAnyCaseAndTheFirstOfEqualOnesIsUsed) {
+  CEntity entity;
+  entity.AddPair("target", "t1");
+  entity.AddPair("ClassName", "light");
+  entity.AddPair("TARGET", "t2");
+  entity.SetValue("Target", "t3");
+  entity.SetValue("origin", "1 2 3");
+  entity.SetValue("targetname", "no prefix of a key is the key");
+  EXPECT_EQ(entity.GetClassname(), "light");
+  EXPECT_EQ(entity.GetValue("tArGeT"), "t3");
+  EXPECT_EQ(entity.GetValue("targ"), "");
+  EXPECT_EQ(entity.Pairs,
+            (std::vector<EntityPair>{{"target", "t3"}, {"ClassName", "light"}, {"TARGET", "t2"}}));
+}
+
+TEST(Entity, OriginTextIsReadUpToTheFirstThingThatIsNoWholeNumber) {
+  struct Case {
+    std::string text;
+    Vector origin;
+  };
+  const std::vector<Case> cases{
+      {"12 -7 300", {12, -7, 300}},
+      {"\t+4\n5 \r6 7", {4, 5, 6}},
+      {"1-2+3", {1, -2, 3}},
+      {"007 -0 1", {7, 0, 1}},
+      {"7", {7, 0, 0}},
+      {"1.5 2 3", {1, 0, 0}},
+      {"1 2,3", {1, 2, 0}},
+      {"x 2 3", {0, 0, 0}},
+      {"+-5 2 3", {0, 0, 0}},
+      {"- 5", {0, 0, 0}},
+      {" ", {0, 0, 0}},
+      {"-2147483648 2147483647 1", {-2147483648.0, 2147483647.0, 1}},
+      {"2147483648 2 3", {0, 0, 0}},
+      {"1 2 99999999999999999999", {1, 2, 0}},
+  };
+  for (const Case& c : cases) {
+    CEntity entity = EntityAt({9, 9, 9});
+    entity.SetValue("origin", c.text);
+    entity.ParseOrigin();
+    EXPECT_EQ(entity.eOrigin, c.origin) << c.text;
+    EXPECT_EQ(entity.WorkOrigin, c.origin) << c.text;
+  }
+}
+
+TEST(Entity, WithoutAnOriginTextTheOriginStaysAndNothingMovesOrPicksIt) {
+  CEntity entity = EntityAt({1, 2, 3});
+  entity.SetValue("origin", "");
+  entity.ParseOriginAndNormalise();
+  EXPECT_EQ(entity.eStyle, 1);
+  entity.Move({5, 5, 5}, kAllAxes);
+  EXPECT_EQ(entity.eOrigin, (Vector{1, 2, 3}));
+  EXPECT_EQ(entity.WorkOrigin, (Vector{1, 2, 3}));
+  EXPECT_EQ(entity.GetValue("origin"), "");
+  EXPECT_EQ(entity.Distance2D({1, 2, 0}), 100000.0);
+}
+
+TEST(Entity, DistanceAndRectangleUseThePlaneOfTheView) {
+  const CEntity entity = EntityAt({10, 20, 30});
+  EXPECT_EQ(entity.Distance2D({0, 23, 34}), 5.0);
+  EXPECT_EQ(entity.Distance2D({13, -0.0, 26}), 5.0);
+  EXPECT_EQ(entity.Distance2D({7, 16, 0}), 5.0);
+
+  struct Case {
+    Vector low;
+    Vector high;
+    bool inside;
+  };
+  const std::vector<Case> cases{
+      {{0, 20, 30}, {0, 25, 35}, true},  {{0, 21, 30}, {0, 25, 35}, false},
+      {{0, 15, 25}, {0, 20, 29}, false}, {{10, 0, 25}, {10, 0, 30}, true},
+      {{10, 0, 31}, {15, 0, 35}, false}, {{5, 15, 0}, {10, 20, 0}, true},
+      {{11, 15, 0}, {15, 20, 0}, false}, {{5, 15, 0}, {10, 19, 0}, false},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(entity.InRect(c.low, c.high), c.inside) << testing::PrintToString(c.low);
+  }
+}
+
+TEST(Entity, ADragMovesTheAllowedAxesAndTruncatesAll) {
+  CEntity entity = EntityAt({10, -10, 5});
+  entity.Move({0.6, -0.6, 3}, kAxisX | kAxisY);
+  EXPECT_EQ(entity.WorkOrigin, (Vector{9, -9, 5}));
+  entity.WorkOrigin.z = -5.5;
+  entity.Move({1, 1, 1}, 0);
+  EXPECT_EQ(entity.WorkOrigin, (Vector{9, -9, -5}));
+  EXPECT_EQ(entity.eOrigin, (Vector{10, -10, 5}));
+  EXPECT_EQ(entity.GetValue("origin"), "10 -10 5");
+}
+
+TEST(Entity, ADragEndsOnTheGridAndCommitsItsAxes) {
+  using enum CEntity::Commit;
+  struct Case {
+    Vector dragged;  ///< from (1, 2, 3)
+    double step;
+    std::uint32_t mask;
+    CEntity::Commit commit;
+    Vector origin;
+  };
+  const std::vector<Case> cases{
+      {{95, 96, -32}, 64, kAllAxes, AllAxes, {64, 128, 0}},
+      {{-33, 31, 32}, 64, kAllAxes, AllAxes, {-64, 0, 64}},
+      {{95, 96, 97}, 64, kAxisY, AllAxes, {95, 128, 97}},
+      {{11, 12, 6}, 1, kAllAxes, DominantAxis, {1, 12, 3}},
+      {{11, 5, 13}, 1, kAllAxes, DominantAxis, {1, 2, 13}},
+      {{1, 12, 13}, 1, kAllAxes, DominantAxis, {1, 2, 13}},
+      {{6, 7, 8}, 1, kAllAxes, DominantAxis, {1, 2, 8}},
+      {{-9, 8, 8}, 1, kAllAxes, DominantAxis, {-9, 2, 3}},
+      {{95, 2, 96}, 64, kAllAxes, DominantAxis, {1, 2, 128}},  // z, once both are snapped
+  };
+  for (const Case& c : cases) {
+    CEntity entity = EntityAt({1, 2, 3});
+    entity.WorkOrigin = c.dragged;
+    entity.EndMove(c.step, c.mask, c.commit);
+    EXPECT_EQ(entity.eOrigin, c.origin);
+    EXPECT_EQ(entity.WorkOrigin, c.origin);
+    EXPECT_EQ(entity.GetValue("origin"), FormatWholeNumbers(c.origin.x, c.origin.y, c.origin.z));
+  }
+}
+
+TEST(Entity, OriginTextHoldsWholeNumbersInOurOrderAndRange) {
+  CEntity entity;
+  entity.AddPair("origin", " 12  300 -7.5");
+  entity.ParseOriginAndNormalise();
+  EXPECT_EQ(entity.eOrigin, (Vector{12, -7, 300}));
+  EXPECT_EQ(entity.WorkOrigin, (Vector{12, -7, 300}));
+  EXPECT_EQ(entity.GetValue("origin"), "12 -7 300");
+  EXPECT_EQ(FormatWholeNumbers(9.9, -9.9, -0.5), "9 -9 0");
+  EXPECT_EQ(FormatWholeNumbers(1e300, -1e300, std::numeric_limits<double>::quiet_NaN()),
+            "2147483647 -2147483648 0");
+}
+
+}  // namespace
+}  // namespace zando
