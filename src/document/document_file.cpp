@@ -1,0 +1,80 @@
+#include "document/document_file.h"
+
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "document/file_context.h"
+#include "document/serialise.h"
+#include "platform/file_io.h"
+
+namespace zando {
+namespace {
+
+void NumberBrushes(CFileContext& file, const CBrushList& list) {
+  for (const auto& brush : list.Brushes()) {
+    const auto position = static_cast<std::int32_t>(file.BrushPositions.size());
+    file.BrushPositions.emplace(brush.get(), position);
+  }
+}
+
+}  // namespace
+
+void Serialise(CFileContext& file, CZANDODoc& document) {
+  if (file.storing) {
+    NumberBrushes(file, document.BrushList);
+  } else {
+    document.NextBrushId = 0;
+  }
+  Serialise(file, document.WorkingBrush);
+  SerialiseBrushList(file, document);
+  Serialise(file, document.World);
+  if (!file.storing) document.World.LinkBrushes(document.BrushList.Head());
+  Serialise(file, document.Entities, document.CurrentEntity);
+  if (!file.storing) document.ParseAllOrigins();
+  Serialise(file, document.Groups, document.CurrentGroup);
+  if (file.storing) return;
+  if (!document.IsEntity(document.CurrentEntity)) document.CurrentEntity = -1;
+  if (!document.IsGroup(document.CurrentGroup)) document.CurrentGroup = -1;
+  document.ApplyShowFilter();
+  document.SetModifiedFlag(false);
+}
+
+LoadedDocument ReadDocument(std::string_view text) {
+  try {
+    auto document = std::make_unique<CZANDODoc>();
+    CFileContext file(text);
+    Serialise(file, *document);
+    return {std::move(document), {}};
+  } catch (const CFileError& error) {
+    return {nullptr, error.what()};
+  } catch (const std::bad_alloc&) {
+    return {nullptr, "there is not enough memory to hold the level"};
+  }
+}
+
+std::string WriteDocument(const CZANDODoc& document) {
+  CFileContext file;
+  // Each object has one operation for both directions; a storing context only reads from it.
+  Serialise(file, const_cast<CZANDODoc&>(document));
+  return file.TakeOutput();
+}
+
+LoadedDocument LoadDocumentFile(const std::filesystem::path& path) {
+  const FileContents contents = ReadWholeFile(path);
+  if (!contents.bytes) return {nullptr, contents.error};
+  LoadedDocument loaded = ReadDocument(*contents.bytes);
+  if (loaded.document) loaded.document->SetPathName(path);
+  return loaded;
+}
+
+std::string SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
+  std::string error = WriteFileAtomically(path, WriteDocument(document));
+  if (!error.empty()) return error;
+  document.SetPathName(path);
+  document.SetModifiedFlag(false);
+  return error;
+}
+
+}  // namespace zando

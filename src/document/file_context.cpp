@@ -1,0 +1,275 @@
+#include "document/file_context.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+namespace zando {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kBlank = " \t\v\f\r";
+constexpr std::string_view kSpace = " \t\v\f\r\n";
+constexpr int kSignificantDigits = 6;
+
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+void AppendNumber(std::string& text, double number) {
+  std::array<char, 32> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                 std::chars_format::general, kSignificantDigits);
+  text.append(digits.data(), end.ptr);
+}
+
+/// Takes a number from the front of the text; on an error the number is left as it was.
+template <typename Number>
+std::errc TakeNumber(std::string_view& text, Number& number) {
+  text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
+  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+  Number parsed{};
+  const auto end = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  if (end.ec != std::errc{}) return end.ec;
+  number = parsed;
+  text.remove_prefix(static_cast<std::size_t>(end.ptr - text.data()));
+  return {};
+}
+
+std::array<double, 16> Entries(const Transform& transform) {
+  std::array<double, 16> entries;
+  auto out = entries.begin();
+  for (const auto& row : transform.m) out = std::copy(row.begin(), row.end(), out);
+  return entries;
+}
+
+}  // namespace
+
+CFileContext::CFileContext(std::string_view text) : storing(false), text_(text) {
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    while (start < end && kBlank.find(text[start]) != std::string_view::npos) ++start;
+    if (start < end) {
+      starts_.push_back(start);
+      initials_ += Lower(text[start]);
+    }
+    start = end + 1;
+  }
+}
+
+std::int32_t CFileContext::PositionOf(const CZandoBrush* brush, std::int32_t otherwise) const {
+  const auto found = BrushPositions.find(brush);
+  return found == BrushPositions.end() ? otherwise : found->second;
+}
+
+void CFileContext::WriteKeyLine(std::string_view key) {
+  output_ += key;
+  output_ += kLineEnd;
+}
+
+void CFileContext::WriteKeyLine(std::string_view key, std::string_view value) {
+  output_ += key;
+  output_ += ' ';
+  const auto start = static_cast<std::ptrdiff_t>(output_.size());
+  output_ += value;
+  std::replace_if(
+      output_.begin() + start, output_.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  output_ += kLineEnd;
+}
+
+bool CFileContext::FindKey(std::string_view key) {
+  const std::size_t found = key.empty() ? position_ : NextMatch(key);
+  if (found >= starts_.size()) return false;
+  if (!EndMarker.empty() && NextMatch(EndMarker) < found) return false;
+  position_ = found + 1;
+  line = TrimmedLine(found);
+  return true;
+}
+
+std::size_t CFileContext::NextMatch(std::string_view key) {
+  const auto [entry, isNew] = next_.try_emplace(key, 0);
+  std::size_t& next = entry->second;
+  if (!isNew && next >= position_) return next;
+  next = Scan(key, position_);
+  return next;
+}
+
+/// The index of the first line from `from` on that begins with the key; one past the end if none.
+std::size_t CFileContext::Scan(std::string_view key, std::size_t from) const {
+  for (std::size_t at = from;; ++at) {
+    at = initials_.find(Lower(key.front()), at);
+    if (at == std::string::npos) return starts_.size();
+    if (Matches(at, key)) return at;
+  }
+}
+
+bool CFileContext::Matches(std::size_t index, std::string_view key) const {
+  const std::string_view rest = text_.substr(starts_[index], key.size());
+  return std::equal(rest.begin(), rest.end(), key.begin(), key.end(),
+                    [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+std::string_view CFileContext::TrimmedLine(std::size_t index) const {
+  const std::string_view rest = text_.substr(starts_[index]);
+  const std::string_view whole = rest.substr(0, rest.find('\n'));
+  return whole.substr(0, whole.find_last_not_of(kBlank) + 1);
+}
+
+std::optional<std::string_view> CFileContext::Value() const {
+  const std::size_t blank = line.find_first_of(" \t");
+  if (blank == std::string_view::npos) return std::nullopt;
+  return line.substr(blank + 1);
+}
+
+bool CFileContext::Header(std::string_view key) {
+  if (!storing) return FindKey(key);
+  WriteKeyLine(key);
+  return true;
+}
+
+bool CFileContext::Exchange(std::string_view key, std::int32_t& number) {
+  if (storing) {
+    std::array<char, 16> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    WriteKeyLine(key, {digits.data(), end.ptr});
+    return true;
+  }
+  if (!FindKey(key)) return false;
+  std::string_view value = Value().value_or("");
+  TakeNumber(value, number);
+  return true;
+}
+
+bool CFileContext::Exchange(std::string_view key, std::uint32_t& colour) {
+  auto number = static_cast<std::int32_t>(colour);
+  const bool present = Exchange(key, number);
+  colour = static_cast<std::uint32_t>(number);
+  return present;
+}
+
+bool CFileContext::Exchange(std::string_view key, std::string& text) {
+  if (storing) {
+    WriteKeyLine(key, text);
+    return true;
+  }
+  if (!FindKey(key)) return false;
+  text = Value().value_or(text);
+  return true;
+}
+
+bool CFileContext::Exchange(std::string_view key, Vector& vector) {
+  std::array<double, 3> numbers{vector.x, vector.y, vector.z};
+  if (storing) {
+    WriteNumbers(key, numbers);
+    return true;
+  }
+  if (!FindKey(key)) return false;
+  ReadNumbers(numbers);
+  vector = {numbers[0], numbers[1], numbers[2]};
+  return true;
+}
+
+bool CFileContext::Exchange(std::string_view key, Transform& transform) {
+  std::array<double, 16> numbers = Entries(transform);
+  if (storing) {
+    WriteNumbers(key, numbers);
+    return true;
+  }
+  if (!FindKey(key)) return false;
+  ReadNumbers(numbers);
+  auto from = numbers.cbegin();
+  for (auto& row : transform.m) {
+    std::copy_n(from, row.size(), row.begin());
+    from += static_cast<std::ptrdiff_t>(row.size());
+  }
+  return true;
+}
+
+std::int32_t CFileContext::Count(std::string_view key, std::size_t stored,
+                                 std::string_view itemKey) {
+  auto count = static_cast<std::int32_t>(stored);
+  if (storing) {
+    Exchange(key, count);
+    return count;
+  }
+  count = 0;
+  if (!FindKey(key)) return count;
+  std::string_view value = Value().value_or("");
+  const std::errc error = TakeNumber(value, count);
+  if (error == std::errc::result_out_of_range || count < 0 ||
+      std::cmp_greater(count, RoomFor(itemKey))) {
+    RefuseLine(std::string(key) + " is negative or larger than the rest of the file can hold");
+  }
+  return count;
+}
+
+std::int32_t CFileContext::RequiredCount(std::string_view key, std::size_t stored,
+                                         std::string_view itemKey) {
+  const std::size_t before = position_;
+  const std::int32_t count = Count(key, stored, itemKey);
+  if (!storing && position_ == before) RefuseMissing(key);
+  return count;
+}
+
+std::size_t CFileContext::LinesAhead(std::string_view key, std::size_t most) const {
+  std::size_t count = 0;
+  for (std::size_t at = position_; count < most; ++at, ++count) {
+    at = Scan(key, at);
+    if (at == starts_.size()) break;
+  }
+  return count;
+}
+
+std::size_t CFileContext::RoomFor(std::string_view itemKey) const {
+  if (position_ == starts_.size()) return 0;
+  const std::size_t bytes = text_.size() - starts_[position_];
+  return std::min(starts_.size() - position_, (bytes + 1) / (itemKey.size() + 1));
+}
+
+void CFileContext::RequiredHeader(std::string_view key) {
+  if (!Header(key)) RefuseMissing(key);
+}
+
+void CFileContext::WriteNumbers(std::string_view key, std::span<const double> numbers) {
+  output_ += key;
+  for (const double number : numbers) {
+    output_ += ' ';
+    AppendNumber(output_, number);
+  }
+  output_ += kLineEnd;
+}
+
+void CFileContext::ReadNumbers(std::span<double> numbers) const {
+  std::string_view value = Value().value_or("");
+  for (double& number : numbers) {
+    if (TakeNumber(value, number) != std::errc{}) return;
+  }
+}
+
+std::size_t CFileContext::LineNumber() const {
+  if (position_ == 0) return 0;
+  const std::string_view before = text_.substr(0, starts_[position_ - 1]);
+  return static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
+}
+
+void CFileContext::RefuseLine(std::string_view reason) const {
+  throw CFileError("not a level file: line " + std::to_string(LineNumber()) + ": " +
+                   std::string(reason));
+}
+
+void CFileContext::RefuseMissing(std::string_view key) const {
+  std::string message = "not a level file: no line \"" + std::string(key) + "\"";
+  if (position_ != 0) message += " where it should follow line " + std::to_string(LineNumber());
+  throw CFileError(message);
+}
+
+bool PrintsTheSame(double a, double b) {
+  if (std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b)) return true;
+  std::array<std::string, 2> printed;
+  AppendNumber(printed[0], a);
+  AppendNumber(printed[1], b);
+  return printed[0] == printed[1];
+}
+
+}  // namespace zando

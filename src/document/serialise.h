@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "csg/bsp_tree.h"
+#include "document/file_context.h"
+#include "document/zando_doc.h"
+
+namespace zando {
+
+/// What the section of a polygon begins with.
+inline constexpr std::string_view kPolygonHeader = "CZandoPoly";
+
+/// Each stored object writes its section of the document file, or reads it, as the context says.
+/// Objects are read into freshly made ones. A file without a line that must be there is refused
+/// with CFileError.
+
+void Serialise(CFileContext& file, CZANDODoc& document);
+void Serialise(CFileContext& file, CZandoBrush& brush);
+void Serialise(CFileContext& file, CZandoPoly& polygon);
+void Serialise(CFileContext& file, CConstructiveBsp& world);
+void Serialise(CFileContext& file, CEntity& entity);
+void Serialise(CFileContext& file, CBGroup& group);
+
+/// The lists, with the index of the current item.
+void Serialise(CFileContext& file, CEntList& entities, std::int32_t& current);
+void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current);
+
+/// The brush list; the document numbers the brushes that are read.
+void SerialiseBrushList(CFileContext& file, CZANDODoc& document);
+
+}  // namespace zando

@@ -1,0 +1,179 @@
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "document/serialise.h"
+
+namespace zando {
+namespace {
+
+bool PrintsTheSame(const Transform& a, const Transform& b) {
+  for (std::size_t row = 0; row < a.m.size(); ++row) {
+    for (std::size_t column = 0; column < a.m[row].size(); ++column) {
+      if (!zando::PrintsTheSame(a.m[row][column], b.m[row][column])) return false;
+    }
+  }
+  return true;
+}
+
+/// The polygons are appended as they are read, with a face record for each.
+void SerialisePolygons(CFileContext& file, CZandoBrush& brush) {
+  const std::int32_t count = file.Count("NumfBPolys", brush.Polys.size(), kPolygonHeader);
+  if (file.storing) {
+    for (CZandoPoly& polygon : brush.Polys) Serialise(file, polygon);
+    return;
+  }
+  brush.SetPolyCount(0);
+  const std::size_t ahead = file.LinesAhead(kPolygonHeader, static_cast<std::size_t>(count));
+  brush.Polys.reserve(ahead);
+  brush.Faces.reserve(ahead);
+  for (std::int32_t i = 0; i < count; ++i) {
+    CZandoPoly polygon;
+    Serialise(file, polygon);
+    brush.Polys.push_back(polygon);
+    brush.Faces.emplace_back();
+  }
+  brush.ComputeFacePoints();
+}
+
+/// A placement that is no more than the translation by Pos is not in the file.
+void SerialisePlacement(CFileContext& file, CZandoBrush& brush) {
+  Transform byPosition = Transform::Identity();
+  byPosition.Translate(brush.Pos[kOwnSlot]);
+  if (file.storing && PrintsTheSame(brush.BMatrix, byPosition)) return;
+  if (!file.Exchange("BMatrix", brush.BMatrix)) brush.BMatrix.Multiply(byPosition);
+}
+
+void SerialisePairs(CFileContext& file, std::vector<EntityPair>& pairs) {
+  const std::int32_t count = file.Count("ePairCount", pairs.size(), "K");
+  if (file.storing) {
+    for (EntityPair& pair : pairs) {
+      file.Exchange("K", pair.key);
+      file.Exchange("V", pair.value);
+    }
+    return;
+  }
+  for (std::int32_t i = 0; i < count; ++i) {
+    EntityPair pair;
+    const bool hasKey = file.Exchange("K", pair.key);
+    const bool hasValue = file.Exchange("V", pair.value);
+    // Neither has moved on in the file: none of the pairs still announced can be there.
+    if (!hasKey && !hasValue) return;
+    pairs.push_back(std::move(pair));
+  }
+}
+
+template <typename Item>
+void SerialiseItems(CFileContext& file, std::vector<Item>& items, std::int32_t count) {
+  if (file.storing) {
+    for (Item& item : items) Serialise(file, item);
+    return;
+  }
+  for (std::int32_t i = 0; i < count; ++i) {
+    Item item;
+    Serialise(file, item);
+    items.push_back(std::move(item));
+  }
+}
+
+}  // namespace
+
+void Serialise(CFileContext& file, CZandoPoly& polygon) {
+  file.RequiredHeader(kPolygonHeader);
+  const std::int32_t count = file.Count("NumVrts", static_cast<std::size_t>(polygon.count), "V");
+  if (count > MAX_POLY_VERTS) file.RefuseLine("a polygon has more than 32 vertices");
+  if (file.storing) {
+    for (Vector& vertex : polygon.Vertices()) file.Exchange("V", vertex);
+    file.WriteKeyLine("End CZandoPoly");
+    return;
+  }
+  polygon.count = 0;
+  for (std::int32_t i = 0; i < count; ++i) {
+    Vector vertex{0.0, 0.0, 0.0};
+    file.Exchange("V", vertex);
+    polygon.Append(vertex);
+  }
+}
+
+void Serialise(CFileContext& file, CZandoBrush& brush) {
+  file.EndMarker = "End CZandoBrush";
+  file.RequiredHeader("CZandoBrush");
+  file.Exchange("TranT", brush.TranT);
+  file.Exchange("Name", brush.Name);
+  file.Exchange("BGroup", brush.BGroup);
+  file.Exchange("BFlags", brush.BFlags);
+  file.Exchange("BEnt", brush.BEnt);
+  std::int32_t id = file.storing ? file.PositionOf(&brush, brush.BBid) : -1;
+  file.Exchange("BBid", id);
+  if (!file.storing) brush.BBid = id;
+  file.Exchange("Pos", brush.Pos[kOwnSlot]);
+  file.Exchange("Rot", brush.Rot[kOwnSlot]);
+  file.Exchange("Scl", brush.Scl[kOwnSlot]);
+  file.Exchange("Shr", brush.Shr[kOwnSlot]);
+  if (!file.storing) {
+    brush.WorkPos[kOwnSlot] = brush.Pos[kOwnSlot];
+    brush.WorkRot[kOwnSlot] = brush.Rot[kOwnSlot];
+  }
+  SerialisePolygons(file, brush);
+  SerialisePlacement(file, brush);
+  file.Header("End CZandoBrush");
+}
+
+void SerialiseBrushList(CFileContext& file, CZANDODoc& document) {
+  file.EndMarker = "End Class CBrushList";
+  if (!file.storing) document.BrushList.Clear();
+  if (!file.Header("Class CBrushList")) return;
+  const auto& brushes = document.BrushList.Brushes();
+  const std::int32_t count = file.RequiredCount("BrushCount", brushes.size(), "CZandoBrush");
+  if (file.storing) {
+    for (const auto& brush : brushes) Serialise(file, *brush);
+    file.WriteKeyLine("End Class CBrushList");
+    return;
+  }
+  for (std::int32_t i = 0; i < count; ++i) {
+    CZandoBrush brush;
+    Serialise(file, brush);
+    document.AddBrush(brush);
+  }
+}
+
+void Serialise(CFileContext& file, CEntity& entity) {
+  file.EndMarker = "End CEntity";
+  if (!file.Header("CEntity")) return;
+  file.Exchange("eStyle", entity.eStyle);
+  file.Exchange("eOrigin", entity.eOrigin);
+  file.Exchange("eFlags", entity.eFlags);
+  file.Exchange("eGroup", entity.eGroup);
+  SerialisePairs(file, entity.Pairs);
+  file.Header("End CEntity");
+}
+
+void Serialise(CFileContext& file, CEntList& entities, std::int32_t& current) {
+  file.EndMarker = "End CEntList";
+  if (!file.Header("Class CEntList")) return;
+  const std::int32_t count = file.RequiredCount("EntCount", entities.size(), "CEntity");
+  file.Exchange("CurEnt", current);
+  SerialiseItems(file, entities, count);
+  if (file.storing) file.WriteKeyLine("End CEntList");
+}
+
+void Serialise(CFileContext& file, CBGroup& group) {
+  file.EndMarker = "End CBGroup";
+  if (!file.Header("CBGroup")) return;
+  file.Exchange("gVis", group.gVis);
+  file.Exchange("gName", group.gName);
+  file.Exchange("gCol", group.gCol);
+  file.Header("End CBGroup");
+}
+
+void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current) {
+  file.EndMarker = "End CGroupList";
+  if (!file.Header("Class CGroupList")) return;
+  file.Exchange("CurGroup", current);
+  const std::int32_t count = file.RequiredCount("GroupCount", groups.size(), "CBGroup");
+  SerialiseItems(file, groups, count);
+  if (file.storing) file.WriteKeyLine("End CGroupList");
+}
+
+}  // namespace zando
