@@ -37,7 +37,7 @@ class CLeastBound {
     block = std::min(block, bound);
   }
 
-  /// The first slot with the least number; there must be one that takes part.
+  /// The first slot with the least number; slot 0 when none takes part. There must be slots.
   [[nodiscard]] std::uint32_t First() const {
     const auto block = std::min_element(blocks_.begin(), blocks_.end());
     const auto from = bounds_.begin() + (block - blocks_.begin()) * std::ptrdiff_t{kBlock};

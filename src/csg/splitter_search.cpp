@@ -1,6 +1,8 @@
 #include "csg/splitter_search.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace zando {
 namespace {
@@ -9,6 +11,30 @@ namespace {
 /// enough to pass over one that cuts much, and asking for more saves asking again.
 constexpr std::uint32_t kFirstWitnesses = 4;
 constexpr std::uint32_t kMoreWitnesses = 2;
+
+double AlongAxis(const Vector& vector, std::uint32_t axis) {
+  if (axis == 0) return vector.x;
+  return axis == 1 ? vector.y : vector.z;
+}
+
+bool IsFinite(const Vector& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+bool IsUnit(double value) { return value == 1.0 || value == -1.0; }
+
+/// The axis that a plane is square to, or the number of axes.
+std::uint32_t SquareAxis(const Vector& normal) {
+  if (IsUnit(normal.x) && normal.y == 0.0 && normal.z == 0.0) return 0;
+  if (normal.x == 0.0 && IsUnit(normal.y) && normal.z == 0.0) return 1;
+  if (normal.x == 0.0 && normal.y == 0.0 && IsUnit(normal.z)) return 2;
+  return 3;
+}
+
+/// Where the plane, square to an axis, stands along it; exact.
+double Position(const Plane& plane, std::uint32_t axis) {
+  return AlongAxis(plane.normal, axis) > 0.0 ? -plane.d : plane.d;
+}
 
 std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members) {
   std::vector<CBspNode*> nodes;
@@ -22,13 +48,79 @@ std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members
 CSplitterSearch::CSplitterSearch(const std::vector<Member>& members)
     : bvh_(Nodes(members)),
       candidates_(members.size()),
+      extents_(members.size()),
       bounds_(members.size()),
       watchers_(members.size()) {
   for (Slot slot = 0; slot < members.size(); ++slot) {
     candidates_[slot].head = members[slot].head;
     candidates_[slot].alive = members[slot].isHead;
-    if (members[slot].isHead) bounds_.Set(slot, 0);
   }
+  std::array<std::vector<CStabbingCounts::Point>, kAxes> points;
+  for (Slot slot = 0; slot < members.size(); ++slot) {
+    Candidate& candidate = candidates_[slot];
+    if (!candidate.alive) continue;
+    candidate.axis = CountableAxis(slot);
+    if (candidate.axis == kNoAxis) {
+      bounds_.Set(slot, 0);
+    } else {
+      const double position = Position(members[slot].node->plane, candidate.axis);
+      points[candidate.axis].push_back({position, slot});
+    }
+  }
+  for (std::vector<CStabbingCounts::Point>& axis : points) alongAxis_.emplace_back(std::move(axis));
+  for (Slot slot = 0; slot < members.size(); ++slot) {
+    extents_[slot] = ExtentsOf(members[slot].node);
+    AddExtents(extents_[slot], 1);
+  }
+}
+
+std::uint32_t CSplitterSearch::CountableAxis(Slot slot) const {
+  const CBspNode* node = bvh_.At(slot);
+  if (HasChain(slot) || !std::isfinite(node->plane.d)) return kNoAxis;
+  // What a polygon bent by rounding does to its own plane is not counted.
+  if (ClassifyPolygon(node->plane, node->polygon) == PolygonClass::Spanning) return kNoAxis;
+  return SquareAxis(node->plane.normal);
+}
+
+bool CSplitterSearch::HasChain(Slot slot) const {
+  const std::size_t next = std::size_t{slot} + 1;
+  return next < candidates_.size() && candidates_[next].head == candidates_[slot].head;
+}
+
+CSplitterSearch::Extents CSplitterSearch::ExtentsOf(const CBspNode* node) const {
+  Extents extents;
+  if (node->nValid == 0) return extents;
+  for (std::uint32_t axis = 0; axis < kAxes; ++axis) {
+    double low = std::numeric_limits<double>::infinity();
+    double high = -low;
+    for (const Vector& vertex : node->polygon.Vertices()) {
+      if (!IsFinite(vertex)) continue;
+      const double coordinate = AlongAxis(vertex, axis);
+      if (coordinate < low) low = coordinate;
+      if (coordinate > high) high = coordinate;
+    }
+    if (low <= high) extents[axis] = alongAxis_[axis].CutBy(low, high);
+  }
+  return extents;
+}
+
+void CSplitterSearch::AddExtents(const Extents& extents, std::int32_t change) {
+  for (std::size_t axis = 0; axis < kAxes; ++axis) alongAxis_[axis].Add(extents[axis], change);
+}
+
+void CSplitterSearch::StopCountingAlongAxis(Slot slot) {
+  Candidate& candidate = candidates_[slot];
+  if (candidate.axis == kNoAxis) return;
+  const double position = Position(bvh_.At(slot)->plane, candidate.axis);
+  CStabbingCounts& counts = alongAxis_[candidate.axis];
+  counts.Erase(counts.PlaceOf({position, slot}));
+  candidate.axis = kNoAxis;
+}
+
+CStabbingCounts::Least CSplitterSearch::FirstAlongAxes() const {
+  CStabbingCounts::Least first;
+  for (const CStabbingCounts& counts : alongAxis_) first = std::min(first, counts.First());
+  return first;
 }
 
 void CSplitterSearch::Restart(Slot slot) {
@@ -60,13 +152,18 @@ void CSplitterSearch::Count(Slot slot, std::uint32_t enough) {
 }
 
 CSplitterSearch::Slot CSplitterSearch::Choose() {
+  const CStabbingCounts::Least square = FirstAlongAxes();
+  const auto squareCount = static_cast<std::uint32_t>(square.count);
+  // Once a candidate has more witnesses than this, the square one wins.
+  const std::uint32_t enoughForSquare = square.slot < candidates_.size() ? squareCount * 3 / 2 : 0;
   while (true) {
     const Slot slot = bounds_.First();
+    if (std::pair(squareCount, square.slot) < std::pair(bounds_[slot], slot)) return square.slot;
     const Candidate& candidate = candidates_[slot];
     // Splitting moves vertices by a rounding error: what hangs on it is counted every time.
     const bool current = !candidate.borderline || candidate.countedAt == taken_;
     if (candidate.complete && current) return slot;
-    Count(slot, kFirstWitnesses + kMoreWitnesses * bounds_[slot]);
+    Count(slot, std::max(kFirstWitnesses + kMoreWitnesses * bounds_[slot], enoughForSquare));
   }
 }
 
@@ -76,6 +173,8 @@ bool CSplitterSearch::IsWatching(const Watcher& watcher) const {
 }
 
 void CSplitterSearch::Leave(Slot slot) {
+  StopCountingAlongAxis(slot);
+  AddExtents(extents_[slot], -1);
   candidates_[slot].alive = false;
   bounds_.Set(slot, CLeastBound::kNone);
   bvh_.Remove(slot);
@@ -86,8 +185,18 @@ void CSplitterSearch::Leave(Slot slot) {
 }
 
 void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
-  const bool sameNode = bvh_.At(slot) == part;
+  const CBspNode* whole = bvh_.At(slot);
+  const bool samePlane =
+      whole->plane.normal == part->plane.normal && whole->plane.d == part->plane.d;
+  // A back piece has a plane of its own, in its last bits it may be another one than the whole's.
+  if (candidates_[slot].alive && !samePlane) {
+    StopCountingAlongAxis(slot);
+    Restart(slot);
+  }
   bvh_.Replace(slot, part);
+  AddExtents(extents_[slot], -1);
+  extents_[slot] = ExtentsOf(part);
+  AddExtents(extents_[slot], 1);
   std::vector<Watcher>& watchers = watchers_[slot];
   std::size_t kept = 0;
   for (const Watcher& watcher : watchers) {
@@ -100,8 +209,6 @@ void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
     }
   }
   watchers.resize(kept);
-  // A back piece has a plane of its own, in its last bits another one than the whole.
-  if (!sameNode && candidates_[slot].alive) Restart(slot);
 }
 
 void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane, Slot splitter) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -9,16 +10,18 @@
 #include "csg/least_bound.h"
 #include "csg/polygon_bvh.h"
 #include "csg/splitter.h"
+#include "csg/stabbing_counts.h"
 
 namespace zando {
 
 /// A list of polygons from which one splitter after the other is taken: gives the same splitters as
 /// ChooseSplitter, without counting every candidate again each time.
 ///
-/// For each candidate it remembers some of the polygons that it cuts: its witnesses. Their number
-/// is a lower bound of its count, and stays one while polygons leave. The candidate with the least
-/// bound is looked at first, and again with more effort each time it comes up, until the one that
-/// comes up has been counted completely.
+/// Candidates whose plane is square to an axis, most of them in a level, are counted along that
+/// axis: which extents hold their position. For each other candidate some of the polygons that it
+/// cuts are remembered: its witnesses. Their number is a lower bound of its count, and stays one
+/// while polygons leave. The candidate with the least bound is looked at first, and again with more
+/// effort each time it comes up, until the one that comes up has been counted completely.
 class CSplitterSearch {
  public:
   using Slot = CPolygonBvh::Slot;
@@ -50,10 +53,14 @@ class CSplitterSearch {
   [[nodiscard]] std::vector<CBspNode*> Remaining() const;
 
  private:
+  static constexpr std::size_t kAxes = 3;
+  static constexpr std::uint32_t kNoAxis = kAxes;
+
   struct Candidate {
     std::uint32_t head = 0;
-    std::uint32_t count = 0;      ///< how often its witnesses have been looked for
-    std::uint32_t countedAt = 0;  ///< splitters taken by then
+    std::uint32_t axis = kNoAxis;  ///< the axis its plane is square to, when counted along it
+    std::uint32_t count = 0;       ///< how often its witnesses have been looked for
+    std::uint32_t countedAt = 0;   ///< splitters taken by then
     bool alive = false;
     bool complete = false;    ///< the witnesses are all that it cuts
     bool borderline = false;  ///< rounding decides whether some polygon is cut
@@ -65,6 +72,17 @@ class CSplitterSearch {
     std::uint32_t count;
   };
 
+  /// The candidates of each axis that a polygon is cut by.
+  using Extents = std::array<CStabbingCounts::Range, kAxes>;
+
+  /// The axis that a head without a chain can be counted along, or kNoAxis.
+  [[nodiscard]] std::uint32_t CountableAxis(Slot slot) const;
+  [[nodiscard]] bool HasChain(Slot slot) const;
+  [[nodiscard]] Extents ExtentsOf(const CBspNode* node) const;
+  void AddExtents(const Extents& extents, std::int32_t change);
+  void StopCountingAlongAxis(Slot slot);
+  [[nodiscard]] CStabbingCounts::Least FirstAlongAxes() const;
+
   void Count(Slot slot, std::uint32_t enough);
   void Restart(Slot slot);
   void Leave(Slot slot);
@@ -74,6 +92,8 @@ class CSplitterSearch {
 
   CPolygonBvh bvh_;
   std::vector<Candidate> candidates_;
+  std::vector<CStabbingCounts> alongAxis_;
+  std::vector<Extents> extents_;                ///< by slot
   CLeastBound bounds_;                          ///< number of witnesses
   std::vector<std::vector<Watcher>> watchers_;  ///< by the slot of the witness
   std::uint32_t taken_ = 0;
