@@ -1,0 +1,189 @@
+#include "cli/level_info.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+namespace zando {
+namespace {
+
+std::string NumberText(double value) {
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  return {buffer.data(), end};
+}
+
+std::string VectorText(const Vector& v) {
+  return '(' + NumberText(v.x) + ' ' + NumberText(v.y) + ' ' + NumberText(v.z) + ')';
+}
+
+std::string Count(std::int32_t n, std::string_view one, std::string_view many) {
+  return std::to_string(n) + ' ' + std::string(n == 1 ? one : many);
+}
+
+/// The text of a level is 8-bit; what leaves for a terminal or a JSON reader is UTF-8.
+std::string Utf8(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      result += c;
+    } else {
+      result += static_cast<char>(0xC0 | (byte >> 6));
+      result += static_cast<char>(0x80 | (byte & 0x3F));
+    }
+  }
+  return result;
+}
+
+/// Without control characters, which a terminal would obey.
+std::string Printable(std::string_view text) {
+  std::string plain(text);
+  const auto isControl = [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
+  };
+  std::replace_if(plain.begin(), plain.end(), isControl, '?');
+  return Utf8(plain);
+}
+
+void CountBrush(CZandoBrush& brush, LevelInfo& info) {
+  ++info.brushes;
+  ++(brush.TranT == kAddToWorld ? info.solid : info.carving);
+  if (brush.IsWater()) ++info.water;
+  if (brush.BelongsToEntity()) ++info.ofEntities;
+  if (brush.BGroup >= 0 && static_cast<std::size_t>(brush.BGroup) < info.groups.size()) {
+    ++info.groups[static_cast<std::size_t>(brush.BGroup)].brushes;
+  }
+
+  brush.UpdateWorld();
+  const bool hasVertices = std::any_of(brush.Polys.begin(), brush.Polys.end(),
+                                       [](const auto& p) { return p.count > 0; });
+  if (!hasVertices) return;
+  if (!info.bounds) info.bounds = LevelInfo::Bounds{brush.BoundsMin, brush.BoundsMax};
+  Vector& low = info.bounds->low;
+  Vector& high = info.bounds->high;
+  low = {std::min(low.x, brush.BoundsMin.x), std::min(low.y, brush.BoundsMin.y),
+         std::min(low.z, brush.BoundsMin.z)};
+  high = {std::max(high.x, brush.BoundsMax.x), std::max(high.y, brush.BoundsMax.y),
+          std::max(high.z, brush.BoundsMax.z)};
+}
+
+nlohmann::ordered_json JsonVector(const Vector& v) {
+  return nlohmann::ordered_json::array({v.x, v.y, v.z});
+}
+
+}  // namespace
+
+LevelInfo CollectInfo(CZANDODoc& document) {
+  LevelInfo info;
+  for (const CBGroup& group : document.Groups) {
+    info.groups.push_back({group.gName, group.gCol, group.gVis != 0});
+  }
+  for (const auto& brush : document.BrushList.Brushes()) CountBrush(*brush, info);
+
+  info.entities = static_cast<std::int32_t>(document.Entities.size());
+  for (const CEntity& entity : document.Entities) {
+    ++info.classes[entity.GetClassname()];
+    if (!document.IsGroup(entity.eGroup)) continue;
+    ++info.groups[static_cast<std::size_t>(entity.eGroup)].entities;
+  }
+
+  CConstructiveBsp& world = document.World;
+  world.CountStats();
+  info.world = {world.nodes, world.coplanar, world.inserted, world.splits, world.visible};
+  return info;
+}
+
+std::string InfoAsText(const LevelInfo& info) {
+  std::string text = "brushes:  " + std::to_string(info.brushes) + " (" +
+                     std::to_string(info.solid) + " solid, " + std::to_string(info.carving) +
+                     " carving; " + std::to_string(info.water) + " water, " +
+                     std::to_string(info.ofEntities) + " of entities)\n";
+  text += "entities: " + std::to_string(info.entities) + '\n';
+  for (const auto& [name, count] : info.classes) {
+    text += "  " + (name.empty() ? "(no class)" : Printable(name)) + ": " + std::to_string(count) +
+            '\n';
+  }
+  text += "groups:   " + std::to_string(info.groups.size()) + '\n';
+  for (const LevelInfo::Group& group : info.groups) {
+    text += "  " + Printable(group.name) + ": " + Count(group.brushes, "brush", "brushes") + ", " +
+            Count(group.entities, "entity", "entities") + ", colour " + ColorAsHex(group.color) +
+            (group.visible ? "\n" : ", hidden\n");
+  }
+  text += "world:    " + Count(info.world.nodes, "node", "nodes") + ", " +
+          std::to_string(info.world.coplanar) + " coplanar, " +
+          std::to_string(info.world.inserted) + " inserted, " + std::to_string(info.world.splits) +
+          " splits, " + std::to_string(info.world.visible) + " visible\n";
+  text += "bounds:   " +
+          (info.bounds ? VectorText(info.bounds->low) + " to " + VectorText(info.bounds->high)
+                       : "none");
+  return text + '\n';
+}
+
+std::string InfoAsJson(const LevelInfo& info) {
+  nlohmann::ordered_json json;
+  json["brushes"] = {{"total", info.brushes},
+                     {"solid", info.solid},
+                     {"carving", info.carving},
+                     {"water", info.water},
+                     {"of_entities", info.ofEntities}};
+  nlohmann::ordered_json classes = nlohmann::ordered_json::object();
+  for (const auto& [name, count] : info.classes) classes[Utf8(name)] = count;
+  json["entities"] = {{"total", info.entities}, {"classes", classes}};
+  json["groups"] = nlohmann::ordered_json::array();
+  for (const LevelInfo::Group& group : info.groups) {
+    json["groups"].push_back({{"name", Utf8(group.name)},
+                              {"color", ColorAsHex(group.color)},
+                              {"visible", group.visible},
+                              {"brushes", group.brushes},
+                              {"entities", group.entities}});
+  }
+  json["world"] = {{"nodes", info.world.nodes},
+                   {"coplanar", info.world.coplanar},
+                   {"inserted", info.world.inserted},
+                   {"splits", info.world.splits},
+                   {"visible", info.world.visible}};
+  json["bounds"] = nullptr;
+  if (info.bounds) {
+    json["bounds"] = {{"min", JsonVector(info.bounds->low)},
+                      {"max", JsonVector(info.bounds->high)}};
+  }
+  return json.dump(2) + '\n';
+}
+
+std::string DescribeWorld(const CConstructiveBsp& world) {
+  std::string text =
+      Count(world.nodes, "node", "nodes") + ", " + std::to_string(world.visible) + " visible";
+  if (world.refused > 0) text += ", " + Count(world.refused, "split", "splits") + " refused";
+  return text;
+}
+
+std::string DescribeExport(const MapExportReport& report) {
+  std::string text = Count(report.brushes, "brush", "brushes") + " written";
+  if (report.strayCells > 0) {
+    text += ", " + Count(report.strayCells, "stray cell", "stray cells") + " left out";
+  }
+  if (report.thinCells > 0) {
+    text += ", " + Count(report.thinCells, "thin cell", "thin cells") + " left out";
+  }
+  if (report.refusedSplits > 0) {
+    text += ", " + Count(report.refusedSplits, "split", "splits") + " refused";
+  }
+  return text;
+}
+
+std::string ColorAsHex(std::uint32_t color) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string hex;
+  for (int channel = 0; channel < 3; ++channel) {
+    hex += digits[(color >> 4) & 0xF];
+    hex += digits[color & 0xF];
+    color >>= 8;
+  }
+  return hex;
+}
+
+}  // namespace zando

@@ -1,0 +1,138 @@
+#include "cli/run_cli.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+
+#include "cli/subcommands.h"
+
+namespace zando {
+namespace {
+
+constexpr const char* kLevelFile = "level, a .3dz file";
+
+/// The arguments of the subcommands, as parsed, and the subcommand to run once all is parsed.
+struct Request {
+  std::string input;
+  std::string output;
+  std::string level;
+  std::string wad = kDefaultWad;
+  bool json = false;
+  bool quick = false;
+  bool optimal = false;
+  bool water = false;
+  std::function<void(std::ostream&)> run;
+};
+
+void AddInfo(CLI::App& app, Request& request) {
+  CLI::App* info = app.add_subcommand("info", "Tell what a level holds");
+  info->add_option("LEVEL", request.input, kLevelFile)->required();
+  info->add_flag("--json", request.json, "as JSON");
+  info->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      ShowInfo(request.input, request.json ? InfoFormat::Json : InfoFormat::Text, out);
+    };
+  });
+}
+
+void AddRebuild(CLI::App& app, Request& request) {
+  CLI::App* rebuild = app.add_subcommand("rebuild", "Build the world of a level anew");
+  CLI::Option* quick = rebuild->add_flag("--quick", request.quick, "replay the brushes one by one");
+  rebuild
+      ->add_flag("--optimal", request.optimal,
+                 "clip all faces first, then build a tree of the visible ones (default)")
+      ->excludes(quick);
+  rebuild->add_flag("--water", request.water, "build water brushes too");
+  rebuild->add_option("IN", request.input, kLevelFile)->required();
+  rebuild->add_option("OUT", request.output, "where the level is saved")->required();
+  rebuild->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      RebuildLevel(request.input, request.output,
+                   request.quick ? RebuildKind::Quick : RebuildKind::Optimal,
+                   request.water ? WaterBrushes::Build : WaterBrushes::Skip, out);
+    };
+  });
+}
+
+void AddExport(CLI::App& app, Request& request) {
+  CLI::App* exporter = app.add_subcommand("export-map", "Export a level for the game's tools");
+  exporter->add_option("--wad", request.wad, "texture archive that the level names")
+      ->capture_default_str();
+  exporter->add_option("IN", request.input, kLevelFile)->required();
+  exporter->add_option("OUT", request.output, "the .map file to write")->required();
+  exporter->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      ExportLevel(request.input, request.output, request.wad, out);
+    };
+  });
+}
+
+void AddConvert(CLI::App& app, Request& request) {
+  CLI::App* convert = app.add_subcommand(
+      "convert", "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map exports");
+  convert->add_option("IN", request.input, kLevelFile)->required();
+  convert->add_option("OUT", request.output, "a .3dz or .map file")->required();
+  convert->callback([&request] {
+    if (!CanConvert(request.input, request.output)) {
+      throw CLI::ValidationError("convert", "can convert .3dz to .3dz and .3dz to .map, not " +
+                                                request.input + " to " + request.output);
+    }
+    request.run = [&request](std::ostream& out) {
+      ConvertFile(request.input, request.output, out);
+    };
+  });
+}
+
+void AddRun(CLI::App& app, Request& request) {
+  CLI::App* run = app.add_subcommand("run", "Run a script that builds a level");
+  run->add_option("--level", request.level, "start from this level, not from a new one");
+  run->add_option("SCRIPT", request.input, "a .zscript file")->required();
+  run->add_option("OUT", request.output, "where the level is saved")->required();
+  run->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      RunScriptFile(request.input, request.level, request.output, out);
+    };
+  });
+}
+
+/// File names and the reasons of the system may hold anything; the message stays one line.
+std::string OneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
+  return text;
+}
+
+int Fail(std::ostream& err, const std::string& reason) {
+  err << OneLine(reason) << '\n';
+  return kCliFailed;
+}
+
+}  // namespace
+
+int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
+  CLI::App app("Build, inspect, rebuild and export levels.", "zando-cli");
+  app.set_version_flag("--version", "zando-cli " ZANDO_VERSION);
+  app.require_subcommand(1);
+  Request request;
+  AddInfo(app, request);
+  AddRebuild(app, request);
+  AddExport(app, request);
+  AddConvert(app, request);
+  AddRun(app, request);
+
+  std::reverse(arguments.begin(), arguments.end());
+  try {
+    app.parse(std::move(arguments));
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error, out, err) == 0 ? kCliDone : kCliWrongUsage;
+  }
+  try {
+    request.run(out);
+  } catch (const CCommandFailure& failure) {
+    return Fail(err, failure.what());
+  }
+  if (!out.flush()) return Fail(err, "standard output: cannot be written");
+  return kCliDone;
+}
+
+}  // namespace zando

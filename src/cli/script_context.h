@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/script.h"
+#include "document/zando_doc.h"
+
+namespace zando {
+
+/// What the commands of a running script work on. The lookups throw CScriptError when they find
+/// nothing.
+class CScriptContext {
+ public:
+  CZANDODoc& document;
+  std::vector<PendingFile> files;
+  std::vector<std::string> notes;
+
+  explicit CScriptContext(CZANDODoc& level) : document(level) {}
+
+  /// The listed brush that a word names: its index in the list, `last`, or the first shown brush of
+  /// that name. A hidden brush cannot be named.
+  [[nodiscard]] CZandoBrush& Brush(const std::string& word);
+
+  /// As Brush, but every shown brush of the name, and FIRST..LAST for a range of indices.
+  [[nodiscard]] std::vector<CZandoBrush*> Brushes(const std::string& word);
+
+  [[nodiscard]] std::int32_t GroupIndex(std::string_view name) const;
+  [[nodiscard]] CBGroup& Group(std::string_view name);
+
+  /// The index, if there is such an entity.
+  [[nodiscard]] std::int32_t CheckedEntity(std::int32_t index) const;
+  [[nodiscard]] CEntity& CurrentEntity();
+
+  /// The brush that placement commands act on.
+  [[nodiscard]] CZandoBrush& CurrentBrush() { return *document.CurrentBrush; }
+
+  /// The level changed under a view's eyes.
+  void Changed();
+
+ private:
+  [[nodiscard]] CZandoBrush& BrushAt(std::int32_t index);
+  [[nodiscard]] std::vector<CZandoBrush*> ShownBrushesNamed(const std::string& name) const;
+};
+
+/// Text that both the level's own file and a .map hold unharmed: no quotes, no blanks at the ends.
+/// Returns it; `what` names it in the error.
+[[nodiscard]] const std::string& CheckedText(const std::string& text, std::string_view what);
+
+}  // namespace zando

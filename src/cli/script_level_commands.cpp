@@ -1,0 +1,78 @@
+#include <array>
+
+#include "cli/level_info.h"
+#include "cli/script_commands.h"
+#include "cli/subcommands.h"
+#include "csg/csg_world.h"
+#include "document/document_file.h"
+#include "formats/map_writer.h"
+
+namespace zando {
+namespace {
+
+void Show(CScriptContext& context, CScriptArguments& arguments) {
+  constexpr std::array filters{ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP};
+  CZANDODoc& document = context.document;
+  document.ShowFilter = filters[arguments.Choice({"all", "visible-groups", "current-group"})];
+  document.ApplyShowFilter();
+  document.UpdateAllViews(nullptr);
+}
+
+void ShowEntities(CScriptContext& context, CScriptArguments& arguments) {
+  const bool shown = context.document.ShowEntities != 0;
+  if (arguments.OnOff() != shown) context.document.ToggleShowEntities();
+}
+
+void Rebuild(CScriptContext& context, CScriptArguments& arguments) {
+  const bool optimal = arguments.Choice({"quick", "optimal"}) == 1;
+  WaterBrushes water = WaterBrushes::Skip;
+  if (!arguments.IsEmpty()) {
+    arguments.Choice({"water"});
+    water = WaterBrushes::Build;
+  }
+  CConstructiveBsp& world = context.document.World;
+  if (optimal) {
+    RebuildOptimal(world, nullptr, water);
+  } else {
+    RebuildQuick(world, nullptr, water);
+  }
+  world.CountStats();
+  context.notes.push_back("rebuild: " + DescribeWorld(world));
+  context.Changed();
+}
+
+const std::string& PathWord(CScriptArguments& arguments) {
+  const std::string& path = arguments.Word();
+  if (path.empty()) throw CScriptError("the path is empty");
+  return path;
+}
+
+void Save(CScriptContext& context, CScriptArguments& arguments) {
+  context.files.push_back({PathWord(arguments), WriteDocument(context.document)});
+}
+
+void Export(CScriptContext& context, CScriptArguments& arguments) {
+  const std::string& path = PathWord(arguments);
+  std::string wad = kDefaultWad;
+  if (!arguments.IsEmpty()) {
+    arguments.Choice({"wad"});
+    wad = CheckedText(arguments.Word(), "the path of a wad");
+  }
+  MapExportReport report;
+  context.files.push_back({path, WriteMap(context.document, wad, &report)});
+  context.notes.push_back(path + ": " + DescribeExport(report));
+}
+
+constexpr std::array kCommands{
+    ScriptCommand{"show", "show all|visible-groups|current-group", Show},
+    ScriptCommand{"show-entities", "show-entities on|off", ShowEntities},
+    ScriptCommand{"rebuild", "rebuild quick|optimal [water]", Rebuild},
+    ScriptCommand{"save", "save PATH", Save},
+    ScriptCommand{"export", "export PATH [wad PATH]", Export},
+};
+
+}  // namespace
+
+std::span<const ScriptCommand> LevelCommands() { return kCommands; }
+
+}  // namespace zando

@@ -1,0 +1,98 @@
+#include "cli/subcommands.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "cli/level_info.h"
+#include "cli/script.h"
+#include "document/document_file.h"
+#include "formats/map_writer.h"
+#include "platform/file_io.h"
+
+namespace zando {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
+  LoadedDocument loaded = LoadDocumentFile(path);
+  if (!loaded.document) throw CCommandFailure(path, loaded.error);
+  return std::move(loaded.document);
+}
+
+void Save(CZANDODoc& document, const fs::path& path) {
+  const std::string error = SaveDocumentFile(document, path);
+  if (!error.empty()) throw CCommandFailure(path, error);
+}
+
+std::string LowerExtension(const fs::path& path) {
+  std::string extension = path.extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return extension;
+}
+
+bool IsLevel(const fs::path& path) { return LowerExtension(path) == ".3dz"; }
+bool IsMap(const fs::path& path) { return LowerExtension(path) == ".map"; }
+
+}  // namespace
+
+void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
+  const std::unique_ptr<CZANDODoc> document = Load(level);
+  const LevelInfo info = CollectInfo(*document);
+  out << (format == InfoFormat::Json ? InfoAsJson(info) : InfoAsText(info));
+}
+
+void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
+                  WaterBrushes water, std::ostream& out) {
+  const std::unique_ptr<CZANDODoc> document = Load(input);
+  if (kind == RebuildKind::Quick) {
+    RebuildQuick(document->World, nullptr, water);
+  } else {
+    RebuildOptimal(document->World, nullptr, water);
+  }
+  document->World.CountStats();
+  Save(*document, output);
+  out << output.string() << ": " << DescribeWorld(document->World) << '\n';
+}
+
+void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
+                 std::ostream& out) {
+  const std::unique_ptr<CZANDODoc> document = Load(input);
+  MapExportReport report;
+  const std::string error = ExportMap(*document, output, wad, &report);
+  if (!error.empty()) throw CCommandFailure(output, error);
+  out << output.string() << ": " << DescribeExport(report) << '\n';
+}
+
+bool CanConvert(const fs::path& input, const fs::path& output) {
+  return IsLevel(input) && (IsLevel(output) || IsMap(output));
+}
+
+void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out) {
+  if (IsMap(output)) {
+    ExportLevel(input, output, kDefaultWad, out);
+    return;
+  }
+  Save(*Load(input), output);
+}
+
+void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
+                   std::ostream& out) {
+  const FileContents text = ReadWholeFile(script);
+  if (!text.bytes) throw CCommandFailure(script, text.error);
+  const std::unique_ptr<CZANDODoc> document =
+      level.empty() ? std::make_unique<CZANDODoc>() : Load(level);
+
+  const ScriptResult result = RunScript(*document, *text.bytes, script.string());
+  if (!result.error.empty()) throw CCommandFailure(result.error);
+  for (const PendingFile& file : result.files) {
+    const std::string error = WriteFileAtomically(file.path, file.bytes);
+    if (!error.empty()) throw CCommandFailure(file.path, error);
+  }
+  Save(*document, output);
+  for (const std::string& note : result.notes) out << note << '\n';
+}
+
+}  // namespace zando

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <filesystem>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include "csg/csg_world.h"
+
+namespace zando {
+
+/// A subcommand that could not be done: what() is one line, `file: reason`.
+class CCommandFailure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  CCommandFailure(const std::filesystem::path& file, const std::string& reason)
+      : std::runtime_error(file.string() + ": " + reason) {}
+};
+
+enum class InfoFormat { Text, Json };
+enum class RebuildKind { Quick, Optimal };
+
+/// What an exported level names as its texture archive unless told otherwise.
+inline constexpr const char* kDefaultWad = "MYWAD.WAD";
+
+/// The subcommands of zando-cli. Each reads all of its input before it writes, replaces a file
+/// whole or not at all, tells `out` what it did, and throws CCommandFailure.
+
+void ShowInfo(const std::filesystem::path& level, InfoFormat format, std::ostream& out);
+
+void RebuildLevel(const std::filesystem::path& input, const std::filesystem::path& output,
+                  RebuildKind kind, WaterBrushes water, std::ostream& out);
+
+void ExportLevel(const std::filesystem::path& input, const std::filesystem::path& output,
+                 const std::string& wad, std::ostream& out);
+
+/// Whether ConvertFile knows the way from the one file to the other, by their extensions.
+[[nodiscard]] bool CanConvert(const std::filesystem::path& input,
+                              const std::filesystem::path& output);
+void ConvertFile(const std::filesystem::path& input, const std::filesystem::path& output,
+                 std::ostream& out);
+
+/// Runs a script on the level, or on a new one when `level` is empty, and saves the result. Nothing
+/// is written unless the whole script succeeds.
+void RunScriptFile(const std::filesystem::path& script, const std::filesystem::path& level,
+                   const std::filesystem::path& output, std::ostream& out);
+
+}  // namespace zando

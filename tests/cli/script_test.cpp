@@ -1,0 +1,230 @@
+#include "cli/script.h"
+
+#include <cstdint>
+
+#include "cli/cli_fixture.h"
+#include "cli/script_commands.h"
+#include "document/document_file.h"
+
+namespace zando {
+namespace {
+
+/// Uses every command of the language.
+constexpr const char* kEveryCommand =
+    "# a comment, then a blank line\r\n"
+    "\r\n"
+    "\tbox x=64 y=32 z=64 top_x=16 style=hollow wall=4  # and another\n"
+    "box x=64 y=32 z=48 top_x=16\n"
+    "name \"city2_5\"\n"
+    "position 8 16 -24\nrotate 90 0 0\nscale 2 1 1\nshear 0.5 0 0\n"
+    "add\n"                                // 0: tapered, turned, scaled and sheared
+    "reset\nbox\nname *slime\nsubtract\n"  // 1: a plain box at the same place
+    "pick 0\ncopy-to-current\nadd\n"       // 2: a copy of 0
+    "pick last\ndelete\n"                  // gone again
+    "pick city2_5\nsubtract\n"             // 0 becomes carving
+    "select city2_5\ngroup new \"North wing\"\ngroup color \"North wing\" 102030\n"
+    "group visible \"North wing\" off\n"
+    "pick none\nposition 100 0 0\nadd\nposition 200 0 0\nadd\n"  // 2 and 3, in the wing
+    "select 2..3 1\ngroup remove\nselect none\nselect last\ngroup add\n"
+    "group new spare\nselect 2\ngroup add\ngroup move spare 0 8 0\ngroup current none\n"
+    "group new pair\nselect 1 2\ngroup add\n"
+    "group scale pair 2 1 1\ngroup rotate pair 180 0 0\ngroup current none\n"
+    "entity new monster_ogre\nentity origin 1 -2 3\nentity add-key angle 90\n"
+    "entity light\nentity set light 200\nentity copy\nentity set ORIGIN \"4 5 6\"\n"
+    "entity new func_door\nentity own 3\nentity disown\nselect 3\nentity own\n"
+    "entity select 1\nentity delete\n"
+    "select entity 0\nselect all\nselect none\n"
+    "show-entities off\nshow visible-groups\nshow current-group\nshow all\nshow-entities on\n"
+    "rebuild quick\nrebuild optimal water\n"
+    "save \"half way.3dz\"\nadd\nexport out.map wad my.wad\n";
+
+CZandoBrush& BrushAt(const CZANDODoc& document, std::size_t index) {
+  CZandoBrush& brush = *document.BrushList.Brushes().at(index);
+  brush.UpdateWorld();
+  return brush;
+}
+
+TEST(Script, EveryCommandDoesItsPart) {
+  CZANDODoc document;
+  const ScriptResult result = RunScript(document, kEveryCommand, "all.zscript");
+  ASSERT_EQ(result.error, "");
+  ASSERT_EQ(document.BrushCount(), 5);
+
+  const CZandoBrush& first = BrushAt(document, 0);
+  EXPECT_EQ(first.TranT, kSubtractFromWorld);
+  EXPECT_EQ(first.Name, "city2_5");
+  EXPECT_EQ(first.PolyCount(), 6);
+  EXPECT_EQ(first.BGroup, 0);
+  EXPECT_FALSE(first.BelongsToEntity());
+  // 64 x 48 at the bottom, sheared by half of z, twice as wide, turned by a quarter: local x is
+  // world z, and its extent is (32 + 12) * 2 to each side.
+  EXPECT_NEAR(first.BoundsMax.z, -24.0 + 88.0, 1e-9);
+  EXPECT_NEAR(first.BoundsMin.x, 8.0 - 24.0, 1e-9);
+  EXPECT_NEAR(first.BoundsMax.y, 32.0, 1e-9);
+
+  // The pair: brush 1 at (8, 16, -24), brush 2 at (100, 8, 0), half a turn about their mean of x
+  // 54 and with twice the distance from it.
+  EXPECT_NEAR(BrushAt(document, 1).WorldOrigin().x, 54.0 + 92.0, 1e-9);
+  EXPECT_NEAR(BrushAt(document, 2).WorldOrigin().x, 54.0 - 92.0, 1e-9);
+  EXPECT_NEAR(BrushAt(document, 2).WorldOrigin().y, 8.0, 1e-9);
+  EXPECT_NEAR(BrushAt(document, 1).BoundsMax.x - BrushAt(document, 1).BoundsMin.x, 256.0, 1e-9);
+  EXPECT_EQ(BrushAt(document, 1).Name, "*slime");
+
+  ASSERT_EQ(document.Groups.size(), 3U);
+  EXPECT_EQ(document.Groups[0].gName, "North wing");
+  EXPECT_EQ(document.Groups[0].gCol, 0x302010U);
+  EXPECT_EQ(document.Groups[0].gVis, 0);
+  EXPECT_EQ(BrushAt(document, 4).BGroup, -1);
+
+  ASSERT_EQ(document.Entities.size(), 3U);
+  EXPECT_EQ(document.Entities[0].eOrigin, (Vector{1.0, -2.0, 3.0}));
+  EXPECT_EQ(document.Entities[0].GetValue("angle"), "90");
+  EXPECT_EQ(document.Entities[1].eOrigin, (Vector{4.0, 5.0, 6.0}));
+  EXPECT_EQ(document.Entities[1].GetValue("light"), "200");
+  EXPECT_TRUE(BrushAt(document, 3).BelongsToEntity());
+  EXPECT_EQ(BrushAt(document, 3).BEnt, 2);
+  EXPECT_FALSE(document.AnySelected());
+
+  ASSERT_EQ(result.files.size(), 2U);
+  EXPECT_EQ(result.files[0].path, "half way.3dz");
+  const LoadedDocument saved = ReadDocument(result.files[0].bytes);
+  ASSERT_TRUE(saved.document) << saved.error;
+  EXPECT_EQ(saved.document->BrushCount(), 4);
+  EXPECT_NE(result.files[1].bytes.find("\"wad\" \"my.wad\""), std::string::npos);
+}
+
+TEST(Script, FirstErrorIsToldWithItsLine) {
+  const struct {
+    const char* script;
+    const char* error;
+  } cases[] = {
+      {"add\n\nad\n", "3: unknown command 'ad'"},
+      {"add\r\ngroup old x", "2: unknown command 'group'"},
+      {"name \"a b", "1: a quote that is not closed"},
+      {"name \"ab\\", "1: a quote that is not closed"},
+      {"name \"a\\n\"", "1: unknown escape '\\n'"},
+      {"name a\"b\"", "1: a quote inside a word"},
+      {"name \"a\"b", "1: no blank after a closing quote"},
+      {"add\n\x01", "2: a control character"},
+      {"position 1 2", "1: too few words; usage: position X Y Z"},
+      {"position 1 2 3 4", "1: too many words; usage: position X Y Z"},
+      {"position 1 2 3x", "1: '3x' is not a number"},
+      {"position 1,5 2 3", "1: '1,5' is not a number"},
+      {"position +1 2 3", "1: '+1' is not a number"},
+      {"position nan 2 3", "1: 'nan' is not a number"},
+      {"position 1e400 2 3", "1: '1e400' is not a number"},
+      {"position 1e7 2 3", "1: '1e7' is beyond 1000000"},
+      {"scale 1 0 1", "1: '0' is not above 0"},
+      {"box x=-1", "1: '-1' is not above 0"},
+      {"box x=1 x=2", "1: 'x' is given twice"},
+      {"box q=1", "1: unknown parameter 'q'"},
+      {"box 64", "1: expected key=value, not '64'; usage: box"},
+      {"box style=round", "1: expected solid or hollow, not 'round'"},
+      {"box style=hollow wall=64", "1: the walls leave no room in the box"},
+      {"name \"a b\"", "1: a brush's name cannot hold a blank"},
+      {"name \"\"", "1: a brush's name cannot be empty, nor begin or end with a blank"},
+      {"name \"a\\\"\"", "1: a brush's name cannot hold a quote"},
+      {"pick 0", "1: no brush 0, the level has 0"},
+      {"pick last", "1: the level has no brushes"},
+      {"add\npick wall", "2: no shown brush 'wall'"},
+      {"add\nselect 0..1", "2: no brush 1, the level has 1"},
+      {"add\nshow visible-groups\npick 0", "3: brush 0 is hidden"},
+      {"delete", "1: no brush is picked"},
+      {"copy-to-current", "1: no brush is picked"},
+      {"group add", "1: nothing is selected"},
+      {"group new a\ngroup new a", "2: there is a group 'a' already"},
+      {"group current b", "1: unknown group 'b'"},
+      {"group new a\ngroup color a 12345g", "2: '12345g' is not a colour RRGGBB"},
+      {"group new a\ngroup visible a yes", "2: expected off or on, not 'yes'"},
+      {"entity new lihgt", "1: unknown class 'lihgt'"},
+      {"entity set light 1", "1: no entity is current"},
+      {"entity light\nentity set angle 1", "2: light has no key 'angle' (entity add-key adds it)"},
+      {"entity light\nentity add-key Light 1", "2: there is a key 'Light' already"},
+      {"entity light\nentity set light \"1 \"",
+       "2: a value cannot be empty, nor begin or end with a blank"},
+      {"entity light\nentity origin 1.5 0 0", "2: '1.5' is not a whole number"},
+      {"entity new func_wall\nentity origin 0 0 0",
+       "2: func_wall has no key 'origin' (entity add-key adds it)"},
+      {"entity new func_wall\nentity own", "2: no brush is named or selected"},
+      {"entity select 0", "1: no entity 0, the level has 0"},
+      {"rebuild fast", "1: expected quick or optimal, not 'fast'"},
+      {"rebuild quick lava", "1: expected water, not 'lava'"},
+      {"save \"\"", "1: the path is empty"},
+      {"export a.map wod b", "1: expected wad, not 'wod'"},
+  };
+  for (const auto& [script, error] : cases) {
+    CZANDODoc document;
+    const ScriptResult result = RunScript(document, script, "s");
+    EXPECT_TRUE(result.error.starts_with(std::string("s:") + error)) << result.error;
+    EXPECT_TRUE(result.files.empty() && result.notes.empty()) << script;
+  }
+}
+
+class ScriptFile : public CCliTest {};
+
+TEST_F(ScriptFile, FailingScriptWritesNoFile) {
+  const std::string script = Write("bad.zscript", "add\nsave " + Path("saved.3dz") + "\nexport " +
+                                                      Path("out.map") + "\nentity new lihgt\n");
+  const std::string out = Write("out.3dz", "what was there");
+  const std::set<std::string> before = FilesHere();
+  const Outcome outcome = Run({"run", script, out});
+  EXPECT_EQ(outcome.status, kCliFailed);
+  EXPECT_EQ(outcome.err, script + ":4: unknown class 'lihgt'\n");
+  EXPECT_EQ(FilesHere(), before);
+  EXPECT_EQ(Read(out), "what was there");
+}
+
+TEST_F(ScriptFile, ScriptGoesOnFromAGivenLevel) {
+  const std::string level = MakeLevel("one.3dz", "name base\nadd\n");
+  const std::string script = Write("more.zscript",
+                                   "pick base\ncopy-to-current\nposition 200 0 0\n"
+                                   "add\nsave " +
+                                       Path("saved.3dz"));
+  ASSERT_EQ(Run({"run", "--level", level, script, Path("two.3dz")}).status, kCliDone);
+  const LoadedDocument two = LoadDocumentFile(Path("two.3dz"));
+  ASSERT_TRUE(two.document) << two.error;
+  EXPECT_EQ(two.document->BrushCount(), 2);
+  EXPECT_EQ(Read(Path("saved.3dz")), Read(Path("two.3dz")));
+}
+
+TEST(Script, DamagedScriptsEndInOneLineAtMost) {
+  std::uint32_t state = 1;
+  const auto next = [&state](std::size_t below) {
+    state = state * 1664525U + 1013904223U;
+    return (state >> 8) % below;
+  };
+  int failed = 0;
+  for (int round = 0; round < 300; ++round) {
+    std::string script = kEveryCommand;
+    for (int i = 0; i < 3; ++i) {
+      const std::size_t at = next(script.size());
+      if (next(2) == 0) {
+        script.erase(at, 1 + next(8));
+      } else {
+        script[at] = static_cast<char>(next(256));
+      }
+    }
+    CZANDODoc document;
+    const ScriptResult result = RunScript(document, script, "damaged");
+    failed += result.error.empty() ? 0 : 1;
+    EXPECT_EQ(result.error.find('\n'), std::string::npos) << result.error;
+    EXPECT_TRUE(result.error.empty() || result.files.empty());
+  }
+  EXPECT_GT(failed, 100);
+}
+
+TEST_F(ScriptFile, EveryCommandIsDocumentedAndTried) {
+  const std::string documentation = Read(ZANDO_SOURCE_DIR "/docs/script.md");
+  const std::string tried = std::string("\n") + kEveryCommand;
+  for (const auto commands :
+       {BrushCommands(), GroupCommands(), EntityCommands(), LevelCommands()}) {
+    for (const ScriptCommand& command : commands) {
+      EXPECT_NE(documentation.find('`' + std::string(command.name)), std::string::npos)
+          << command.name;
+      EXPECT_NE(tried.find('\n' + std::string(command.name)), std::string::npos) << command.name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zando
