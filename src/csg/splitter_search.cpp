@@ -87,6 +87,10 @@ void CSplitterSearch::Leave(Slot slot) {
 
 void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
   const bool sameNode = bvh_.At(slot) == part;
+  // The back piece of a hidden polygon is visible: no candidate has counted it.
+  if (bvh_.At(slot)->nValid == 0 && part->nValid != 0) {
+    for (Candidate& candidate : candidates_) candidate.complete = false;
+  }
   bvh_.Replace(slot, part);
   std::vector<Watcher>& watchers = watchers_[slot];
   std::size_t kept = 0;
