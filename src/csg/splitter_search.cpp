@@ -186,9 +186,13 @@ void CSplitterSearch::Leave(Slot slot) {
 
 void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
   const CBspNode* whole = bvh_.At(slot);
+  // The back piece of a hidden polygon is visible: no candidate has counted it.
+  if (whole->nValid == 0 && part->nValid != 0) {
+    for (Candidate& candidate : candidates_) candidate.complete = false;
+  }
+  // A back piece computes its own plane; in its last bits it may differ from the whole's.
   const bool samePlane =
       whole->plane.normal == part->plane.normal && whole->plane.d == part->plane.d;
-  // A back piece has a plane of its own, in its last bits it may be another one than the whole's.
   if (candidates_[slot].alive && !samePlane) {
     StopCountingAlongAxis(slot);
     Restart(slot);

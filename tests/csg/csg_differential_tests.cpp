@@ -1,0 +1,216 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <ostream>
+#include <string>
+
+#include "csg/csg_world.h"
+#include "csg/literal_csg.h"
+#include "csg/node_tree_builder.h"
+#include "support/csg_testing.h"
+
+namespace zando::testing {
+namespace {
+
+using Layout = LevelOptions::Layout;
+
+class CStepCounter : public CProgress {
+ public:
+  void StepIt() override { ++steps; }
+  std::int32_t steps = 0;
+};
+
+bool SameBits(const Vector& a, const Vector& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+std::string PolygonDifference(const CBspNode& a, const CBspNode& b) {
+  if (a.polygon.count != b.polygon.count) return "vertex count";
+  for (std::int32_t i = 0; i < a.polygon.count; ++i) {
+    if (!SameBits(a.polygon[i], b.polygon[i])) return "vertex " + std::to_string(i);
+  }
+  if (!SameBits(a.plane.normal, b.plane.normal)) return "normal";
+  if (std::memcmp(&a.plane.d, &b.plane.d, sizeof a.plane.d) != 0) return "plane distance";
+  if (a.polygon.tag < 4 || a.polygon.tag > 253) return "colour tag";
+  return {};
+}
+
+std::string MemberDifference(const CBspNode& a, const CBspNode& b) {
+  if (a.nValid != b.nValid) return "visibility";
+  if (a.nBid != b.nBid || a.nPolNum != b.nPolNum || a.pBrush != b.pBrush) return "owner";
+  return PolygonDifference(a, b);
+}
+
+/// Where and in what two trees differ first; empty when they are the same.
+std::string Difference(const CBspNode* a, const CBspNode* b, const std::string& path) {
+  if ((a == nullptr) != (b == nullptr)) return path + ": only one has a node";
+  if (a == nullptr) return {};
+  const CBspNode* memberA = a;
+  const CBspNode* memberB = b;
+  for (int i = 0; memberA != nullptr && memberB != nullptr; ++i) {
+    const std::string what = MemberDifference(*memberA, *memberB);
+    if (!what.empty()) return path + " member " + std::to_string(i) + ": " + what;
+    memberA = memberA->chain;
+    memberB = memberB->chain;
+  }
+  if (memberA != memberB) return path + ": chain length";
+  const std::string front = Difference(a->front, b->front, path + "f");
+  return front.empty() ? Difference(a->back, b->back, path + "b") : front;
+}
+
+::testing::AssertionResult SameWorlds(CConstructiveBsp& world, literal::Tree& plain) {
+  world.CountStats();
+  literal::CountStats(plain);
+  const std::string difference = Difference(world.root, plain.root, "root ");
+  if (!difference.empty()) return ::testing::AssertionFailure() << difference;
+  if (world.nodes != plain.nodes || world.coplanar != plain.coplanar ||
+      world.inserted != plain.inserted || world.splits != plain.splits ||
+      world.visible != plain.visible || world.refused != plain.refused) {
+    return ::testing::AssertionFailure()
+           << "statistics; refused " << world.refused << " and " << plain.refused;
+  }
+  return ::testing::AssertionSuccess();
+}
+
+/// A kind of random level: options, and what is done to each brush afterwards.
+struct Kind {
+  const char* name;
+  LevelOptions options;
+  void (*change)(CZandoBrush& brush, CRandom& random) = nullptr;
+};
+
+void RefaceSome(CZandoBrush& brush, CRandom& random) {
+  if (random.Percent(35)) Hollow(brush);
+  if (random.Percent(25)) Triangulate(brush);
+}
+
+/// Drums whose rims stand out of the grid by a single corner: to cut it off would take more
+/// vertices than a polygon holds.
+void DrumSome(CZandoBrush& brush, CRandom& random) {
+  if (random.Percent(60)) return;
+  MakeDrum(brush, random.Between(MAX_POLY_VERTS - 1, MAX_POLY_VERTS));
+  brush.Scl[kOwnSlot] = {1.01, 1.0, 1.01};
+}
+
+/// Moves faces that coincide apart, by more and by less than the tolerance.
+void Jitter(CZandoBrush& brush, CRandom& random) {
+  const auto offset = [&random] { return random.Between(-4, 4) * 0.0004; };
+  brush.BMatrix.Translate(offset(), offset(), offset());
+}
+
+void HideSome(CZandoBrush& brush, CRandom& random) {
+  if (random.Percent(20)) brush.BFlags |= BF_ENTITY;
+  if (random.Percent(20)) brush.BFlags &= ~BF_SHOWN;
+}
+
+const Kind kKinds[] = {
+    {"GeneralPosition", {.brushes = 60, .extent = 256, .maxSize = 128}},
+    {"CoarseGrid", {.layout = Layout::CoarseGrid, .brushes = 60, .water = 20}},
+    {"Tapered", {.brushes = 50, .extent = 256, .maxSize = 128, .tapered = 70, .water = 20}},
+    {"TaperedOnGrid", {.layout = Layout::CoarseGrid, .brushes = 50, .tapered = 50}},
+    {"Turned", {.brushes = 30, .extent = 160, .maxSize = 128, .tapered = 30, .turned = 70}},
+    {"HollowOrTriangulated",
+     {.layout = Layout::CoarseGrid, .brushes = 30, .turned = 10},
+     RefaceSome},
+    {"Drums", {.layout = Layout::CoarseGrid, .brushes = 18, .extent = 160}, DrumSome},
+    {"NearlyCoincident", {.layout = Layout::CoarseGrid, .brushes = 40}, Jitter},
+    {"HiddenAndEntities", {.layout = Layout::CoarseGrid, .brushes = 50, .water = 10}, HideSome},
+};
+
+void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
+
+class CsgDifferential : public ::testing::TestWithParam<Kind> {
+ protected:
+  static constexpr std::uint64_t kSeeds = 6;
+
+  /// Levels of one kind grow with the seed.
+  static CBrushList Level(std::uint64_t seed) {
+    LevelOptions options = GetParam().options;
+    options.brushes = options.brushes * static_cast<std::int32_t>(seed) / std::int32_t{kSeeds};
+    CBrushList level = RandomLevel(seed, options);
+    CRandom random(seed);
+    if (GetParam().change == nullptr) return level;
+    for (const auto& brush : level.Brushes()) GetParam().change(*brush, random);
+    return level;
+  }
+
+  static void ExpectSameRebuilds(const CBrushList& level, bool water) {
+    const WaterBrushes takeWater = water ? WaterBrushes::Build : WaterBrushes::Skip;
+    CConstructiveBsp world;
+    world.brushList = level.Head();
+    literal::Tree plain;
+    CStepCounter progress;
+    RebuildOptimal(world, &progress, takeWater);
+    EXPECT_EQ(progress.steps, literal::RebuildOptimal(plain, level.Head(), water));
+    EXPECT_TRUE(SameWorlds(world, plain)) << "optimal, water " << water;
+    progress.steps = 0;
+    RebuildQuick(world, &progress, takeWater);
+    EXPECT_EQ(progress.steps, literal::RebuildQuick(plain, level.Head(), water));
+    EXPECT_TRUE(SameWorlds(world, plain)) << "quick, water " << water;
+  }
+};
+
+TEST_P(CsgDifferential, RebuildsEqualThePlainAlgorithmsNodeByNode) {
+  for (std::uint64_t seed = 1; seed <= kSeeds; ++seed) {
+    SCOPED_TRACE(seed);
+    const CBrushList level = Level(seed);
+    ExpectSameRebuilds(level, true);
+    if (GetParam().options.water > 0) ExpectSameRebuilds(level, false);
+  }
+}
+
+TEST_P(CsgDifferential, EveryInsertedBrushLeavesTheTreeOfThePlainAlgorithm) {
+  for (std::uint64_t seed = kSeeds + 1; seed <= kSeeds + 3; ++seed) {
+    const CBrushList level = Level(seed);
+    CConstructiveBsp world;
+    literal::Tree plain;
+    for (const auto& brush : level.Brushes()) {
+      InsertBrush(world, *brush, brush->BBid);
+      literal::InsertBrush(plain, *brush, brush->BBid);
+      ASSERT_TRUE(SameWorlds(world, plain)) << "seed " << seed << " brush " << brush->BBid;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, CsgDifferential, ::testing::ValuesIn(kKinds),
+                         [](const auto& testInfo) { return std::string(testInfo.param.name); });
+
+/// All faces of a level as they are, chained and hidden at random.
+TEST(CsgDifferentialLists, NodeTreesEqualThePlainOnesAlsoWithChainsAndHiddenPolygons) {
+  for (std::uint64_t seed = 1; seed <= 200; ++seed) {
+    const bool drums = seed % 4 == 0;
+    const CBrushList level =
+        RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
+                           .brushes = 1 + static_cast<std::int32_t>(seed % 13),
+                           .extent = 128,
+                           .turned = drums ? 0 : 30});
+    CRandom random(seed);
+    CConstructiveBsp tree;
+    CNodeList list;
+    literal::Tree plain;
+    literal::List plainList;
+    for (const auto& brush : level.Brushes()) {
+      if (drums) DrumSome(*brush, random);
+      brush->UpdateWorld();
+      for (const CZandoPoly& face : brush->WorldPolys) {
+        CBspNode* node = tree.NewNode();
+        node->TakePolygon(face);
+        node->nValid = random.Percent(70) ? 1 : 0;
+        CBspNode* twin = plain.NewNode();
+        *twin = *node;
+        if (!list.IsEmpty() && random.Percent(30)) {
+          ChainEnd(list.tail)->chain = node;
+          ChainEnd(plainList.back())->chain = twin;
+        } else {
+          list.Append(node);
+          plainList.push_back(twin);
+        }
+      }
+    }
+    CStepCounter progress;
+    BuildNodeTree(tree, list, &progress);
+    EXPECT_EQ(progress.steps, literal::BuildNodeTree(plain, plainList)) << "seed " << seed;
+    EXPECT_TRUE(SameWorlds(tree, plain)) << "seed " << seed;
+  }
+}
+
+}  // namespace
+}  // namespace zando::testing

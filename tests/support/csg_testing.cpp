@@ -1,0 +1,124 @@
+#include "support/csg_testing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+#include <utility>
+
+#include "csg/csg_world.h"
+
+namespace zando::testing {
+namespace {
+
+Vector HalfSize(const CZandoBrush& box) {
+  Vector half{0.0, 0.0, 0.0};
+  for (const CZandoPoly& face : box.Polys) {
+    for (const Vector& v : face.Vertices()) {
+      half = {std::max(half.x, v.x), std::max(half.y, v.y), std::max(half.z, v.z)};
+    }
+  }
+  return half;
+}
+
+void SetFaces(CZandoBrush& brush, std::vector<CZandoPoly> faces) {
+  brush.SetPolyCount(static_cast<std::int32_t>(faces.size()));
+  brush.Polys = std::move(faces);
+  brush.ComputeFacePoints();
+}
+
+}  // namespace
+
+BoxLevel::BoxLevel(const std::vector<BoxBrush>& boxes) {
+  for (const BoxBrush& box : boxes) {
+    std::unique_ptr<CZandoBrush> brush = MakeBoxBrush(box.box, box.operation);
+    brush->BBid = brushes.BrushCount();
+    brushes.Append(std::move(brush));
+  }
+  world.brushList = brushes.Head();
+}
+
+void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build) {
+  world.brushList = brushes.Head();
+  switch (build) {
+    case Build::StepByStep:
+      world.Clear();
+      for (const auto& brush : brushes.Brushes()) InsertBrush(world, *brush, brush->BBid);
+      break;
+    case Build::Quick:
+      RebuildQuick(world, nullptr, WaterBrushes::Build);
+      break;
+    case Build::Optimal:
+      RebuildOptimal(world, nullptr, WaterBrushes::Build);
+      break;
+  }
+  world.CountStats();
+}
+
+std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree) {
+  std::vector<const CBspNode*> visible;
+  WalkBackFrontNode(tree.root, [&visible](const CBspNode* node) {
+    for (; node != nullptr; node = node->chain) {
+      if (node->nValid != 0) visible.push_back(node);
+    }
+  });
+  return visible;
+}
+
+double Area(const CZandoPoly& polygon) {
+  Vector sum{0.0, 0.0, 0.0};
+  for (std::int32_t i = 2; i < polygon.count; ++i) {
+    sum = sum + Cross(polygon[i - 1] - polygon[0], polygon[i] - polygon[0]);
+  }
+  return Length(sum) / 2.0;
+}
+
+double VisibleArea(const CConstructiveBsp& tree) {
+  double area = 0.0;
+  for (const CBspNode* node : VisiblePolygons(tree)) area += Area(node->polygon);
+  return area;
+}
+
+void Hollow(CZandoBrush& box) {
+  std::vector<CZandoPoly> faces = box.Polys;
+  for (const CZandoPoly& outer : box.Polys) {
+    faces.push_back(ReverseCopy(outer).polygon);
+    for (Vector& v : faces.back().Vertices()) v = v * 0.5;
+  }
+  SetFaces(box, std::move(faces));
+}
+
+void Triangulate(CZandoBrush& box) {
+  std::vector<CZandoPoly> faces;
+  for (const CZandoPoly& face : box.Polys) {
+    for (const std::int32_t i : {1, 2}) {
+      CZandoPoly& triangle = faces.emplace_back();
+      for (const std::int32_t vertex : {0, i, i + 1}) triangle.Append(face[vertex]);
+    }
+  }
+  SetFaces(box, std::move(faces));
+}
+
+void MakeDrum(CZandoBrush& box, std::int32_t sides) {
+  const Vector half = HalfSize(box);
+  const auto rim = [&half, sides](std::int32_t i, double y) {
+    const double angle = 2.0 * std::numbers::pi * i / sides;
+    return Vector{half.x * std::cos(angle), y, half.z * std::sin(angle)};
+  };
+  box.SetPolyCount(0);
+  box.SetPolyCount(sides + 2);
+  CZandoPoly& top = box.Polys[0];
+  CZandoPoly& bottom = box.Polys[1];
+  for (std::int32_t i = 0; i < sides; ++i) {
+    top.Append(rim(sides - 1 - i, half.y));
+    bottom.Append(rim(i, -half.y));
+    CZandoPoly& side = box.Polys[static_cast<std::size_t>(i) + 2];
+    side.Append(rim(i, -half.y));
+    side.Append(rim(i, half.y));
+    side.Append(rim(i + 1, half.y));
+    side.Append(rim(i + 1, -half.y));
+  }
+  box.ComputeFacePoints();
+}
+
+}  // namespace zando::testing

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "csg/bsp_tree.h"
+#include "document/brush_list.h"
+#include "support/random_level.h"
+
+namespace zando::testing {
+
+/// One box of a level, and what it does.
+struct BoxBrush {
+  GridBox box;
+  std::int32_t operation = kAddToWorld;
+};
+
+[[nodiscard]] inline BoxBrush Solid(const GridBox& box) { return {box, kAddToWorld}; }
+[[nodiscard]] inline BoxBrush Carve(const GridBox& box) { return {box, kSubtractFromWorld}; }
+
+/// A level of boxes and its world, not yet built. Ids are positions.
+struct BoxLevel {
+  explicit BoxLevel(const std::vector<BoxBrush>& boxes);
+
+  [[nodiscard]] CZandoBrush& Brush(std::size_t i) const { return *brushes.Brushes()[i]; }
+
+  CBrushList brushes;
+  CConstructiveBsp world;
+};
+
+/// The ways to make a world from a list of brushes.
+enum class Build { StepByStep, Quick, Optimal };
+
+/// Makes the world anew, water included, and counts its statistics.
+void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build);
+
+/// Every visible polygon of the tree, chain members included.
+[[nodiscard]] std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree);
+
+[[nodiscard]] double Area(const CZandoPoly& polygon);
+[[nodiscard]] double VisibleArea(const CConstructiveBsp& tree);
+
+/// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
+void Hollow(CZandoBrush& box);
+
+/// Cuts every face of a box into two triangles in one plane.
+void Triangulate(CZandoBrush& box);
+
+/// Makes a box into an upright prism with `sides` sides, up to MAX_POLY_VERTS.
+void MakeDrum(CZandoBrush& box, std::int32_t sides);
+
+}  // namespace zando::testing
