@@ -108,7 +108,7 @@ void BuildClipTree(CConstructiveBsp& tree, const CZandoBrush& brush, const Plane
   const CPlaneContact contact(brush, plane);
   if (!contact.BrushBoundsPlane()) return;
   for (const CZandoPoly& face : brush.WorldPolys) {
-    if (!contact.FaceBoundsPlane(face)) continue;
+    if (face.count == 0 || !contact.FaceBoundsPlane(face)) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     HangFace(tree, node);

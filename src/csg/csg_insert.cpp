@@ -85,6 +85,7 @@ void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
   const bool solid = brush.TranT == kAddToWorld;
   for (std::int32_t k = 0; k < brush.PolyCount(); ++k) {
     const CZandoPoly& face = brush.WorldPolys[static_cast<std::size_t>(k)];
+    if (face.count == 0) continue;
     CBspNode* node = world.NewNode();
     node->TakePolygon(solid ? face : ReverseCopy(face).polygon);
     node->nBid = id;
@@ -144,6 +145,7 @@ void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree
 void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
   tree.Clear();
   for (const CZandoPoly& face : brush.WorldPolys) {
+    if (face.count == 0) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);

@@ -108,6 +108,7 @@ class COptimalRebuild {
   void ClipSolidFaces(std::size_t i) {
     CZandoBrush& own = *participants_[i].brush;
     for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
+      if (own.WorldPolys[face].count == 0) continue;
       CBspNode* node = NewFace(own, face, own.WorldPolys[face]);
       for (const std::size_t j : participants_[i].neighbours) {
         const CZandoBrush& other = *participants_[j].brush;
@@ -138,6 +139,7 @@ class COptimalRebuild {
     CZandoBrush& own = *participants_[i].brush;
     std::vector<CBspNode*> faces;
     for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
+      if (own.WorldPolys[face].count == 0) continue;
       faces.push_back(NewFace(own, face, ReverseCopy(own.WorldPolys[face]).polygon));
       faces.back()->nValid = 0;
     }

@@ -13,7 +13,7 @@ namespace zando {
 struct MapExportReport {
   std::int32_t brushes = 0;     ///< brushes written, in worldspawn and entities together
   std::int32_t strayCells = 0;  ///< cells that reach beyond their brush, left out
-  std::int32_t thinCells = 0;   ///< cells with fewer than 4 visible polygons, left out
+  std::int32_t thinCells = 0;   ///< cells with fewer than 4 faces or nothing in them, left out
   std::int32_t refusedSplits = 0;
 };
 

@@ -1,0 +1,225 @@
+#include "formats/map_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "formats/brush_carver.h"
+#include "platform/file_io.h"
+
+namespace zando {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// What a nameless brush is called in the file: the name that new brushes start with.
+constexpr std::string_view kNameless = "tech05_1";
+
+/// A cell with fewer faces encloses nothing.
+constexpr std::ptrdiff_t kFewestFaces = 4;
+
+/// Halves go away from zero. Numbers out of range end at its limits, what is no number gives 0.
+std::int32_t RoundHalfAway(double value) {
+  if (std::isnan(value)) return 0;
+  const double whole = value >= 0.0 ? std::floor(value + 0.5) : std::ceil(value - 0.5);
+  constexpr double low = std::numeric_limits<std::int32_t>::min();
+  constexpr double high = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp(whole, low, high));
+}
+
+/// The text as it can stand between double quotes.
+std::string Quotable(std::string_view text) {
+  std::string result(text);
+  for (char& c : result) {
+    if (c == '"') c = '\'';
+    if (c == '\r' || c == '\n') c = ' ';
+  }
+  return result;
+}
+
+/// The brush's name as one word of a plane line.
+std::string TextureWord(const CZandoBrush& brush) {
+  if (brush.Name.empty()) return std::string(kNameless);
+  std::string result = brush.Name;
+  for (char& c : result) {
+    if (static_cast<unsigned char>(c) <= ' ' || c == '"') c = '_';
+  }
+  return result;
+}
+
+bool IsOriginKey(std::string_view key) {
+  constexpr std::string_view origin = "origin";
+  return std::equal(key.begin(), key.end(), origin.begin(), origin.end(), [](char a, char b) {
+    return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
+  });
+}
+
+/// The face that a cell's polygon was cut from, and the way it faces: together, its plane line.
+struct PlaneSource {
+  const CZandoBrush* brush;
+  std::size_t face;
+  bool reversed;
+
+  friend bool operator==(const PlaneSource&, const PlaneSource&) = default;
+};
+
+PlaneSource SourceOf(const CBspNode& polygon) {
+  // A carver's faces look out of the carver, but in the cell they look into it.
+  const bool reversed = (polygon.nSide != 0) != (polygon.pBrush->TranT == kSubtractFromWorld);
+  return {polygon.pBrush, static_cast<std::size_t>(polygon.nPolNum), reversed};
+}
+
+class CMapWriter {
+ public:
+  explicit CMapWriter(CZANDODoc& document) : document_(document) {}
+
+  void WriteLevel(std::string_view wadPath);
+
+  std::string text;
+  MapExportReport report;
+
+ private:
+  struct Carver {
+    CZandoBrush* brush;
+    std::size_t position;  ///< in the brush list
+  };
+
+  void CollectBrushes();
+  void WriteEntity(const CEntity& entity);
+  void WriteBrush(std::size_t position);
+  void WriteCell(const CBspNode* cell, const CZandoBrush& brush, std::string_view texture);
+  void WritePlane(const PlaneSource& source, std::string_view texture);
+  void WritePoint(const Vector& point);
+  void Line(std::string_view line) { text.append(line).append(kLineEnd); }
+
+  CZANDODoc& document_;
+  std::vector<std::size_t> worldBrushes_;                ///< positions of worldspawn's brushes
+  std::vector<std::vector<std::size_t>> entityBrushes_;  ///< and of those of each entity
+  std::vector<CZandoBrush*> carvers_;
+  std::vector<std::size_t> carversBefore_;  ///< carvers up to and with each position
+  CConstructiveBsp tree_;
+  std::vector<PlaneSource> written_;  ///< plane lines of the cell under way
+};
+
+void CMapWriter::WriteLevel(std::string_view wadPath) {
+  CollectBrushes();
+  Line("{");
+  Line("\"message\"  \"Entering ZANDOLEVEL\"");
+  Line("\"wad\" \"" + Quotable(wadPath) + "\"");
+  Line("\"classname\" \"worldspawn\"");
+  for (const std::size_t position : worldBrushes_) WriteBrush(position);
+  Line("}");
+  for (std::size_t i = 0; i < document_.Entities.size(); ++i) {
+    if (!document_.Entities[i].IsShown()) continue;
+    WriteEntity(document_.Entities[i]);
+    for (const std::size_t position : entityBrushes_[i]) WriteBrush(position);
+    Line("}");
+  }
+}
+
+void CMapWriter::CollectBrushes() {
+  const auto& brushes = document_.BrushList.Brushes();
+  entityBrushes_.resize(document_.Entities.size());
+  for (std::size_t i = 0; i < brushes.size(); ++i) {
+    CZandoBrush& brush = *brushes[i];
+    brush.UpdateWorld();
+    if (brush.TranT == kSubtractFromWorld && brush.IsShown()) carvers_.push_back(&brush);
+    carversBefore_.push_back(carvers_.size());
+    if (brush.TranT != kAddToWorld) continue;
+    if (!brush.BelongsToEntity()) {
+      if (brush.IsShown()) worldBrushes_.push_back(i);
+    } else if (document_.IsEntity(brush.BEnt)) {
+      entityBrushes_[static_cast<std::size_t>(brush.BEnt)].push_back(i);
+    }
+  }
+}
+
+void CMapWriter::WriteEntity(const CEntity& entity) {
+  Line("{");
+  for (const EntityPair& pair : entity.Pairs) {
+    const Vector& origin = entity.eOrigin;
+    const std::string value = IsOriginKey(pair.key)
+                                  ? FormatWholeNumbers(origin.x, origin.z, origin.y)
+                                  : Quotable(pair.value);
+    Line("\"" + Quotable(pair.key) + "\"\t\"" + value + "\"");
+  }
+}
+
+void CMapWriter::WriteBrush(std::size_t position) {
+  CZandoBrush& brush = *document_.BrushList.Brushes()[position];
+  const std::span<CZandoBrush* const> carvers = carvers_;
+  CarveBrush(tree_, brush, carvers.subspan(carversBefore_[position]));
+  report.refusedSplits += tree_.refused;
+  const std::string texture = TextureWord(brush);
+  WalkCells(tree_.root, [&](const CBspNode* cell) { WriteCell(cell, brush, texture); });
+}
+
+void CMapWriter::WriteCell(const CBspNode* cell, const CZandoBrush& brush,
+                           std::string_view texture) {
+  std::ptrdiff_t faces = 0;
+  for (const CBspNode* polygon = cell; polygon != nullptr; polygon = polygon->link) {
+    if (polygon->nValid != 0) ++faces;
+  }
+  if (faces < kFewestFaces) {
+    ++report.thinCells;
+    return;
+  }
+  if (IsStrayCell(cell, brush)) {
+    ++report.strayCells;
+    return;
+  }
+
+  Line("{");
+  written_.clear();
+  for (; cell != nullptr; cell = cell->link) {
+    if (cell->nValid == 0) continue;
+    const PlaneSource source = SourceOf(*cell);
+    if (std::find(written_.begin(), written_.end(), source) != written_.end()) continue;
+    written_.push_back(source);
+    WritePlane(source, texture);
+  }
+  Line("}");
+  ++report.brushes;
+}
+
+void CMapWriter::WritePlane(const PlaneSource& source, std::string_view texture) {
+  const CZandoPoly& face = source.brush->WorldPolys[source.face];
+  if (face.count < 3) return;
+  for (const std::int32_t i : {0, 1, 2}) WritePoint(face[source.reversed ? 2 - i : i]);
+  text.append(texture);
+  Line(" 0 0 0 1.000000 1.000000");
+}
+
+/// The map's second axis is our third: its z points up.
+void CMapWriter::WritePoint(const Vector& point) {
+  text.append("( ");
+  for (const double coordinate : {point.x, point.z, point.y}) {
+    std::array<char, 16> digits{};
+    const std::to_chars_result end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), RoundHalfAway(coordinate));
+    text.append(digits.data(), end.ptr).append(" ");
+  }
+  text.append(") ");
+}
+
+}  // namespace
+
+std::string WriteMap(CZANDODoc& document, std::string_view wadPath, MapExportReport* report) {
+  CMapWriter writer(document);
+  writer.WriteLevel(wadPath);
+  if (report != nullptr) *report = writer.report;
+  return std::move(writer.text);
+}
+
+std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                      std::string_view wadPath, MapExportReport* report) {
+  return WriteFileAtomically(path, WriteMap(document, wadPath, report));
+}
+
+}  // namespace zando
