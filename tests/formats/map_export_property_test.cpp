@@ -162,8 +162,8 @@ INSTANTIATE_TEST_SUITE_P(
     Levels, MapExportOfBoxes,
     ::testing::Values(Crowd{"General", LevelOptions::Layout::General, 256, 40, 0},
                       Crowd{"CoarseGrid", LevelOptions::Layout::CoarseGrid, 256, 40, 0},
-                      Crowd{"DenseGeneral", LevelOptions::Layout::General, 128, 80, 3},
-                      Crowd{"DenseCoarseGrid", LevelOptions::Layout::CoarseGrid, 128, 80, 3}),
+                      Crowd{"DenseGeneral", LevelOptions::Layout::General, 128, 80, 5},
+                      Crowd{"DenseCoarseGrid", LevelOptions::Layout::CoarseGrid, 128, 80, 5}),
     [](const auto& crowd) { return std::string(crowd.param.name); });
 
 }  // namespace
