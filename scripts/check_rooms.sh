@@ -13,6 +13,8 @@ allowed_rooms() {
     primitives) echo "platform geometry primitives" ;;
     document) echo "platform geometry csg entities primitives document" ;;
     formats) echo "platform geometry csg entities primitives document formats" ;;
+    views) echo "platform geometry csg entities primitives document views" ;;
+    app) echo "platform geometry csg entities primitives document formats views app" ;;
     cli) echo "platform geometry csg entities primitives document formats cli" ;;
     *) return 1 ;;
   esac

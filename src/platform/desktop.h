@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/dialog.h"
+#include "platform/draw_context.h"
+
+namespace zando {
+
+/// What a file chooser is asked for.
+struct FileRequest {
+  enum class Kind { Open, Save };
+  Kind kind = Kind::Open;
+  std::string title;
+  std::string extension;           ///< added to a name without one; without the dot
+  std::string filter;              ///< "Text (*.a)|*.a|Text (*.*)|*.*||", or empty for all files
+  std::filesystem::path proposal;  ///< initial name or folder, may be empty
+};
+
+/// What the user wants done with unsaved changes.
+enum class SaveAnswer { Save, Discard, Cancel };
+
+enum class YesNo { Yes, No };
+
+/// The person at the desk and the desktop's common services. Every call that asks something runs
+/// until it is answered.
+class CDesktop {
+ public:
+  CDesktop() = default;
+  CDesktop(const CDesktop&) = delete;
+  CDesktop& operator=(const CDesktop&) = delete;
+  virtual ~CDesktop() = default;
+
+  /// Says something that must be seen.
+  virtual void ShowMessage(std::string_view text) = 0;
+  [[nodiscard]] virtual SaveAnswer AskSaveChanges(std::string_view name) = 0;
+  [[nodiscard]] virtual YesNo AskYesNo(std::string_view question) = 0;
+
+  /// A line in the status bar, until the next prompt takes its place.
+  virtual void SetStatusText(std::string_view text) = 0;
+
+  /// The chosen file, or none when the user cancelled. A save chooser asks before it overwrites.
+  [[nodiscard]] virtual std::optional<std::filesystem::path> ChooseFile(
+      const FileRequest& request) = 0;
+
+  /// The chosen colour, or none when the user cancelled.
+  [[nodiscard]] virtual std::optional<ColorRef> ChooseColor(ColorRef initial) = 0;
+
+  /// Runs the dialog's form until it closes; the number it closed with.
+  virtual ControlId DoModal(CDialog& dialog) = 0;
+
+  /// The pointer, in screen coordinates. Where the desktop does not let a program place it,
+  /// SetCursorPos does nothing and CanPlaceCursor is false.
+  [[nodiscard]] virtual ScreenPoint GetCursorPos() const = 0;
+  virtual void SetCursorPos(ScreenPoint point) = 0;
+  [[nodiscard]] virtual bool CanPlaceCursor() const = 0;
+  virtual void ShowCursor(bool visible) = 0;
+
+  [[nodiscard]] virtual bool IsShiftDown() const = 0;
+};
+
+/// The window of one view as the view sees it.
+class CViewWindow {
+ public:
+  CViewWindow() = default;
+  CViewWindow(const CViewWindow&) = delete;
+  CViewWindow& operator=(const CViewWindow&) = delete;
+  virtual ~CViewWindow() = default;
+
+  /// Paints soon, or before the call returns.
+  virtual void Invalidate() = 0;
+  virtual void RedrawNow() = 0;
+
+  virtual void SetFrameTitle(std::string_view title) = 0;
+
+  virtual void SetCapture() = 0;
+  virtual void ReleaseCapture() = 0;
+  [[nodiscard]] virtual bool HasCapture() const = 0;
+};
+
+/// Buttons and keys held during a mouse message.
+struct MouseFlags {
+  bool left = false;
+  bool middle = false;
+  bool right = false;
+  bool shift = false;
+  bool control = false;
+};
+
+}  // namespace zando

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "geometry/polygon.h"
+#include "geometry/transform.h"
+#include "geometry/vector.h"
+#include "platform/draw_context.h"
+
+namespace zando {
+
+/// What a view shows, by the id of the command that selects it.
+enum class ViewKind : std::int32_t {
+  Wireframe = 32806,
+  Solid = 32807,
+  Top = 32808,
+  Side = 32809,
+  Front = 32810,
+  Texture = 32811
+};
+
+[[nodiscard]] constexpr bool IsOrthographic(ViewKind kind) {
+  return kind == ViewKind::Top || kind == ViewKind::Side || kind == ViewKind::Front;
+}
+
+/// Pitch stays within a quarter turn up and down.
+inline constexpr double kMaxPitch = 2048.0;
+
+/// Depth of the near plane, in map units.
+inline constexpr double kNearDepth = 16.0;
+
+/// A polygon on the screen, with the depth of each vertex. Cut off at the near plane it can have up
+/// to twice as many points as the polygon has vertices.
+struct CProjectedPoly {
+  static constexpr std::int32_t kCapacity = 64;
+  struct Point {
+    double x;
+    double y;
+    double depth;
+  };
+  std::uint32_t color = 0;
+  std::int32_t count = 0;
+  std::array<Point, kCapacity> points;
+
+  [[nodiscard]] std::span<const Point> Points() const {
+    return {points.data(), static_cast<std::size_t>(count)};
+  }
+};
+
+/// Where a view looks from, its viewport, and every mapping between world and screen.
+class CCamera {
+ public:
+  Vector Position{0.0, 0.0, -500.0};
+  double Yaw = 0.0;  ///< rotation units, like pitch and roll
+  double Pitch = 0.0;
+  double Roll = 0.0;
+
+  /// Viewport of the given client area; the width is rounded up to a multiple of 4. The horizontal
+  /// field of view is a quarter turn, and pixels are square.
+  void SetViewport(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
+
+  [[nodiscard]] std::int32_t Width() const { return right_ - left_; }
+  [[nodiscard]] std::int32_t Height() const { return bottom_ - top_; }
+  [[nodiscard]] ScreenPoint Centre() const;
+  [[nodiscard]] double FocalX() const { return focalX_; }
+  [[nodiscard]] double FocalY() const { return -focalX_; }
+
+  /// Rebuilds the view matrix from position and angles; needed after either changed.
+  void BuildViewMatrix();
+  [[nodiscard]] const Transform& ViewMatrix() const { return viewMatrix_; }
+
+  /// How the mappings below work: set at the start of every paint and before every mouse message.
+  void BeginDraw(ViewKind kind, double zoom);
+
+  /// Perspective projection of one point; (-32, -32) when it is not in front of the camera.
+  struct Projected {
+    double x;
+    double y;
+  };
+  [[nodiscard]] Projected ProjectPoint(const Vector& point) const;
+
+  /// Perspective projection cut off at the near plane. Fewer than 3 points are nothing to draw.
+  [[nodiscard]] CProjectedPoly ProjectPolygon(const CZandoPoly& polygon) const;
+
+  /// The pixel of a world point, in every kind of view; truncated toward zero.
+  [[nodiscard]] ScreenPoint WorldToScreen(const Vector& point) const;
+
+  /// The world point of a pixel in an orthographic view, with 0 along the view direction; the
+  /// origin in a perspective view.
+  [[nodiscard]] Vector ScreenToWorld(ScreenPoint point) const;
+
+  void Turn(double yaw, double pitch, double roll);
+
+  /// Moves by the heading only: sideways, up, forward; 4 units for each.
+  void Fly(double strafe, double rise, double forward);
+
+  /// 2 units for each.
+  void Pan(double dx, double dy, double dz);
+
+ private:
+  std::int32_t left_ = 0;
+  std::int32_t top_ = 0;
+  std::int32_t right_ = 0;
+  std::int32_t bottom_ = 0;
+  double focalX_ = 0.0;
+  Transform viewMatrix_ = Transform::Identity();
+  ViewKind kind_ = ViewKind::Solid;
+  double zoom_ = 0.1;
+};
+
+}  // namespace zando

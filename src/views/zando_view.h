@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "document/editor_settings.h"
+#include "document/zando_doc.h"
+#include "platform/command.h"
+#include "platform/desktop.h"
+#include "platform/document.h"
+#include "platform/draw_context.h"
+#include "views/camera.h"
+
+namespace zando {
+
+/// A window's view of a level: one of six kinds, with a camera of its own. Attaches itself to the
+/// document for its lifetime. The window that shows it calls the On... operations and is called
+/// back through CViewWindow; until SetWindow nothing is shown.
+class CZANDOView : public CView, public CCmdTarget {
+ public:
+  CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop);
+  ~CZANDOView() override;
+
+  [[nodiscard]] CZANDODoc& Document() const { return document_; }
+  [[nodiscard]] CCamera& Camera() { return camera_; }
+  [[nodiscard]] ViewKind Kind() const { return kind_; }
+  [[nodiscard]] double Zoom() const { return zoom_; }
+  [[nodiscard]] std::uint32_t AxisFlags() const { return axisFlags_; }
+
+  /// Shows another kind: redraws at once and sets the frame's title.
+  void SetKind(ViewKind kind);
+
+  /// Pixels per world unit in the orthographic kinds; raised to 0.001 when lower.
+  void SetZoom(double zoom);
+
+  void SetWindow(CViewWindow* window) { window_ = window; }
+
+  /// "-Top View-" and so on.
+  [[nodiscard]] static std::string_view FrameTitle(ViewKind kind);
+
+  void OnUpdate(const CView* sender, int hint) override;
+
+  /// The first showing: sets the frame's title.
+  void OnInitialUpdate();
+  void OnSize(std::int32_t width, std::int32_t height);
+
+  /// Whether the window is to be erased to black before OnDraw paints; the solid and texture kinds
+  /// paint every pixel themselves.
+  [[nodiscard]] bool ErasesBackground() const;
+  void OnDraw(CDC& dc);
+
+  /// The view became, or is no longer, the one that commands go to. Becoming it makes its axis
+  /// flags the active ones. Sets the frame's title and asks for the group list to be filled anew.
+  enum class Activation { Activated, Deactivated };
+  void OnActivate(Activation activation);
+
+  bool OnCommand(CommandId id) override;
+  bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
+
+  enum class MouseButton { Left, Middle, Right };
+  /// Positions are in client pixels; flags are the buttons and keys held after the event.
+  void OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position);
+  void OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position);
+  void OnMouseMove(MouseFlags flags, ScreenPoint position);
+
+  /// The window lost the mouse or the focus in the middle of a drag: no cursor stays hidden and no
+  /// button counts as held.
+  void OnCaptureLost();
+
+ private:
+  void DrawContent(CDC& dc);
+  void ToggleAxis(std::uint32_t axis);
+  void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
+  void SetFrameTitle();
+
+  CZANDODoc& document_;
+  CEditorSettings& settings_;
+  CDesktop& desktop_;
+  CViewWindow* window_ = nullptr;
+  CCamera camera_;
+  ViewKind kind_ = ViewKind::Solid;
+  double zoom_ = 0.1;
+  std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;
+  ScreenPoint anchor_;  ///< where a drag with a hidden cursor began, in screen coordinates
+  bool dragging_ = false;
+};
+
+}  // namespace zando
