@@ -4,6 +4,22 @@
 #include <cstddef>
 
 namespace zando {
+namespace {
+
+/// The turn in the plane of two axes that takes the second axis towards the first.
+Transform RotationInPlane(double angle, std::size_t first, std::size_t second) {
+  const double radians = UnitsToRadians(angle);
+  const double c = std::cos(radians);
+  const double s = std::sin(radians);
+  Transform r = Transform::Identity();
+  r.m[first][first] = c;
+  r.m[first][second] = s;
+  r.m[second][first] = -s;
+  r.m[second][second] = c;
+  return r;
+}
+
+}  // namespace
 
 Transform Transform::Identity() {
   Transform result;
@@ -58,41 +74,11 @@ void Transform::Shear(double a, double b, double c) {
   Multiply(h);
 }
 
-void Transform::RotateY(double angle) {
-  const double radians = UnitsToRadians(angle);
-  const double c = std::cos(radians);
-  const double s = std::sin(radians);
-  Transform r = Identity();
-  r.m[0][0] = c;
-  r.m[0][2] = -s;
-  r.m[2][0] = s;
-  r.m[2][2] = c;
-  Multiply(r);
-}
+void Transform::RotateX(double angle) { Multiply(RotationInPlane(angle, 1, 2)); }
 
-void Transform::RotateX(double angle) {
-  const double radians = UnitsToRadians(angle);
-  const double c = std::cos(radians);
-  const double s = std::sin(radians);
-  Transform r = Identity();
-  r.m[1][1] = c;
-  r.m[1][2] = s;
-  r.m[2][1] = -s;
-  r.m[2][2] = c;
-  Multiply(r);
-}
+void Transform::RotateY(double angle) { Multiply(RotationInPlane(angle, 2, 0)); }
 
-void Transform::RotateZ(double angle) {
-  const double radians = UnitsToRadians(angle);
-  const double c = std::cos(radians);
-  const double s = std::sin(radians);
-  Transform r = Identity();
-  r.m[0][0] = c;
-  r.m[0][1] = s;
-  r.m[1][0] = -s;
-  r.m[1][1] = c;
-  Multiply(r);
-}
+void Transform::RotateZ(double angle) { Multiply(RotationInPlane(angle, 0, 1)); }
 
 void Transform::Rotate(double yaw, double pitch, double roll) {
   RotateY(yaw);
