@@ -12,6 +12,7 @@ struct ViewDrawing {
   const CCamera& camera;
   ViewKind kind;
   double zoom;
+  ScreenPoint client;  ///< width and height of the window
 };
 
 /// Fine grid, coarse grid and world axes of an orthographic view.

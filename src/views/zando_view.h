@@ -68,7 +68,7 @@ class CZANDOView : public CView, public CCmdTarget {
   void OnCaptureLost();
 
  private:
-  void DrawContent(CDC& dc);
+  void EndDrag();
   void ToggleAxis(std::uint32_t axis);
   void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
   void SetFrameTitle();
@@ -81,6 +81,7 @@ class CZANDOView : public CView, public CCmdTarget {
   ViewKind kind_ = ViewKind::Solid;
   double zoom_ = 0.1;
   std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;
+  ScreenPoint client_;  ///< width and height of the window
   ScreenPoint anchor_;  ///< where a drag with a hidden cursor began, in screen coordinates
   bool dragging_ = false;
 };

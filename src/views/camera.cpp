@@ -1,0 +1,149 @@
+#include "views/camera.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace zando {
+namespace {
+
+/// Cut off toward zero. Pixels beyond 32 bits end at the limit; what is no number becomes 0.
+std::int32_t Truncate(double value) {
+  constexpr double kLow = std::numeric_limits<std::int32_t>::min();
+  constexpr double kHigh = std::numeric_limits<std::int32_t>::max();
+  if (std::isnan(value)) return 0;
+  return static_cast<std::int32_t>(std::clamp(value, kLow, kHigh));
+}
+
+/// The centre plus a truncated offset, without running over.
+std::int32_t Offset(std::int32_t centre, double offset) {
+  return Truncate(static_cast<double>(centre) + std::trunc(offset));
+}
+
+}  // namespace
+
+void CCamera::SetViewport(std::int32_t left, std::int32_t top, std::int32_t right,
+                          std::int32_t bottom) {
+  left_ = left;
+  top_ = top;
+  right_ = (right + 3) / 4 * 4;
+  bottom_ = bottom;
+  constexpr double kEighthTurn = 3.141592653589793 / 4.0;
+  const std::int32_t half = Width() / 2;
+  focalX_ = half * std::cos(kEighthTurn) / std::sin(kEighthTurn);
+}
+
+ScreenPoint CCamera::Centre() const { return {left_ + Width() / 2, top_ + Height() / 2}; }
+
+void CCamera::BuildViewMatrix() {
+  viewMatrix_.SetIdentity();
+  viewMatrix_.Translate(-Position);
+  viewMatrix_.Rotate(-Yaw, -Pitch, -Roll);
+}
+
+void CCamera::BeginDraw(ViewKind kind, double zoom) {
+  kind_ = kind;
+  zoom_ = zoom;
+}
+
+CCamera::Projected CCamera::ProjectPoint(const Vector& point) const {
+  Vector q = point;
+  viewMatrix_.TransformPoint(q);
+  if (!(q.z > 0.0)) return {-32.0, -32.0};
+  const ScreenPoint centre = Centre();
+  return {FocalX() * q.x / q.z + centre.x, FocalY() * q.y / q.z + centre.y};
+}
+
+CProjectedPoly CCamera::ProjectPolygon(const CZandoPoly& polygon) const {
+  std::array<Vector, MAX_POLY_VERTS> q;
+  for (std::int32_t i = 0; i < polygon.count; ++i) {
+    const auto index = static_cast<std::size_t>(i);
+    q[index] = polygon[i];
+    viewMatrix_.TransformPoint(q[index]);
+  }
+
+  CProjectedPoly result;
+  const ScreenPoint centre = Centre();
+  // A vertex gives at most two points, so the capacity is never passed.
+  const auto append = [&](double x, double y, double depth) {
+    result.points[static_cast<std::size_t>(result.count++)] = {
+        centre.x + x * FocalX() / depth, centre.y + y * FocalY() / depth, depth};
+  };
+  const auto count = static_cast<std::size_t>(polygon.count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const Vector& vertex = q[i];
+    if (vertex.z >= kNearDepth) {
+      append(vertex.x, vertex.y, vertex.z);
+      continue;
+    }
+    for (const std::size_t n : {(i + count - 1) % count, (i + 1) % count}) {
+      const Vector& neighbour = q[n];
+      if (!(neighbour.z >= kNearDepth)) continue;
+      const double t = (kNearDepth - vertex.z) / (neighbour.z - vertex.z);
+      append(vertex.x + (neighbour.x - vertex.x) * t, vertex.y + (neighbour.y - vertex.y) * t,
+             kNearDepth);
+    }
+  }
+  return result;
+}
+
+ScreenPoint CCamera::WorldToScreen(const Vector& point) const {
+  const ScreenPoint centre = Centre();
+  const Vector& c = Position;
+  switch (kind_) {
+    case ViewKind::Top:
+      return {Offset(centre.x, (point.x - c.x) * zoom_), Offset(centre.y, (c.z - point.z) * zoom_)};
+    case ViewKind::Side:
+      return {Offset(centre.x, (point.z - c.z) * zoom_), Offset(centre.y, (c.y - point.y) * zoom_)};
+    case ViewKind::Front:
+      return {Offset(centre.x, (point.x - c.x) * zoom_), Offset(centre.y, (c.y - point.y) * zoom_)};
+    case ViewKind::Wireframe:
+    case ViewKind::Solid:
+    case ViewKind::Texture:
+      break;
+  }
+  const Projected projected = ProjectPoint(point);
+  return {Truncate(projected.x), Truncate(projected.y)};
+}
+
+Vector CCamera::ScreenToWorld(ScreenPoint point) const {
+  const ScreenPoint centre = Centre();
+  const Vector& c = Position;
+  const double right = static_cast<double>(point.x - centre.x) / zoom_;
+  const double down = static_cast<double>(point.y - centre.y) / zoom_;
+  switch (kind_) {
+    case ViewKind::Top:
+      return {right + c.x, 0.0, c.z - down};
+    case ViewKind::Side:
+      return {0.0, c.y - down, right + c.z};
+    case ViewKind::Front:
+      return {right + c.x, c.y - down, 0.0};
+    case ViewKind::Wireframe:
+    case ViewKind::Solid:
+    case ViewKind::Texture:
+      break;
+  }
+  return {0.0, 0.0, 0.0};
+}
+
+void CCamera::Turn(double yaw, double pitch, double roll) {
+  Yaw += yaw;
+  Pitch = std::clamp(Pitch + pitch, -kMaxPitch, kMaxPitch);
+  Roll += roll;
+}
+
+void CCamera::Fly(double strafe, double rise, double forward) {
+  const double heading = UnitsToRadians(Yaw);
+  const double sideways = UnitsToRadians(Yaw + 2048.0);
+  Position.x -= 4.0 * forward * std::sin(heading);
+  Position.z += 4.0 * forward * std::cos(heading);
+  Position.y += 4.0 * rise;
+  Position.x -= 4.0 * strafe * std::sin(sideways);
+  Position.z += 4.0 * strafe * std::cos(sideways);
+}
+
+void CCamera::Pan(double dx, double dy, double dz) {
+  Position = Position + Vector{2.0 * dx, 2.0 * dy, 2.0 * dz};
+}
+
+}  // namespace zando

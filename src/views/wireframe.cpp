@@ -1,0 +1,209 @@
+#include "views/wireframe.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace zando {
+namespace {
+
+constexpr ColorRef kFineGrid = Rgb(140, 140, 140);
+constexpr ColorRef kCoarseGrid = Rgb(190, 190, 190);
+constexpr ColorRef kWorldAxes = Rgb(250, 250, 250);
+constexpr ColorRef kCurrentOutline = Rgb(0, 0, 255);
+constexpr ColorRef kCurrentHandles = Rgb(255, 0, 0);
+constexpr ColorRef kSelected = Rgb(0, 255, 255);
+
+constexpr std::int32_t kSelectedWidth = 2;
+constexpr std::int32_t kEntityWidth = 2;
+constexpr std::int32_t kHandleSize = 4;
+
+/// Spacings, in pixels, up to which a grid is not drawn.
+constexpr double kLeastFineSpacing = 20.0;
+constexpr double kLeastCoarseSpacing = 30.0;
+
+/// How far the world axes reach from the centre, in pixels.
+constexpr double kAxisReach = 32000.0;
+
+/// Half the size of an entity's cross, in map units along each axis.
+constexpr double kEntityReach = 8.0;
+
+std::int64_t Truncate(double value) {
+  constexpr double kLimit = 9.0e15;
+  if (std::isnan(value)) return 0;
+  return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
+}
+
+std::int32_t Pixel(double value) {
+  constexpr std::int64_t kLow = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp(Truncate(value), kLow, kHigh));
+}
+
+void DrawLine(CDC& dc, ScreenPoint from, ScreenPoint to) {
+  dc.MoveTo(from);
+  dc.LineTo(to);
+}
+
+/// What the grid of one paint is made of; places are relative to the centre of the window.
+struct Grid {
+  CDC& dc;
+  double zoom;
+  double size;    ///< map units
+  double across;  ///< the camera along the view's horizontal axis
+  double up;      ///< and along its vertical axis
+  std::int32_t halfWidth;
+  std::int32_t halfHeight;
+};
+
+/// Indices of the grid lines that fall into the window along one axis.
+struct LineRange {
+  std::int64_t first;
+  std::int64_t last;
+};
+
+LineRange VisibleLines(const Grid& grid, double camera, std::int32_t half) {
+  const std::int64_t spacing = Truncate(grid.size);
+  const double reach = half / grid.zoom;
+  return {Truncate(camera - reach) / spacing, Truncate(camera + reach) / spacing};
+}
+
+void DrawLines(const Grid& grid, ColorRef color, std::int64_t step) {
+  const Pen before = grid.dc.SelectPen({color, 1});
+  const auto first = [step](const LineRange& lines) { return lines.first - lines.first % step; };
+  const LineRange vertical = VisibleLines(grid, grid.across, grid.halfWidth);
+  for (std::int64_t i = first(vertical); i <= vertical.last; i += step) {
+    const double place = static_cast<double>(i) * grid.size - grid.across;
+    const std::int32_t x = Pixel(place * grid.zoom);
+    DrawLine(grid.dc, {x, -grid.halfHeight}, {x, grid.halfHeight});
+  }
+  const LineRange horizontal = VisibleLines(grid, grid.up, grid.halfHeight);
+  for (std::int64_t i = first(horizontal); i <= horizontal.last; i += step) {
+    const double place = grid.up - static_cast<double>(i) * grid.size;
+    const std::int32_t y = Pixel(place * grid.zoom);
+    DrawLine(grid.dc, {-grid.halfWidth, y}, {grid.halfWidth, y});
+  }
+  grid.dc.SelectPen(before);
+}
+
+void DrawAxes(const Grid& grid) {
+  const std::int32_t reach = Pixel(grid.zoom > 1.0 ? kAxisReach / grid.zoom : kAxisReach);
+  const std::int32_t x = Pixel(-grid.zoom * grid.across);
+  const std::int32_t y = Pixel(grid.zoom * grid.up);
+  const Pen before = grid.dc.SelectPen({kWorldAxes, 1});
+  DrawLine(grid.dc, {x, -reach}, {x, reach});
+  DrawLine(grid.dc, {-reach, y}, {reach, y});
+  grid.dc.SelectPen(before);
+}
+
+void DrawHandle(CDC& dc, ScreenPoint point, ColorRef color) {
+  dc.FillSolidRect(point.x - kHandleSize / 2, point.y - kHandleSize / 2, kHandleSize, kHandleSize,
+                   color);
+}
+
+void DrawPolygonInPerspective(const ViewDrawing& drawing, const CZandoPoly& polygon,
+                              ColorRef handles) {
+  const CProjectedPoly projected = drawing.camera.ProjectPolygon(polygon);
+  if (projected.count < 3) return;
+  std::array<ScreenPoint, CProjectedPoly::kCapacity> points;
+  std::transform(projected.Points().begin(), projected.Points().end(), points.begin(),
+                 [](const CProjectedPoly::Point& point) {
+                   return ScreenPoint{Pixel(point.x), Pixel(point.y)};
+                 });
+  const auto count = static_cast<std::size_t>(projected.count);
+  drawing.dc.MoveTo(points[0]);
+  for (std::size_t i = 1; i < count; ++i) drawing.dc.LineTo(points[i]);
+  drawing.dc.LineTo(points[0]);
+  for (std::size_t i = 0; i < count; ++i) DrawHandle(drawing.dc, points[i], handles);
+}
+
+void DrawPolygonFlat(const ViewDrawing& drawing, const CZandoPoly& polygon, ColorRef handles) {
+  std::array<ScreenPoint, MAX_POLY_VERTS> points;
+  const auto count = static_cast<std::size_t>(polygon.count);
+  std::transform(polygon.Vertices().begin(), polygon.Vertices().end(), points.begin(),
+                 [&](const Vector& vertex) { return drawing.camera.WorldToScreen(vertex); });
+  const std::span<const ScreenPoint> used(points.data(), count);
+  drawing.dc.Polyline(used);
+  for (const ScreenPoint& point : used) DrawHandle(drawing.dc, point, handles);
+}
+
+void DrawBrush(const ViewDrawing& drawing, CZandoBrush& brush, ColorRef outline, ColorRef handles) {
+  if (!brush.IsShown()) return;
+  brush.UpdateWorld();
+  const bool selected = brush.IsSelected();
+  const Pen pen = selected ? Pen{kSelected, kSelectedWidth} : Pen{outline, 1};
+  const Pen before = drawing.dc.SelectPen(pen);
+  for (const CZandoPoly& polygon : brush.WorldPolys) {
+    if (IsOrthographic(drawing.kind)) {
+      DrawPolygonFlat(drawing, polygon, selected ? kSelected : handles);
+    } else {
+      DrawPolygonInPerspective(drawing, polygon, selected ? kSelected : handles);
+    }
+  }
+  drawing.dc.SelectPen(before);
+}
+
+void DrawEntity(const ViewDrawing& drawing, const CEntity& entity, ColorRef color) {
+  if (entity.eStyle != 0 || !entity.IsShown()) return;
+  const ScreenPoint centre = drawing.camera.WorldToScreen(entity.WorkOrigin);
+  if (!drawing.dc.PtVisible(centre)) return;
+  const Vector corner = entity.WorkOrigin + Vector{kEntityReach, kEntityReach, kEntityReach};
+  const std::int32_t d = drawing.camera.WorldToScreen(corner).x - centre.x;
+  const Pen before = drawing.dc.SelectPen({entity.IsSelected() ? kSelected : color, kEntityWidth});
+  DrawLine(drawing.dc, {centre.x - d, centre.y - d}, {centre.x + d, centre.y + d});
+  DrawLine(drawing.dc, {centre.x - d, centre.y + d}, {centre.x + d, centre.y - d});
+  drawing.dc.SelectPen(before);
+}
+
+}  // namespace
+
+void DrawGrid(const ViewDrawing& drawing, const CZANDODoc& document) {
+  if (!IsOrthographic(drawing.kind)) return;
+  const Vector& camera = drawing.camera.Position;
+  const std::int32_t halfWidth = drawing.client.x / 2;
+  const std::int32_t halfHeight = drawing.client.y / 2;
+  const Grid grid{drawing.dc,
+                  drawing.zoom,
+                  document.GridSize,
+                  drawing.kind == ViewKind::Side ? camera.z : camera.x,
+                  drawing.kind == ViewKind::Top ? camera.z : camera.y,
+                  halfWidth,
+                  halfHeight};
+  const ScreenPoint before = drawing.dc.SetViewportOrg({halfWidth, halfHeight});
+  const double spacing = grid.zoom * grid.size;
+  // Lines of a grid finer than one unit have no whole spacing to count by.
+  const bool countable = grid.size >= 1.0;
+  if (document.ShowFineGrid != 0 && spacing > kLeastFineSpacing && countable) {
+    DrawLines(grid, kFineGrid, 1);
+  }
+  if (document.ShowCoarseGrid != 0 && spacing * 10.0 > kLeastCoarseSpacing && countable) {
+    DrawLines(grid, kCoarseGrid, 10);
+  }
+  DrawAxes(grid);
+  drawing.dc.SetViewportOrg(before);
+}
+
+void DrawBrushes(const ViewDrawing& drawing, CZANDODoc& document) {
+  for (const auto& brush : document.BrushList.Brushes()) {
+    if (brush.get() == document.CurrentBrush) continue;
+    DrawBrush(drawing, *brush, brush->Color, brush->Color);
+  }
+}
+
+void DrawEntities(const ViewDrawing& drawing, const CZANDODoc& document) {
+  for (std::size_t i = 0; i < document.Entities.size(); ++i) {
+    const CEntity& entity = document.Entities[i];
+    const bool current = static_cast<std::int32_t>(i) == document.CurrentEntity;
+    DrawEntity(drawing, entity, current ? kCurrentHandles : entity.Color);
+  }
+}
+
+void DrawCurrentBrush(const ViewDrawing& drawing, CZANDODoc& document) {
+  CZandoBrush& brush = *document.CurrentBrush;
+  DrawBrush(drawing, brush, kCurrentOutline, kCurrentHandles);
+  DrawHandle(drawing.dc, drawing.camera.WorldToScreen(brush.WorldOrigin()), kCurrentHandles);
+}
+
+}  // namespace zando
