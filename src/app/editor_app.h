@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <map>
 #include <memory>
-#include <string_view>
+#include <string>
 #include <vector>
 
+#include "app/document_commands.h"
+#include "app/file_stamp.h"
 #include "app/main_window.h"
 #include "document/editor_settings.h"
 #include "document/zando_doc.h"
@@ -14,6 +17,8 @@
 #include "platform/frame_display.h"
 
 namespace zando {
+
+inline constexpr std::size_t kMostRecentFiles = 4;
 
 /// Keeps the recent files between runs: the only thing that is remembered.
 class CRecentFileStore {
@@ -61,7 +66,8 @@ class CEditorApp : public CFrameDisplay {
   /// The same for all documents, before the program ends.
   [[nodiscard]] bool MayExit();
 
-  /// The window of a view is gone: its document goes with the last one.
+  /// The window of a view is gone: its document goes with the last one. Saying so twice, or for a
+  /// view that CloseChild destroyed, does no harm.
   void OnViewClosed(CZANDODoc& document);
 
   /// Another view became the active one.
@@ -77,26 +83,48 @@ class CEditorApp : public CFrameDisplay {
   class CFrameCommands;
   class CApplicationCommands;
 
+  /// What the application keeps beside a document.
+  struct OpenLevel {
+    std::unique_ptr<CDocumentCommands> commands;
+    std::string untitledName;  ///< proposed until the level has a file
+    FileStamp stamp;           ///< of the file as we read or wrote it last
+  };
+
   std::vector<CCmdTarget*> Targets();
   CZANDODoc* ActiveDocument() const;
-  CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document);
+  CZANDODoc* FindByPath(const std::filesystem::path& path) const;
+  OpenLevel& LevelOf(const CZANDODoc& document) { return levels_.at(&document); }
+  [[nodiscard]] std::string NameOf(const CZANDODoc& document);
+
+  CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);
+  void Activate(CZANDODoc& document);
+  void OpenView(CZANDODoc& document);
+  void OpenFourViews(CZANDODoc& document);
+
   void NewDocument();
   void AskAndOpen();
+  void OpenRecentFile(std::size_t index);
   bool Save(CZANDODoc& document);
   bool SaveAs(CZANDODoc& document);
   bool WriteTo(CZANDODoc& document, const std::filesystem::path& path);
+  bool MayOverwrite(const CZANDODoc& document);
   bool AskSaveChanges(CZANDODoc& document);
   void CloseDocument(CZANDODoc& document);
-  void OpenView(CZANDODoc& document);
-  void OpenFourViews(CZANDODoc& document);
+  std::unique_ptr<CZANDODoc> Release(const CZANDODoc& document);
+  void CloseViews(CZANDODoc& document);
+
+  void LoadRecentFiles();
   void NoteRecentFile(const std::filesystem::path& path);
+  void PublishRecentFiles();
 
   CMainWindow& window_;
   CDesktop& desktop_;
   CRecentFileStore& recentStore_;
   CEditorSettings settings_;
   std::vector<std::unique_ptr<CZANDODoc>> documents_;
+  std::map<const CZANDODoc*, OpenLevel> levels_;
   std::vector<std::filesystem::path> recentFiles_;
+  int untitledCount_ = 0;
   std::unique_ptr<CFrameCommands> frameCommands_;
   std::unique_ptr<CApplicationCommands> applicationCommands_;
 };

@@ -95,10 +95,8 @@ void Delete(CScriptContext& context, CScriptArguments& /*arguments*/) {
 }
 
 void CopyToCurrent(CScriptContext& context, CScriptArguments& /*arguments*/) {
-  CZANDODoc& document = context.document;
-  RequirePicked(document);
-  document.WorkingBrush = *document.CurrentBrush;
-  document.SetCurrentBrush(document.WorkingBrush);
+  RequirePicked(context.document);
+  context.document.CopyToCurrent();
 }
 
 void SelectAll(CZANDODoc& document) {

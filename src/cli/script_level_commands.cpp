@@ -12,10 +12,8 @@ namespace {
 
 void Show(CScriptContext& context, CScriptArguments& arguments) {
   constexpr std::array filters{ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP};
-  CZANDODoc& document = context.document;
-  document.ShowFilter = filters[arguments.Choice({"all", "visible-groups", "current-group"})];
-  document.ApplyShowFilter();
-  document.UpdateAllViews(nullptr);
+  context.document.SetShowFilter(
+      filters[arguments.Choice({"all", "visible-groups", "current-group"})]);
 }
 
 void ShowEntities(CScriptContext& context, CScriptArguments& arguments) {

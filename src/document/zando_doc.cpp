@@ -82,6 +82,18 @@ void CZANDODoc::SetCurrentBrush(CZandoBrush& brush) {
   Redraw();
 }
 
+void CZANDODoc::StepCurrentBrush(ListStep step) {
+  if (BrushPicked == 0) return;
+  CZandoBrush* neighbour = step == ListStep::Next ? CurrentBrush->Next : CurrentBrush->Prev;
+  SetCurrentBrush(neighbour != nullptr ? *neighbour : *CurrentBrush);
+}
+
+void CZANDODoc::CopyToCurrent() {
+  if (BrushPicked == 0) return;
+  WorkingBrush = *CurrentBrush;
+  SetCurrentBrush(WorkingBrush);
+}
+
 void CZANDODoc::RefreshColors() {
   for (const auto& brush : BrushList.Brushes()) brush->Color = GroupColor(brush->BGroup);
   for (CEntity& entity : Entities) entity.Color = GroupColor(entity.eGroup);
@@ -95,6 +107,12 @@ void CZANDODoc::ApplyShowFilter() {
     SetBit(brush->BFlags, BF_SHOWN, PassesFilter(brush->BGroup) && !hiddenWithEntities);
   }
   for (CEntity& entity : Entities) SetBit(entity.eFlags, EF_SHOWN, PassesFilter(entity.eGroup));
+}
+
+void CZANDODoc::SetShowFilter(std::int32_t filter) {
+  ShowFilter = filter;
+  ApplyShowFilter();
+  Redraw();
 }
 
 bool CZANDODoc::AnySelected() const {
@@ -129,6 +147,12 @@ void CZANDODoc::DeleteEntity(std::int32_t index) {
 
 void CZANDODoc::ParseAllOrigins() {
   for (CEntity& entity : Entities) entity.ParseOrigin();
+}
+
+void CZANDODoc::ToggleUseGrid() {
+  UseGrid = UseGrid == 0 ? 1 : 0;
+  if (Frame != nullptr) Frame->RefreshGrid();
+  Redraw();
 }
 
 void CZANDODoc::StepGrid(GridStep step) {
@@ -191,6 +215,12 @@ void CZANDODoc::MoveSelectionToGroup(std::int32_t group, const Vector& pivot) {
   RefreshColors();
   Redraw();
   SetModifiedFlag();
+}
+
+void CZANDODoc::SetCurrentGroup(std::int32_t group) {
+  CurrentGroup = IsGroup(group) ? group : -1;
+  RefreshColors();
+  Redraw();
 }
 
 void CZANDODoc::PlaceLight() {

@@ -70,6 +70,14 @@ class CZANDODoc : public CDocument {
   /// Makes the working brush, or one of the list, the current brush.
   void SetCurrentBrush(CZandoBrush& brush);
 
+  enum class ListStep { Next, Previous };
+  /// Makes the neighbour in the list of the picked brush the current one; at an end of the list it
+  /// stays. Nothing while the working brush is current.
+  void StepCurrentBrush(ListStep step);
+
+  /// The working brush becomes a copy of the picked one, and current. Nothing while it is already.
+  void CopyToCurrent();
+
   /// Colours of brushes and entities from their groups, then the show filter, then the frame's
   /// display of the groups. An index that names no group gives white.
   void RefreshColors();
@@ -78,6 +86,9 @@ class CZANDODoc : public CDocument {
   /// is not visible.
   void ApplyShowFilter();
 
+  /// Shows by another filter, one of the ID_SHOW_... commands.
+  void SetShowFilter(std::int32_t filter);
+
   /// Whether any brush or entity is in the multi-selection.
   [[nodiscard]] bool AnySelected() const;
 
@@ -85,6 +96,8 @@ class CZANDODoc : public CDocument {
   /// CurrentEntity; it becomes -1 when it was the one removed.
   void DeleteEntity(std::int32_t index);
   void ParseAllOrigins();
+
+  void ToggleUseGrid();
 
   enum class GridStep { Up, Down };
   /// Doubles the grid size, or halves it while it is at least 2. Redraws either way.
@@ -109,6 +122,10 @@ class CZANDODoc : public CDocument {
 
   /// A copy of the current entity becomes current; nothing without one.
   void CopyCurrentEntity();
+
+  /// Another group, or -1, becomes the current one; with the filter that shows only it, other brushes
+  /// are shown.
+  void SetCurrentGroup(std::int32_t group);
 
   /// Appends the entity, in the current group and with its origin parsed, and makes it current.
   void AddEntity(CEntity entity);

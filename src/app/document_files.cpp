@@ -1,0 +1,159 @@
+// The files of levels: new, open, save, close, and the recent ones.
+#include <algorithm>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "app/app_text.h"
+#include "app/editor_app.h"
+#include "document/document_file.h"
+
+namespace zando {
+namespace {
+
+FileRequest LevelRequest(FileRequest::Kind kind, std::string title) {
+  FileRequest request;
+  request.kind = kind;
+  request.title = std::move(title);
+  request.extension = "3dz";
+  request.filter = "ZANDO Files (*.3dz)|*.3dz|All Files (*.*)|*.*||";
+  return request;
+}
+
+}  // namespace
+
+CZANDODoc* CEditorApp::FindByPath(const std::filesystem::path& path) const {
+  const auto found = std::find_if(documents_.begin(), documents_.end(), [&](const auto& document) {
+    return !document->GetPathName().empty() && IsSameFile(document->GetPathName(), path);
+  });
+  return found == documents_.end() ? nullptr : found->get();
+}
+
+std::string CEditorApp::NameOf(const CZANDODoc& document) {
+  const auto& path = document.GetPathName();
+  return path.empty() ? LevelOf(document).untitledName : FileNameText(path);
+}
+
+void CEditorApp::NewDocument() {
+  const std::string name = "ZANDO" + std::to_string(++untitledCount_);
+  CZANDODoc& document = Adopt(std::make_unique<CZANDODoc>(), {});
+  LevelOf(document).untitledName = name;
+}
+
+void CEditorApp::AskAndOpen() {
+  const auto path = desktop_.ChooseFile(LevelRequest(FileRequest::Kind::Open, "Open"));
+  if (path) OpenDocument(*path);
+}
+
+bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
+  const auto absolute = AbsolutePath(path);
+  if (CZANDODoc* open = FindByPath(absolute)) {
+    Activate(*open);
+    NoteRecentFile(open->GetPathName());
+    return true;
+  }
+  // Taken before the file is read: what changes after that is seen as a change.
+  const FileStamp stamp = StampOf(absolute);
+  LoadedDocument loaded = LoadDocumentFile(absolute);
+  if (!loaded.document) {
+    desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.error));
+    return false;
+  }
+  Adopt(std::move(loaded.document), stamp);
+  NoteRecentFile(absolute);
+  return true;
+}
+
+bool CEditorApp::Save(CZANDODoc& document) {
+  const auto& path = document.GetPathName();
+  return path.empty() ? SaveAs(document) : WriteTo(document, path);
+}
+
+bool CEditorApp::SaveAs(CZANDODoc& document) {
+  FileRequest request = LevelRequest(FileRequest::Kind::Save, "Save As");
+  request.proposal = document.GetPathName();
+  if (request.proposal.empty()) request.proposal = LevelOf(document).untitledName;
+  const auto chosen = desktop_.ChooseFile(request);
+  if (!chosen) return false;
+  const auto path = AbsolutePath(*chosen);
+  const CZANDODoc* other = FindByPath(path);
+  if (other != nullptr && other != &document) {
+    desktop_.ShowMessage(
+        PathText(path) +
+        " is open as another level. Close that one first, or choose another name.");
+    return false;
+  }
+  return WriteTo(document, path);
+}
+
+bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path) {
+  const std::filesystem::path target = path;
+  const auto& own = document.GetPathName();
+  if (!own.empty() && IsSameFile(own, target) && !MayOverwrite(document)) return false;
+  const std::string error = SaveDocumentFile(document, target);
+  if (!error.empty()) {
+    desktop_.SetStatusText("Cannot save " + PathText(target) + ": " + ToLatin1(error));
+    return false;
+  }
+  LevelOf(document).stamp = StampOf(target);
+  NoteRecentFile(target);
+  desktop_.SetStatusText("Saved " + FileNameText(target));
+  return true;
+}
+
+bool CEditorApp::MayOverwrite(const CZANDODoc& document) {
+  const FileStamp now = StampOf(document.GetPathName());
+  if (!now.known || now == LevelOf(document).stamp) return true;
+  return desktop_.AskYesNo(PathText(document.GetPathName()) +
+                           " was changed by another program. Overwrite it?") == YesNo::Yes;
+}
+
+bool CEditorApp::AskSaveChanges(CZANDODoc& document) {
+  if (!document.IsModified()) return true;
+  switch (desktop_.AskSaveChanges(NameOf(document))) {
+    case SaveAnswer::Save:
+      return Save(document);
+    case SaveAnswer::Discard:
+      return true;
+    case SaveAnswer::Cancel:
+      break;
+  }
+  return false;
+}
+
+void CEditorApp::OpenRecentFile(std::size_t index) {
+  if (index >= recentFiles_.size()) return;
+  const auto path = recentFiles_[index];
+  std::error_code error;
+  if (FindByPath(path) != nullptr || std::filesystem::exists(path, error) || error) {
+    OpenDocument(path);
+    return;
+  }
+  recentFiles_.erase(recentFiles_.begin() + static_cast<std::ptrdiff_t>(index));
+  recentStore_.Save(recentFiles_);
+  PublishRecentFiles();
+  desktop_.ShowMessage(PathText(path) + " is no longer there.");
+}
+
+void CEditorApp::LoadRecentFiles() {
+  for (const auto& path : recentStore_.Load()) {
+    const auto absolute = AbsolutePath(path);
+    const auto known = std::find(recentFiles_.begin(), recentFiles_.end(), absolute);
+    if (known == recentFiles_.end() && !path.empty()) recentFiles_.push_back(absolute);
+  }
+  if (recentFiles_.size() > kMostRecentFiles) recentFiles_.resize(kMostRecentFiles);
+  PublishRecentFiles();
+}
+
+void CEditorApp::NoteRecentFile(const std::filesystem::path& path) {
+  const std::filesystem::path newest = path;
+  std::erase_if(recentFiles_, [&](const auto& recent) { return IsSameFile(recent, newest); });
+  recentFiles_.insert(recentFiles_.begin(), newest);
+  if (recentFiles_.size() > kMostRecentFiles) recentFiles_.resize(kMostRecentFiles);
+  recentStore_.Save(recentFiles_);
+  PublishRecentFiles();
+}
+
+void CEditorApp::PublishRecentFiles() { window_.SetRecentFiles(recentFiles_); }
+
+}  // namespace zando
