@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
 namespace zando {
 namespace {
@@ -18,6 +17,17 @@ struct HalfSizes {
     return {topX - wall, topZ - wall, bottomX - wall, bottomZ - wall, y - wall};
   }
 };
+
+constexpr ControlId kSolidButton = 1014;
+constexpr ControlId kHollowButton = 1015;
+constexpr ControlId kYSize = 1017;
+constexpr ControlId kWallThickness = 1019;
+constexpr ControlId kPicture = 1020;
+constexpr ControlId kBottomXSize = 1023;
+constexpr ControlId kBottomZSize = 1024;
+constexpr ControlId kDefaultsButton = 1043;
+constexpr ControlId kTopXSize = 1071;
+constexpr ControlId kTopZSize = 1072;
 
 using Corners = std::array<Vector, 8>;
 
@@ -46,7 +56,49 @@ Corners CornersOf(const HalfSizes& half) {
 
 }  // namespace
 
-void CCreateBoxDlg::SetDefaults() { *this = CCreateBoxDlg(); }
+void CCreateBoxDlg::SetDefaults() { static_cast<BoxParameters&>(*this) = BoxParameters(); }
+
+bool CCreateBoxDlg::Run(CZandoBrush& brush, CDesktop& desktop) {
+  const BoxParameters before = *this;
+  if (desktop.DoModal(*this) != IDOK) {
+    static_cast<BoxParameters&>(*this) = before;
+    return false;
+  }
+  Generate(brush);
+  return true;
+}
+
+void CCreateBoxDlg::DoDataExchange(CDataExchange& exchange) {
+  exchange.Text(kYSize, YSize);
+  exchange.Radio(kSolidButton, 2, Style);
+  exchange.Text(kWallThickness, WallThickness);
+  exchange.Text(kBottomXSize, BottomXSize);
+  exchange.Text(kTopXSize, TopXSize);
+  exchange.Text(kBottomZSize, BottomZSize);
+  exchange.Text(kTopZSize, TopZSize);
+}
+
+void CCreateBoxDlg::OnButton(ControlId id) {
+  switch (id) {
+    case kSolidButton:
+      ShowPicture(kSolid);
+      break;
+    case kHollowButton:
+      ShowPicture(kHollow);
+      break;
+    case kDefaultsButton:
+      SetDefaults();
+      ShowPicture(Style);
+      UpdateData(CDataExchange::Direction::ToControls);
+      break;
+    default:
+      break;
+  }
+}
+
+void CCreateBoxDlg::ShowPicture(std::int32_t style) {
+  Form().SetPicture(kPicture, style == kSolid ? "solid_box" : "hollow_box");
+}
 
 void CCreateBoxDlg::Generate(CZandoBrush& brush) const {
   const bool hollow = Style != kSolid;
