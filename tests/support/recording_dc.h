@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/draw_context.h"
+
+namespace zando::testing {
+
+/// A surface that keeps one line of text for each operation: "clip", "pen 00FFFF 2",
+/// "org 400,300", "move 1,2", "line 3,4", "poly 1,2 3,4", "fill 1,2 4x4 0000FF". Colours are
+/// written red, green, blue.
+class CRecordingDC : public CDC {
+ public:
+  CRecordingDC(std::int32_t width, std::int32_t height) : width_(width), height_(height) {}
+
+  std::vector<std::string> Lines;
+
+  /// How many lines begin with the text.
+  [[nodiscard]] int Count(std::string_view beginning) const;
+
+  void ResetClip() override { Lines.emplace_back("clip"); }
+  Pen SelectPen(const Pen& pen) override;
+  ScreenPoint SetViewportOrg(ScreenPoint origin) override;
+  void MoveTo(ScreenPoint point) override;
+  void LineTo(ScreenPoint point) override;
+  void Polyline(std::span<const ScreenPoint> points) override;
+  void FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+                     ColorRef color) override;
+  [[nodiscard]] bool PtVisible(ScreenPoint point) const override;
+
+ private:
+  std::int32_t width_;
+  std::int32_t height_;
+  Pen pen_;
+  ScreenPoint origin_;
+};
+
+}  // namespace zando::testing

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace zando::testing {
+
+/// A desktop whose answers are written beforehand. Each question takes the next answer of its
+/// queue; a question without one fails the test and is answered with cancel or no. What was asked
+/// and said is kept in Calls, in order: "message TEXT", "save? NAME", "yesno? QUESTION",
+/// "open TITLE", "save TITLE", "color 0000FF", "dialog 130".
+class CScriptedDesktop : public CDesktop {
+ public:
+  std::deque<SaveAnswer> SaveAnswers;
+  std::deque<YesNo> YesNoAnswers;
+  std::deque<std::optional<std::filesystem::path>> Files;
+  std::deque<std::optional<ColorRef>> Colors;
+  /// Plays the person in front of a dialog; returns what it closed with.
+  std::deque<std::function<ControlId(CDialog&)>> Dialogs;
+
+  std::vector<std::string> Calls;
+  std::vector<FileRequest> FileRequests;
+  std::string StatusText;
+
+  ScreenPoint Cursor{500, 400};
+  bool CursorPlaceable = true;
+  int CursorHidden = 0;  ///< hides without a show yet
+  std::vector<ScreenPoint> CursorPlacements;
+  bool ShiftDown = false;
+
+  void ShowMessage(std::string_view text) override;
+  SaveAnswer AskSaveChanges(std::string_view name) override;
+  YesNo AskYesNo(std::string_view question) override;
+  void SetStatusText(std::string_view text) override { StatusText = text; }
+  std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
+  std::optional<ColorRef> ChooseColor(ColorRef initial) override;
+  ControlId DoModal(CDialog& dialog) override;
+  ScreenPoint GetCursorPos() const override { return Cursor; }
+  void SetCursorPos(ScreenPoint point) override;
+  bool CanPlaceCursor() const override { return CursorPlaceable; }
+  void ShowCursor(bool visible) override { CursorHidden += visible ? -1 : 1; }
+  bool IsShiftDown() const override { return ShiftDown; }
+};
+
+/// A view's window that counts what it is asked for.
+class CFakeViewWindow : public CViewWindow {
+ public:
+  int Invalidations = 0;
+  int Redraws = 0;
+  bool Captured = false;
+  std::vector<std::string> Titles;
+
+  void Invalidate() override { ++Invalidations; }
+  void RedrawNow() override { ++Redraws; }
+  void SetFrameTitle(std::string_view title) override { Titles.emplace_back(title); }
+  void SetCapture() override { Captured = true; }
+  void ReleaseCapture() override { Captured = false; }
+  bool HasCapture() const override { return Captured; }
+};
+
+}  // namespace zando::testing
