@@ -57,11 +57,13 @@ void CGroupAttributesDlg::FillFields() {
   }
 }
 
-/// A level file cannot hold an empty name: it would read back as the name of a new group.
+/// A level file holds no blanks at the end of a name, and an empty one would read back as the name
+/// of a new group.
 bool CGroupAttributesDlg::ApplyFields() {
   CBGroup* group = Selected();
   if (group == nullptr) return true;
   std::string name = Form().GetText(kName);
+  name.resize(name.find_last_not_of(" \t") + 1);
   if (name.empty()) {
     Form().ReportError(kName, "Please enter a name for the group.");
     return false;

@@ -51,6 +51,7 @@ void CDataExchange::Text(ControlId id, double& value) {
     Fail(id, "Please enter a number.");
     return;
   }
+  takeBack_ = [&value, before = value] { value = before; };
   // A field that still shows the value keeps all of its digits.
   if (Trimmed(text) != Print(value)) value = parsed;
 }
@@ -59,9 +60,10 @@ void CDataExchange::Text(ControlId id, std::int32_t& value) {
   if (failed_) return;
   if (!IsSaving()) {
     form_.SetText(id, Print(value));
-  } else if (!ParseWhole(form_.GetText(id), value)) {
-    Fail(id, "Please enter an integer.");
+    return;
   }
+  takeBack_ = [&value, before = value] { value = before; };
+  if (!ParseWhole(form_.GetText(id), value)) Fail(id, "Please enter an integer.");
 }
 
 void CDataExchange::Text(ControlId id, std::string& value) {
@@ -97,17 +99,22 @@ void CDataExchange::Radio(ControlId first, std::int32_t count, std::int32_t& val
 
 void CDataExchange::MinMax(ControlId id, double value, double low, double high) {
   if (failed_ || !IsSaving() || (low <= value && value <= high)) return;
-  Fail(id, "Please enter a number between " + Print(low) + " and " + Print(high) + ".");
+  FailRange(id, "Please enter a number between " + Print(low) + " and " + Print(high) + ".");
 }
 
 void CDataExchange::MinMax(ControlId id, std::int32_t value, std::int32_t low, std::int32_t high) {
   if (failed_ || !IsSaving() || (low <= value && value <= high)) return;
-  Fail(id, "Please enter an integer between " + Print(low) + " and " + Print(high) + ".");
+  FailRange(id, "Please enter an integer between " + Print(low) + " and " + Print(high) + ".");
 }
 
 void CDataExchange::Fail(ControlId id, std::string_view message) {
   failed_ = true;
   form_.ReportError(id, message);
+}
+
+void CDataExchange::FailRange(ControlId id, std::string_view message) {
+  if (takeBack_) takeBack_();
+  Fail(id, message);
 }
 
 void CDialog::Attach(CDialogForm& form) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -72,7 +73,8 @@ class CDataExchange {
   /// The index of the checked one of `count` buttons with consecutive numbers; -1 for none.
   void Radio(ControlId first, std::int32_t count, std::int32_t& value);
 
-  /// Checks the value that Text has just brought from the control `id`.
+  /// Checks the value that Text has just brought from the control `id`; a value out of range is
+  /// not kept.
   void MinMax(ControlId id, double value, double low, double high);
   void MinMax(ControlId id, std::int32_t value, std::int32_t low, std::int32_t high);
 
@@ -81,10 +83,12 @@ class CDataExchange {
 
  private:
   void Fail(ControlId id, std::string_view message);
+  void FailRange(ControlId id, std::string_view message);
 
   CDialogForm& form_;
   Direction direction_;
   bool failed_ = false;
+  std::function<void()> takeBack_;  ///< gives the member of the last number its old value
 };
 
 /// The logic of a modal dialog: its values, their exchange with the controls, and what its buttons

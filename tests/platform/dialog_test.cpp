@@ -1,0 +1,130 @@
+#include "platform/dialog.h"
+
+#include <clocale>
+#include <string>
+
+#include "support/fake_form.h"
+
+namespace zando {
+namespace {
+
+using Direction = CDataExchange::Direction;
+
+/// Two numbers with ranges, a text, a mark and three radio buttons.
+class CSampleDlg : public CDialog {
+ public:
+  double Number = 0.0;
+  std::int32_t Whole = 0;
+  std::string Name;
+  std::int32_t Mark = 0;
+  std::int32_t Choice = -1;
+  std::int32_t TemplateId() const override { return 1; }
+
+ protected:
+  void DoDataExchange(CDataExchange& exchange) override {
+    exchange.Text(10, Number);
+    exchange.MinMax(10, Number, -1e9, 1e9);
+    exchange.Text(11, Whole);
+    exchange.MinMax(11, Whole, 0, 100);
+    exchange.Text(12, Name);
+    exchange.Check(13, Mark);
+    exchange.Radio(14, 3, Choice);
+  }
+};
+
+TEST(DataExchange, CarriesEveryKindOfValueBothWays) {
+  CSampleDlg dialog;
+  dialog.Number = -12.5;
+  dialog.Whole = 7;
+  dialog.Name = "caf\xE9";
+  dialog.Mark = 1;
+  dialog.Choice = 2;
+  testing::CFakeForm form(dialog);
+  EXPECT_EQ(form.Texts[10], "-12.5");
+  EXPECT_EQ(form.Texts[11], "7");
+  EXPECT_EQ(form.Texts[12], "caf\xE9");
+  EXPECT_TRUE(form.Checks[13] && !form.Checks[14] && !form.Checks[15] && form.Checks[16]);
+
+  form.Type(10, " +2.25e1 ");
+  form.Type(11, "+100");
+  form.Type(12, "");
+  form.Checks[13] = false;
+  form.PressRadio(14, 3, 15);
+  form.Press(IDOK);
+  EXPECT_EQ(form.Result, IDOK);
+  EXPECT_EQ(dialog.Number, 22.5);
+  EXPECT_EQ(dialog.Whole, 100);
+  EXPECT_EQ(dialog.Name, "");
+  EXPECT_EQ(dialog.Mark, 0);
+  EXPECT_EQ(dialog.Choice, 1);
+}
+
+TEST(DataExchange, AFieldThatFailsSaysWhatIsAllowedAndEndsTheExchange) {
+  const struct {
+    ControlId field;
+    const char* text;
+    const char* message;
+  } cases[] = {
+      {10, "", "Please enter a number."},
+      {10, "1,5", "Please enter a number."},
+      {10, "12x", "Please enter a number."},
+      {10, "+-1", "Please enter a number."},
+      {10, "nan", "Please enter a number."},
+      {10, "inf", "Please enter a number."},
+      {10, "1e999", "Please enter a number."},
+      {10, "2e9", "Please enter a number between -1e+09 and 1e+09."},
+      {11, "", "Please enter an integer."},
+      {11, "5.0", "Please enter an integer."},
+      {11, "4294967297", "Please enter an integer."},
+      {11, "-1", "Please enter an integer between 0 and 100."},
+      {11, "101", "Please enter an integer between 0 and 100."},
+  };
+  for (const auto& wrong : cases) {
+    SCOPED_TRACE(wrong.text);
+    CSampleDlg dialog;
+    dialog.Number = 3.0;
+    dialog.Whole = 4;
+    dialog.Name = "before";
+    testing::CFakeForm form(dialog);
+    form.Type(12, "after");
+    form.Type(wrong.field, wrong.text);
+    form.Press(IDOK);
+    EXPECT_EQ(form.Result, 0);
+    EXPECT_EQ(form.Error, wrong.message);
+    EXPECT_EQ(form.Focus, wrong.field);
+    EXPECT_EQ(dialog.Number, 3.0);
+    EXPECT_EQ(dialog.Whole, 4);
+    EXPECT_EQ(dialog.Name, "before");
+    form.Press(IDCANCEL);
+    EXPECT_EQ(form.Result, IDCANCEL);
+  }
+}
+
+TEST(DataExchange, AFieldThatStillShowsItsValueKeepsAllDigits) {
+  CSampleDlg dialog;
+  dialog.Number = 1000.0 / 3.0;
+  testing::CFakeForm form(dialog);
+  EXPECT_EQ(form.Texts[10], "333.333");
+  ASSERT_TRUE(dialog.UpdateData(Direction::FromControls));
+  EXPECT_EQ(dialog.Number, 1000.0 / 3.0);
+  form.Type(10, "333.3330");
+  ASSERT_TRUE(dialog.UpdateData(Direction::FromControls));
+  EXPECT_EQ(dialog.Number, 333.333);
+}
+
+TEST(DataExchange, NumbersHaveAPointInEveryLocale) {
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) GTEST_SKIP() << "no German locale here";
+  CSampleDlg dialog;
+  dialog.Number = 0.5;
+  testing::CFakeForm form(dialog);
+  EXPECT_EQ(form.Texts[10], "0.5");
+  form.Type(10, "1.25");
+  form.Press(IDOK);
+  std::setlocale(LC_ALL, before.c_str());
+  EXPECT_EQ(form.Result, IDOK);
+  EXPECT_EQ(dialog.Number, 1.25);
+}
+
+}  // namespace
+}  // namespace zando
