@@ -3,7 +3,11 @@
 
 packages_of() {
   case "$1" in
-    build) echo g++ cmake ninja-build libcli11-dev nlohmann-json3-dev ;;
+    build)
+      echo g++ cmake ninja-build libcli11-dev nlohmann-json3-dev
+      # The editor window, and what it needs at run time: icons are SVG, and text needs a font.
+      echo qt6-base-dev libqt6svg6 fonts-dejavu-core
+      ;;
     test) echo libgtest-dev ;;
     checks) echo clang clang-format clang-tidy libclang-rt-dev ;;
     bench) echo libbenchmark-dev ;;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace zando {
+
+/// Text of the core is 8-bit and crosses byte for character, so that no byte of a level is lost.
+[[nodiscard]] inline QString TextToQt(std::string_view text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+[[nodiscard]] inline std::string TextFromQt(const QString& text) {
+  return text.toLatin1().toStdString();
+}
+
+/// File names are shown as the file system spells them.
+[[nodiscard]] inline QString PathToQt(const std::filesystem::path& path) {
+  return QFile::decodeName(path.c_str());
+}
+
+[[nodiscard]] inline std::filesystem::path PathFromQt(const QString& path) {
+  return QFile::encodeName(path).toStdString();
+}
+
+}  // namespace zando
