@@ -16,7 +16,7 @@ allowed_rooms() {
     formats) echo "platform geometry csg entities primitives document formats" ;;
     views) echo "platform geometry csg entities primitives document views" ;;
     app) echo "platform geometry csg entities primitives document formats views app" ;;
-    cli) echo "platform geometry csg entities primitives document formats cli" ;;
+    cli) echo "platform platform/qt geometry csg entities primitives document formats views cli" ;;
     *) return 1 ;;
   esac
 }

@@ -3,7 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
+#include <map>
 
+#include "cli/picture_arguments.h"
+#include "cli/script_words.h"
 #include "cli/subcommands.h"
 
 namespace zando {
@@ -21,6 +24,7 @@ struct Request {
   bool quick = false;
   bool optimal = false;
   bool water = false;
+  PictureRequest picture;
   std::function<void(std::ostream&)> run;
 };
 
@@ -95,6 +99,65 @@ void AddRun(CLI::App& app, Request& request) {
   });
 }
 
+/// An option that is read by `take`, which throws CScriptError when the text is wrong.
+CLI::Option* AddText(CLI::App& app, const std::string& name, const std::string& help,
+                     const std::string& form, std::function<void(const std::string&)> take) {
+  const auto read = [name, take = std::move(take)](const std::string& text) {
+    try {
+      take(text);
+    } catch (const CScriptError& error) {
+      throw CLI::ValidationError(name, error.what());
+    }
+  };
+  return app.add_option_function<std::string>(name, read, help)->type_name(form);
+}
+
+void CheckPicture(const PictureRequest& picture) {
+  if (IsOrthographic(picture.kind)) {
+    if (picture.angles) throw CLI::ValidationError("--angles", "are for a wireframe only");
+  } else if (picture.zoom) {
+    throw CLI::ValidationError("--zoom", "is for top, side and front only");
+  }
+}
+
+void AddRender(CLI::App& app, Request& request) {
+  static const std::map<std::string, ViewKind> kKinds{{"top", ViewKind::Top},
+                                                      {"side", ViewKind::Side},
+                                                      {"front", ViewKind::Front},
+                                                      {"wireframe", ViewKind::Wireframe}};
+  PictureRequest& picture = request.picture;
+  CLI::App* render = app.add_subcommand("render", "Draw a level into a PNG file");
+  AddText(*render, "--view", "top, side, front or wireframe (default)", "VIEW",
+          [&picture](const std::string& text) {
+            const auto found = kKinds.find(text);
+            if (found == kKinds.end()) {
+              throw CScriptError("expected top, side, front or wireframe, not '" + text + '\'');
+            }
+            picture.kind = found->second;
+          });
+  AddText(*render, "--size", "of the picture in pixels, each from 1 to 16384 (1024x768)",
+          "WIDTHxHEIGHT", [&picture](const std::string& text) {
+            const PictureSize size = ParsePictureSize(text);
+            picture.width = size.width;
+            picture.height = size.height;
+          });
+  AddText(*render, "--at", "the eye, or the middle of a top, side or front view", "X,Y,Z",
+          [&picture](const std::string& text) { picture.at = ParsePlace(text); });
+  AddText(*render, "--angles", "where the eye of a wireframe looks, in degrees", "YAW,PITCH,ROLL",
+          [&picture](const std::string& text) { picture.angles = ParseAngles(text); });
+  AddText(*render, "--zoom", "pixels per map unit of a top, side or front view, 0.001 to 1000", "S",
+          [&picture](const std::string& text) { picture.zoom = ParseZoom(text); });
+  render->add_flag("--no-grid{false}", picture.grid, "no grid and no axes of the world");
+  render->add_option("LEVEL", request.input, kLevelFile)->required();
+  render->add_option("OUT", request.output, "the .png file to write")->required();
+  render->callback([&request] {
+    CheckPicture(request.picture);
+    request.run = [&request](std::ostream& out) {
+      RenderLevel(request.input, request.output, request.picture, out);
+    };
+  });
+}
+
 /// File names and the reasons of the system may hold anything; the message stays one line.
 std::string OneLine(std::string text) {
   std::replace_if(
@@ -110,7 +173,7 @@ int Fail(std::ostream& err, const std::string& reason) {
 }  // namespace
 
 int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
-  CLI::App app("Build, inspect, rebuild and export levels.", "zando-cli");
+  CLI::App app("Build, inspect, rebuild, draw and export levels.", "zando-cli");
   app.set_version_flag("--version", "zando-cli " ZANDO_VERSION);
   app.require_subcommand(1);
   Request request;
@@ -118,6 +181,7 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   AddRebuild(app, request);
   AddExport(app, request);
   AddConvert(app, request);
+  AddRender(app, request);
   AddRun(app, request);
 
   std::reverse(arguments.begin(), arguments.end());

@@ -4,10 +4,13 @@
 #include <memory>
 
 #include "cli/level_info.h"
+#include "cli/png_image.h"
 #include "cli/script.h"
 #include "document/document_file.h"
 #include "formats/map_writer.h"
 #include "platform/file_io.h"
+#include "views/camera.h"
+#include "views/wireframe.h"
 
 namespace zando {
 namespace {
@@ -93,6 +96,25 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
   }
   Save(*document, output);
   for (const std::string& note : result.notes) out << note << '\n';
+}
+
+void RenderLevel(const fs::path& input, const fs::path& output, const PictureRequest& request,
+                 std::ostream& out) {
+  const std::unique_ptr<CZANDODoc> document = Load(input);
+  document->RefreshColors();
+  CCamera camera;
+  const double zoom = FrameLevel(*document, request, camera);
+  const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
+    const ViewDrawing drawing{dc, camera, request.kind, zoom};
+    dc.ResetClip();
+    if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
+    DrawBrushes(drawing, *document);
+    if (document->ShowEntities != 0) DrawEntities(drawing, *document);
+  });
+  if (!image.bytes) throw CCommandFailure(output, image.error);
+  const std::string error = WriteFileAtomically(output, *image.bytes);
+  if (!error.empty()) throw CCommandFailure(output, error);
+  out << output.string() << ": " << request.width << 'x' << request.height << " pixels\n";
 }
 
 }  // namespace zando

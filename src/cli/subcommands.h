@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "cli/framing.h"
 #include "csg/csg_world.h"
 
 namespace zando {
@@ -44,5 +45,9 @@ void ConvertFile(const std::filesystem::path& input, const std::filesystem::path
 /// is written unless the whole script succeeds.
 void RunScriptFile(const std::filesystem::path& script, const std::filesystem::path& level,
                    const std::filesystem::path& output, std::ostream& out);
+
+/// Draws a level into a PNG file, as a view of the editor does: without the working brush.
+void RenderLevel(const std::filesystem::path& input, const std::filesystem::path& output,
+                 const PictureRequest& request, std::ostream& out);
 
 }  // namespace zando

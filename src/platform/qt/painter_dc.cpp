@@ -1,0 +1,137 @@
+#include "platform/qt/painter_dc.h"
+
+#include <QColor>
+#include <QLineF>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
+#include <algorithm>
+#include <optional>
+
+namespace zando {
+namespace {
+
+/// Lines are cut off this far outside the surface: QPainter loses its way among coordinates beyond
+/// some ten thousand pixels. Wider than any pen, so that the cut ends stay out of sight.
+constexpr double kMargin = 64.0;
+
+QColor ToQColor(ColorRef color) {
+  const auto channel = [color](int shift) { return static_cast<int>(color >> shift & 0xFF); };
+  return {channel(0), channel(8), channel(16)};
+}
+
+QPen ToQPen(const Pen& pen) {
+  QPen result(ToQColor(pen.color), pen.width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+  result.setCosmetic(true);
+  return result;
+}
+
+/// The part of the line within the rectangle (Liang and Barsky), none when it misses.
+std::optional<QLineF> ClipLine(const QPointF& from, const QPointF& to, const QRectF& rect) {
+  const double dx = to.x() - from.x();
+  const double dy = to.y() - from.y();
+  double enter = 0.0;
+  double leave = 1.0;
+  // The part of the line where delta * t <= room.
+  const auto cut = [&enter, &leave](double delta, double room) {
+    if (delta == 0.0) return room >= 0.0;
+    const double t = room / delta;
+    if (delta < 0.0) {
+      enter = std::max(enter, t);
+    } else {
+      leave = std::min(leave, t);
+    }
+    return enter <= leave;
+  };
+  if (!cut(-dx, from.x() - rect.left()) || !cut(dx, rect.right() - from.x()) ||
+      !cut(-dy, from.y() - rect.top()) || !cut(dy, rect.bottom() - from.y())) {
+    return std::nullopt;
+  }
+  const auto at = [&](double t) { return QPointF(from.x() + dx * t, from.y() + dy * t); };
+  return QLineF(enter > 0.0 ? at(enter) : from, leave < 1.0 ? at(leave) : to);
+}
+
+/// What an interval of coordinates leaves within 0..limit; end <= begin when nothing.
+struct Interval {
+  int begin;
+  int end;
+};
+Interval Limit(std::int64_t begin, std::int64_t length, int limit) {
+  const std::int64_t top = limit;
+  const std::int64_t end = begin + std::max<std::int64_t>(length, 0);
+  return {static_cast<int>(std::clamp<std::int64_t>(begin, 0, top)),
+          static_cast<int>(std::clamp<std::int64_t>(end, 0, top))};
+}
+
+}  // namespace
+
+CPainterDC::CPainterDC(QPainter& painter, QSize size)
+    : painter_(painter), surface_(QPoint(0, 0), size), clip_(surface_) {
+  painter_.setRenderHint(QPainter::Antialiasing, false);
+  painter_.setPen(ToQPen(applied_));
+  if (painter_.hasClipping()) {
+    clip_ = painter_.clipBoundingRect().toAlignedRect().intersected(surface_);
+  }
+}
+
+void CPainterDC::ResetClip() {
+  painter_.setClipping(false);
+  clip_ = surface_;
+}
+
+Pen CPainterDC::SelectPen(const Pen& pen) {
+  const Pen before = pen_;
+  pen_ = pen;
+  return before;
+}
+
+ScreenPoint CPainterDC::SetViewportOrg(ScreenPoint origin) {
+  const ScreenPoint before = origin_;
+  origin_ = origin;
+  return before;
+}
+
+void CPainterDC::MoveTo(ScreenPoint point) { position_ = point; }
+
+void CPainterDC::LineTo(ScreenPoint point) {
+  DrawLine(position_, point);
+  position_ = point;
+}
+
+void CPainterDC::Polyline(std::span<const ScreenPoint> points) {
+  for (std::size_t i = 1; i < points.size(); ++i) DrawLine(points[i - 1], points[i]);
+}
+
+void CPainterDC::FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width,
+                               std::int32_t height, ColorRef color) {
+  const Interval across = Limit(std::int64_t{x} + origin_.x, width, surface_.width());
+  const Interval down = Limit(std::int64_t{y} + origin_.y, height, surface_.height());
+  const QRect rect(across.begin, down.begin, across.end - across.begin, down.end - down.begin);
+  if (!rect.isEmpty()) painter_.fillRect(rect, ToQColor(color));
+}
+
+bool CPainterDC::PtVisible(ScreenPoint point) const {
+  const std::int64_t x = std::int64_t{point.x} + origin_.x;
+  const std::int64_t y = std::int64_t{point.y} + origin_.y;
+  return x >= clip_.left() && x <= clip_.right() && y >= clip_.top() && y <= clip_.bottom();
+}
+
+void CPainterDC::ApplyPen() {
+  if (applied_ == pen_) return;
+  painter_.setPen(ToQPen(pen_));
+  applied_ = pen_;
+}
+
+void CPainterDC::DrawLine(ScreenPoint from, ScreenPoint to) {
+  const auto onSurface = [this](ScreenPoint point) {
+    return QPointF(static_cast<double>(point.x) + origin_.x,
+                   static_cast<double>(point.y) + origin_.y);
+  };
+  const QRectF room = QRectF(surface_).adjusted(-kMargin, -kMargin, kMargin, kMargin);
+  const std::optional<QLineF> line = ClipLine(onSurface(from), onSurface(to), room);
+  if (!line) return;
+  ApplyPen();
+  painter_.drawLine(*line);
+}
+
+}  // namespace zando

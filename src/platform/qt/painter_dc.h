@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QPainter>
+#include <QRect>
+#include <QSize>
+
+#include "platform/draw_context.h"
+
+namespace zando {
+
+/// Paints through a QPainter, on a window or on an image, without smoothing. The painter's units
+/// are the pixels; coordinates may lie anywhere, however far outside the surface.
+class CPainterDC final : public CDC {
+ public:
+  /// The painter is active on a surface of this size and outlives the CPainterDC. A clip that it
+  /// has already stays until ResetClip.
+  CPainterDC(QPainter& painter, QSize size);
+
+  void ResetClip() override;
+  Pen SelectPen(const Pen& pen) override;
+  ScreenPoint SetViewportOrg(ScreenPoint origin) override;
+  void MoveTo(ScreenPoint point) override;
+  void LineTo(ScreenPoint point) override;
+  void Polyline(std::span<const ScreenPoint> points) override;
+  void FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
+                     ColorRef color) override;
+  [[nodiscard]] bool PtVisible(ScreenPoint point) const override;
+
+ private:
+  void ApplyPen();
+  void DrawLine(ScreenPoint from, ScreenPoint to);
+
+  QPainter& painter_;
+  QRect surface_;
+  QRect clip_;
+  Pen pen_;
+  Pen applied_;  ///< the pen that the painter has
+  ScreenPoint origin_;
+  ScreenPoint position_;
+};
+
+}  // namespace zando
