@@ -105,7 +105,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   CCamera camera;
   const double zoom = FrameLevel(*document, request, camera);
   const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
-    const ViewDrawing drawing{dc, camera, request.kind, zoom};
+    const ViewDrawing drawing{dc, camera, request.kind, zoom, {request.width, request.height}};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
     DrawBrushes(drawing, *document);
