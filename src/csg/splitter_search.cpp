@@ -255,6 +255,7 @@ CSplitterSearch::Taken CSplitterSearch::Take(CConstructiveBsp& tree, Slot splitt
     bvh_.Collect(box, leaving);
   }
   std::vector<std::pair<Slot, CBspNode*>> smaller;
+  smaller.reserve(leaving.size() + backPieces_.size());
   for (const Slot slot : leaving) smaller.emplace_back(slot, bvh_.At(slot));
   Leave(splitter);
   for (const Slot slot : leaving) Leave(slot);
