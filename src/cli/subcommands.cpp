@@ -38,6 +38,15 @@ bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
 
+void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water) {
+  if (kind == RebuildKind::Quick) {
+    RebuildQuick(world, nullptr, water);
+  } else {
+    RebuildOptimal(world, nullptr, water);
+  }
+  world.CountStats();
+}
+
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(level);
   const LevelInfo info = CollectInfo(*document);
@@ -47,12 +56,7 @@ void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
                   WaterBrushes water, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(input);
-  if (kind == RebuildKind::Quick) {
-    RebuildQuick(document->World, nullptr, water);
-  } else {
-    RebuildOptimal(document->World, nullptr, water);
-  }
-  document->World.CountStats();
+  RebuildWorld(document->World, kind, water);
   Save(*document, output);
   out << output.string() << ": " << DescribeWorld(document->World) << '\n';
 }
