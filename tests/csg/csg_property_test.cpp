@@ -36,10 +36,6 @@ std::string Describe(const Boxes& boxes) {
   return text.str();
 }
 
-double Coordinate(const Vector& v, std::size_t axis) {
-  return axis == 0 ? v.x : axis == 1 ? v.y : v.z;
-}
-
 /// The surface of a level of boxes, told by volume alone: space is cut into cells by the planes of
 /// all boxes, and the last box that holds a cell decides whether it is solid.
 class CCellSurface {
