@@ -165,9 +165,22 @@ std::string OneLine(std::string text) {
   return text;
 }
 
-int Fail(std::ostream& err, const std::string& reason) {
+int Fail(std::ostream& err, const std::string& reason, int status = kCliFailed) {
   err << OneLine(reason) << '\n';
-  return kCliFailed;
+  return status;
+}
+
+/// Prints the help or the version that was asked for, or says what is wrong with the arguments.
+int EndParsing(const CLI::App& app, const CLI::ParseError& error, const std::string& first,
+               std::ostream& out, std::ostream& err) {
+  if (error.get_exit_code() == 0) {
+    app.exit(error, out, err);
+    return kCliDone;
+  }
+  // The parser would only miss a subcommand, and not name the word that is none.
+  const bool unknown = !first.empty() && !first.starts_with('-') && app.get_subcommands().empty();
+  const std::string reason = unknown ? "unknown subcommand '" + first + "'" : error.what();
+  return Fail(err, reason + " (zando-cli --help shows what there is)", kCliWrongUsage);
 }
 
 }  // namespace
@@ -184,11 +197,12 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   AddRender(app, request);
   AddRun(app, request);
 
+  const std::string first = arguments.empty() ? std::string() : arguments.front();
   std::reverse(arguments.begin(), arguments.end());
   try {
     app.parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
-    return app.exit(error, out, err) == 0 ? kCliDone : kCliWrongUsage;
+    return EndParsing(app, error, first, out, err);
   }
   try {
     request.run(out);

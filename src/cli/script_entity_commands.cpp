@@ -3,6 +3,7 @@
 
 #include "cli/script_commands.h"
 #include "entities/class_defaults.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -23,17 +24,9 @@ void Copy(CScriptContext& context, CScriptArguments& /*arguments*/) {
   context.document.CopyCurrentEntity();
 }
 
-bool SameKey(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&lower](char x, char y) { return lower(x) == lower(y); });
-}
-
 bool HasKey(const CEntity& entity, std::string_view key) {
   return std::any_of(entity.Pairs.begin(), entity.Pairs.end(),
-                     [key](const EntityPair& pair) { return SameKey(pair.key, key); });
+                     [key](const EntityPair& pair) { return EqualIgnoringCase(pair.key, key); });
 }
 
 void RequireKey(const CEntity& entity, const std::string& key) {

@@ -22,19 +22,14 @@ void ShowEntities(CScriptContext& context, CScriptArguments& arguments) {
 }
 
 void Rebuild(CScriptContext& context, CScriptArguments& arguments) {
-  const bool optimal = arguments.Choice({"quick", "optimal"}) == 1;
+  const bool quick = arguments.Choice({"quick", "optimal"}) == 0;
   WaterBrushes water = WaterBrushes::Skip;
   if (!arguments.IsEmpty()) {
     arguments.Choice({"water"});
     water = WaterBrushes::Build;
   }
   CConstructiveBsp& world = context.document.World;
-  if (optimal) {
-    RebuildOptimal(world, nullptr, water);
-  } else {
-    RebuildQuick(world, nullptr, water);
-  }
-  world.CountStats();
+  RebuildWorld(world, quick ? RebuildKind::Quick : RebuildKind::Optimal, water);
   context.notes.push_back("rebuild: " + DescribeWorld(world));
   context.Changed();
 }

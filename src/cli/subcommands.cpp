@@ -1,7 +1,7 @@
 #include "cli/subcommands.h"
 
-#include <algorithm>
 #include <memory>
+#include <string_view>
 
 #include "cli/level_info.h"
 #include "cli/png_image.h"
@@ -9,6 +9,7 @@
 #include "document/document_file.h"
 #include "formats/map_writer.h"
 #include "platform/file_io.h"
+#include "platform/text.h"
 #include "views/camera.h"
 #include "views/wireframe.h"
 
@@ -28,18 +29,23 @@ void Save(CZANDODoc& document, const fs::path& path) {
   if (!error.empty()) throw CCommandFailure(path, error);
 }
 
-std::string LowerExtension(const fs::path& path) {
-  std::string extension = path.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return extension;
+bool HasExtension(const fs::path& path, std::string_view extension) {
+  return EqualIgnoringCase(path.extension().string(), extension);
 }
 
-bool IsLevel(const fs::path& path) { return LowerExtension(path) == ".3dz"; }
-bool IsMap(const fs::path& path) { return LowerExtension(path) == ".map"; }
+bool IsLevel(const fs::path& path) { return HasExtension(path, ".3dz"); }
+bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
+
+void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water) {
+  if (kind == RebuildKind::Quick) {
+    RebuildQuick(world, nullptr, water);
+  } else {
+    RebuildOptimal(world, nullptr, water);
+  }
+  world.CountStats();
+}
 
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(level);
@@ -50,12 +56,7 @@ void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
                   WaterBrushes water, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(input);
-  if (kind == RebuildKind::Quick) {
-    RebuildQuick(document->World, nullptr, water);
-  } else {
-    RebuildOptimal(document->World, nullptr, water);
-  }
-  document->World.CountStats();
+  RebuildWorld(document->World, kind, water);
   Save(*document, output);
   out << output.string() << ": " << DescribeWorld(document->World) << '\n';
 }

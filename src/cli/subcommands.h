@@ -24,6 +24,9 @@ enum class RebuildKind { Quick, Optimal };
 /// What an exported level names as its texture archive unless told otherwise.
 inline constexpr const char* kDefaultWad = "MYWAD.WAD";
 
+/// Builds a world anew and brings its counts up to date.
+void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water);
+
 /// The subcommands of zando-cli. Each reads all of its input before it writes, replaces a file
 /// whole or not at all, tells `out` what it did, and throws CCommandFailure.
 

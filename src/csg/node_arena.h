@@ -15,8 +15,6 @@ class CNodeArena {
   CNodeArena() = default;
   CNodeArena(const CNodeArena&) = delete;
   CNodeArena& operator=(const CNodeArena&) = delete;
-  CNodeArena(CNodeArena&&) noexcept = default;
-  CNodeArena& operator=(CNodeArena&&) noexcept = default;
   ~CNodeArena() = default;
 
   /// A node in its starting state.

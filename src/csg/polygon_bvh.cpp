@@ -15,15 +15,6 @@ constexpr std::uint32_t kLeafSize = 4;
 constexpr double kRelativeSlack = 1e-14;
 constexpr double kLeastSlack = 1e-9;
 
-double Coordinate(const Vector& vector, int axis) {
-  if (axis == 0) return vector.x;
-  return axis == 1 ? vector.y : vector.z;
-}
-
-bool IsFinite(const Vector& v) {
-  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 struct Extremes {
@@ -127,7 +118,7 @@ void CPolygonBvh::Build(const std::vector<Box>& leaves) {
 std::uint32_t CPolygonBvh::Halve(const Box& box, std::vector<Slot>& order,
                                  const std::vector<Box>& leaves) {
   const Vector& e = box.extent;
-  const int axis = e.x >= e.y && e.x >= e.z ? 0 : (e.y >= e.z ? 1 : 2);
+  const std::size_t axis = e.x >= e.y && e.x >= e.z ? 0 : (e.y >= e.z ? 1 : 2);
   const std::uint32_t middle = box.begin + (box.end - box.begin) / 2;
   std::nth_element(order.begin() + box.begin, order.begin() + middle, order.begin() + box.end,
                    [&](Slot a, Slot b) {

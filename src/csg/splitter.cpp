@@ -38,6 +38,21 @@ CandidateCount CountCandidate(const CBspNode* candidate, const CNodeList& list,
   return count;
 }
 
+/// The earliest candidate that cuts the fewest polygons, among those that `qualifies` admits.
+template <typename Qualifies>
+CBspNode* FewestSpans(const CNodeList& list, Qualifies qualifies) {
+  CBspNode* best = nullptr;
+  std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
+  for (CBspNode* candidate = list.head; candidate != nullptr; candidate = candidate->link) {
+    const CandidateCount count = CountCandidate(candidate, list, fewest);
+    if (count.spans >= fewest || !qualifies(count)) continue;
+    best = candidate;
+    fewest = count.spans;
+    if (fewest == 0) break;
+  }
+  return best;
+}
+
 enum class SameFacing { ToFront, ToChain };
 
 /// Where one member goes. A member that spans the plane, and may be cut, goes to both sides.
@@ -97,30 +112,12 @@ CBspNode* CutOffBack(CConstructiveBsp& tree, const Plane& plane, CBspNode* node)
 }
 
 CBspNode* ChooseSplitter(const CNodeList& list) {
-  CBspNode* best = nullptr;
-  std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
-  for (CBspNode* candidate = list.head; candidate != nullptr; candidate = candidate->link) {
-    const CandidateCount count = CountCandidate(candidate, list, fewest);
-    if (count.spans >= fewest) continue;
-    best = candidate;
-    fewest = count.spans;
-    if (fewest == 0) break;
-  }
-  return best;
+  return FewestSpans(list, [](const CandidateCount&) { return true; });
 }
 
 CBspNode* ChooseLeafSplitter(const CNodeList& list) {
-  CBspNode* best = nullptr;
-  std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
-  for (CBspNode* candidate = list.head; candidate != nullptr; candidate = candidate->link) {
-    const CandidateCount count = CountCandidate(candidate, list, fewest);
-    if (count.front == 0 && count.spans == 0) continue;
-    if (count.spans >= fewest) continue;
-    best = candidate;
-    fewest = count.spans;
-    if (fewest == 0) break;
-  }
-  return best;
+  return FewestSpans(
+      list, [](const CandidateCount& count) { return count.front > 0 || count.spans > 0; });
 }
 
 Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list,

@@ -12,15 +12,6 @@ namespace {
 constexpr std::uint32_t kFirstWitnesses = 4;
 constexpr std::uint32_t kMoreWitnesses = 2;
 
-double AlongAxis(const Vector& vector, std::uint32_t axis) {
-  if (axis == 0) return vector.x;
-  return axis == 1 ? vector.y : vector.z;
-}
-
-bool IsFinite(const Vector& v) {
-  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
 bool IsUnit(double value) { return value == 1.0 || value == -1.0; }
 
 /// The axis that a plane is square to, or the number of axes.
@@ -33,7 +24,7 @@ std::uint32_t SquareAxis(const Vector& normal) {
 
 /// Where the plane, square to an axis, stands along it; exact.
 double Position(const Plane& plane, std::uint32_t axis) {
-  return AlongAxis(plane.normal, axis) > 0.0 ? -plane.d : plane.d;
+  return Coordinate(plane.normal, axis) > 0.0 ? -plane.d : plane.d;
 }
 
 std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members) {
@@ -95,7 +86,7 @@ CSplitterSearch::Extents CSplitterSearch::ExtentsOf(const CBspNode* node) const 
     double high = -low;
     for (const Vector& vertex : node->polygon.Vertices()) {
       if (!IsFinite(vertex)) continue;
-      const double coordinate = AlongAxis(vertex, axis);
+      const double coordinate = Coordinate(vertex, axis);
       if (coordinate < low) low = coordinate;
       if (coordinate > high) high = coordinate;
     }
@@ -255,6 +246,7 @@ CSplitterSearch::Taken CSplitterSearch::Take(CConstructiveBsp& tree, Slot splitt
     bvh_.Collect(box, leaving);
   }
   std::vector<std::pair<Slot, CBspNode*>> smaller;
+  smaller.reserve(leaving.size() + backPieces_.size());
   for (const Slot slot : leaving) smaller.emplace_back(slot, bvh_.At(slot));
   Leave(splitter);
   for (const Slot slot : leaving) Leave(slot);

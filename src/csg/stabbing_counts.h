@@ -41,7 +41,9 @@ class CStabbingCounts {
     std::int32_t count = std::numeric_limits<std::int32_t>::max();
     Slot slot = std::numeric_limits<Slot>::max();
 
-    friend auto operator<=>(const Least&, const Least&) = default;
+    friend bool operator<(const Least& a, const Least& b) {
+      return a.count != b.count ? a.count < b.count : a.slot < b.slot;
+    }
   };
   /// The greatest possible value when no candidate takes part.
   [[nodiscard]] Least First() const { return tree_.empty() ? Least() : tree_[1].least; }

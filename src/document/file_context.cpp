@@ -7,6 +7,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/text.h"
+
 namespace zando {
 namespace {
 
@@ -14,8 +16,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlank = " \t\v\f\r";
 constexpr std::string_view kSpace = " \t\v\f\r\n";
 constexpr int kSignificantDigits = 6;
-
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 void AppendNumber(std::string& text, double number) {
   std::array<char, 32> digits;
@@ -52,7 +52,7 @@ CFileContext::CFileContext(std::string_view text) : storing(false), text_(text) 
     while (start < end && kBlank.find(text[start]) != std::string_view::npos) ++start;
     if (start < end) {
       starts_.push_back(start);
-      initials_ += Lower(text[start]);
+      initials_ += LowerCase(text[start]);
     }
     start = end + 1;
   }
@@ -98,16 +98,14 @@ std::size_t CFileContext::NextMatch(std::string_view key) {
 /// The index of the first line from `from` on that begins with the key; one past the end if none.
 std::size_t CFileContext::Scan(std::string_view key, std::size_t from) const {
   for (std::size_t at = from;; ++at) {
-    at = initials_.find(Lower(key.front()), at);
+    at = initials_.find(LowerCase(key.front()), at);
     if (at == std::string::npos) return starts_.size();
     if (Matches(at, key)) return at;
   }
 }
 
 bool CFileContext::Matches(std::size_t index, std::string_view key) const {
-  const std::string_view rest = text_.substr(starts_[index], key.size());
-  return std::equal(rest.begin(), rest.end(), key.begin(), key.end(),
-                    [](char a, char b) { return Lower(a) == Lower(b); });
+  return EqualIgnoringCase(text_.substr(starts_[index], key.size()), key);
 }
 
 std::string_view CFileContext::TrimmedLine(std::size_t index) const {

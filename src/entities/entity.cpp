@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <limits>
 
+#include "platform/text.h"
+
 namespace zando {
 namespace {
 
@@ -15,19 +17,10 @@ constexpr double kUnreachable = 100000.0;
 constexpr std::array<std::uint32_t, 3> kAxes{kAxisX, kAxisY, kAxisZ};
 constexpr std::array<double Vector::*, 3> kCoordinates{&Vector::x, &Vector::y, &Vector::z};
 
-constexpr char FoldCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameKey(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return FoldCase(x) == FoldCase(y); });
-}
-
 template <typename Pairs>
 auto FindPair(Pairs& pairs, std::string_view key) {
   return std::find_if(pairs.begin(), pairs.end(),
-                      [key](const EntityPair& pair) { return SameKey(pair.key, key); });
+                      [key](const EntityPair& pair) { return EqualIgnoringCase(pair.key, key); });
 }
 
 /// Takes a whole number off the front of the text. False when there is none, or none that fits.

@@ -12,6 +12,7 @@
 
 #include "formats/brush_carver.h"
 #include "platform/file_io.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -51,13 +52,6 @@ std::string TextureWord(const CZandoBrush& brush) {
     if (static_cast<unsigned char>(c) <= ' ' || c == '"') c = '_';
   }
   return result;
-}
-
-bool IsOriginKey(std::string_view key) {
-  constexpr std::string_view origin = "origin";
-  return std::equal(key.begin(), key.end(), origin.begin(), origin.end(), [](char a, char b) {
-    return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
-  });
 }
 
 /// The face that a cell's polygon was cut from, and the way it faces: together, its plane line.
@@ -144,7 +138,7 @@ void CMapWriter::WriteEntity(const CEntity& entity) {
   Line("{");
   for (const EntityPair& pair : entity.Pairs) {
     const Vector& origin = entity.eOrigin;
-    const std::string value = IsOriginKey(pair.key)
+    const std::string value = EqualIgnoringCase(pair.key, "origin")
                                   ? FormatWholeNumbers(origin.x, origin.z, origin.y)
                                   : Quotable(pair.value);
     Line("\"" + Quotable(pair.key) + "\"\t\"" + value + "\"");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 
 namespace zando {
 
@@ -44,6 +45,16 @@ struct Vector {
 [[nodiscard]] inline Vector Normalised(const Vector& a) {
   const double length = Length(a);
   return {a.x / length, a.y / length, a.z / length};
+}
+
+/// The coordinate along an axis: 0 is x, 1 is y, 2 is z.
+[[nodiscard]] constexpr double Coordinate(const Vector& v, std::size_t axis) {
+  if (axis == 0) return v.x;
+  return axis == 1 ? v.y : v.z;
+}
+
+[[nodiscard]] inline bool IsFinite(const Vector& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
 }  // namespace zando

@@ -1,5 +1,6 @@
 #include "primitives/create_box_dlg.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -112,13 +113,12 @@ void CCreateBoxDlg::Generate(CZandoBrush& brush) const {
     const auto& face = kFaces[i];
     CZandoPoly& shell = brush.Polys[i];
     shell.count = 0;
-    for (auto corner = face.begin(); corner != face.end(); ++corner) shell.Append(outer[*corner]);
+    for (const std::size_t corner : face) shell.Append(outer[corner]);
     if (!hollow) continue;
     CZandoPoly& cavity = brush.Polys[i + kFaces.size()];
     cavity.count = 0;
-    for (auto corner = face.rbegin(); corner != face.rend(); ++corner) {
-      cavity.Append(inner[*corner]);
-    }
+    for (const std::size_t corner : face) cavity.Append(inner[corner]);
+    std::reverse(cavity.Vertices().begin(), cavity.Vertices().end());
   }
 }
 

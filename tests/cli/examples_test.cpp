@@ -1,5 +1,6 @@
 #include "cli/cli_fixture.h"
 #include "document/document_file.h"
+#include "support/map_solids.h"
 
 namespace zando {
 namespace {
@@ -32,6 +33,13 @@ TEST_F(Examples, TheKeepIsALevelToPlay) {
   const std::string map = Read(Path("keep.map"));
   for (const char* wanted : {"info_player_start", "func_door", "monster_ogre", " *water1 "}) {
     EXPECT_NE(map.find(wanted), std::string::npos) << wanted;
+  }
+  const auto entities = testing::ParseMap(map);
+  ASSERT_TRUE(entities.has_value());
+  for (const testing::MapEntity& entity : *entities) {
+    for (const testing::MapBrush& cell : entity.brushes) {
+      EXPECT_TRUE(testing::SolidOf(cell).closed) << cell.front().texture;
+    }
   }
 }
 

@@ -1,20 +1,19 @@
 #include "document/document_file.h"
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <clocale>
 #include <csignal>
 #include <fstream>
-#include <functional>
 #include <locale>
 #include <sstream>
 
 #include "platform/file_io.h"
+#include "support/small_stack.h"
 
-namespace zando {
+namespace zando::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -209,7 +208,7 @@ void FillLevel(CZANDODoc& level) {
 }
 
 /// A folder of the test's own, gone with it.
-class DocumentFolder : public testing::Test {
+class DocumentFolder : public ::testing::Test {
  protected:
   DocumentFolder() {
     fs::create_directories(folder_);
@@ -422,11 +421,6 @@ TEST(DocumentFile, SurvivesDamagedFiles) {
   }
 }
 
-void* RunOnThread(void* work) {
-  (*static_cast<std::function<void()>*>(work))();
-  return nullptr;
-}
-
 TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   constexpr int kNodes = 100000;
   CZANDODoc level;
@@ -438,18 +432,11 @@ TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   }
   std::string written;
   std::string again;
-  std::function<void()> work = [&] {
+  RunOnSmallStack([&] {
     written = WriteDocument(level);
     const LoadedDocument loaded = ReadDocument(written);
     if (loaded.document) again = WriteDocument(*loaded.document);
-  };
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-  pthread_t thread{};
-  ASSERT_EQ(pthread_create(&thread, &attributes, RunOnThread, &work), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
+  });
   EXPECT_GT(written.size(), kNodes * std::size_t{100});
   EXPECT_TRUE(again == written);
 }
@@ -517,4 +504,4 @@ TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
 }
 
 }  // namespace
-}  // namespace zando
+}  // namespace zando::testing

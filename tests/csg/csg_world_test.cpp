@@ -1,3 +1,5 @@
+#include "csg/csg_world.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -5,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "csg/csg_world.h"
 #include "support/csg_testing.h"
 
 namespace zando::testing {

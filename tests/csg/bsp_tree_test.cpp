@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,6 +8,7 @@
 #include "csg/node_tree_builder.h"
 #include "csg/splitter.h"
 #include "support/csg_testing.h"
+#include "support/small_stack.h"
 
 namespace zando::testing {
 namespace {
@@ -234,21 +233,6 @@ TEST(BspTree, TheWalkVisitsWhatFacesTheEyeNearestFirst) {
   EXPECT_EQ(visits, 2);
 }
 
-/// Runs the work in a thread whose stack no recursion over a long chain fits into.
-void RunOnSmallStack(std::function<void()> work) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-  pthread_t thread{};
-  const auto run = [](void* argument) -> void* {
-    (*static_cast<std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-}
-
 enum class Shape { Front, Back };
 
 class DeepTree : public ::testing::TestWithParam<Shape> {
@@ -285,9 +269,9 @@ TEST_P(DeepTree, OfAHundredThousandNodesIsCountedLinkedClippedWalkedAndCleared) 
   });
 }
 
-TEST_P(DeepTree, OfAFewThousandNodesIsBuiltFromAList) {
+TEST_P(DeepTree, OfAHundredThousandNodesIsBuiltFromAList) {
   RunOnSmallStack([] {
-    constexpr int kNodes = 4'000;
+    constexpr int kNodes = 100'000;
     CConstructiveBsp tree;
     CNodeList list;
     for (int i = 0; i < kNodes; ++i) list.Append(SquareNode(tree, Height(i)));

@@ -36,10 +36,6 @@ std::string Describe(const Boxes& boxes) {
   return text.str();
 }
 
-double Coordinate(const Vector& v, std::size_t axis) {
-  return axis == 0 ? v.x : axis == 1 ? v.y : v.z;
-}
-
 /// The surface of a level of boxes, told by volume alone: space is cut into cells by the planes of
 /// all boxes, and the last box that holds a cell decides whether it is solid.
 class CCellSurface {
@@ -219,6 +215,7 @@ TEST(CsgProperties, OptimalRebuildShowsExactlyTheSurfaceOfBoxesInGeneralPosition
 struct TreeKind {
   const char* name;
   LevelOptions options;
+  bool closed = true;  ///< no two flush faces, which are both shown, lie on each other
 };
 
 class CsgTrees : public ::testing::TestWithParam<TreeKind> {};
@@ -233,6 +230,7 @@ TEST_P(CsgTrees, OptimalRebuildKeepsAClosedSurfaceOfVisibleNodesWithoutChains) {
     BuildWorld(world, level, Build::Optimal);
     EXPECT_EQ(world.visible, world.nodes);
     EXPECT_EQ(world.coplanar, 0);
+    if (!GetParam().closed) continue;
     Vector sum{0.0, 0.0, 0.0};
     for (const CBspNode* node : VisiblePolygons(world)) {
       sum = sum + node->plane.normal * Area(node->polygon);
@@ -256,8 +254,10 @@ TEST_P(CsgTrees, ReplayingTheBrushesShowsWhatInsertingThemOneByOneShows) {
 
 INSTANTIATE_TEST_SUITE_P(
     Levels, CsgTrees,
-    ::testing::Values(TreeKind{"General", {.brushes = 25, .extent = 160, .tapered = 30}},
-                      TreeKind{"Turned", {.brushes = 15, .extent = 160, .turned = 80}}),
+    ::testing::Values(
+        TreeKind{"General", {.brushes = 25, .extent = 160, .tapered = 30}},
+        TreeKind{"Turned", {.brushes = 15, .extent = 160, .turned = 80}},
+        TreeKind{"Touching", {.layout = Layout::CoarseGrid, .brushes = 25, .water = 20}, false}),
     [](const auto& testInfo) { return std::string(testInfo.param.name); });
 
 }  // namespace
