@@ -1,12 +1,15 @@
 #include "platform/qt/painter_dc.h"
 
 #include <QColor>
+#include <QImage>
 #include <QLineF>
 #include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <algorithm>
+#include <cmath>
 #include <optional>
+#include <utility>
 
 namespace zando {
 namespace {
@@ -18,6 +21,10 @@ constexpr double kMargin = 64.0;
 QColor ToQColor(ColorRef color) {
   const auto channel = [color](int shift) { return static_cast<int>(color >> shift & 0xFF); };
   return {channel(0), channel(8), channel(16)};
+}
+
+std::uint32_t ToPixel(ColorRef color) {
+  return 0xFF000000U | (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
 }
 
 QPen ToQPen(const Pen& pen) {
@@ -72,11 +79,22 @@ CPainterDC::CPainterDC(QPainter& painter, QSize size)
   if (painter_.hasClipping()) {
     clip_ = painter_.clipBoundingRect().toAlignedRect().intersected(surface_);
   }
+  pixels_ = FindPixels();
+}
+
+CPainterDC::Pixels CPainterDC::FindPixels() const {
+  QPaintDevice* device = painter_.device();
+  if (device->devType() != QInternal::Image || painter_.hasClipping()) return {};
+  if (!painter_.combinedTransform().isIdentity()) return {};
+  auto& image = *static_cast<QImage*>(device);
+  if (image.format() != QImage::Format_RGB32 || image.size() != surface_.size()) return {};
+  return {reinterpret_cast<std::uint32_t*>(image.bits()), image.bytesPerLine() / 4};
 }
 
 void CPainterDC::ResetClip() {
   painter_.setClipping(false);
   clip_ = surface_;
+  pixels_ = FindPixels();
 }
 
 Pen CPainterDC::SelectPen(const Pen& pen) {
@@ -107,7 +125,16 @@ void CPainterDC::FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t widt
   const Interval across = Limit(std::int64_t{x} + origin_.x, width, surface_.width());
   const Interval down = Limit(std::int64_t{y} + origin_.y, height, surface_.height());
   const QRect rect(across.begin, down.begin, across.end - across.begin, down.end - down.begin);
-  if (!rect.isEmpty()) painter_.fillRect(rect, ToQColor(color));
+  if (rect.isEmpty()) return;
+  if (pixels_.first == nullptr) {
+    painter_.fillRect(rect, ToQColor(color));
+    return;
+  }
+  const std::uint32_t pixel = ToPixel(color);
+  std::uint32_t* row = pixels_.first + rect.top() * pixels_.stride + rect.left();
+  for (int left = rect.height(); left > 0; --left, row += pixels_.stride) {
+    std::fill_n(row, rect.width(), pixel);
+  }
 }
 
 bool CPainterDC::PtVisible(ScreenPoint point) const {
@@ -123,6 +150,10 @@ void CPainterDC::ApplyPen() {
 }
 
 void CPainterDC::DrawLine(ScreenPoint from, ScreenPoint to) {
+  if (pixels_.first != nullptr && pen_.width <= 1) {
+    DrawThinLine(from, to);
+    return;
+  }
   const auto onSurface = [this](ScreenPoint point) {
     return QPointF(static_cast<double>(point.x) + origin_.x,
                    static_cast<double>(point.y) + origin_.y);
@@ -132,6 +163,61 @@ void CPainterDC::DrawLine(ScreenPoint from, ScreenPoint to) {
   if (!line) return;
   ApplyPen();
   painter_.drawLine(*line);
+}
+
+/// One pixel for every step along the longer of the two extents. The pixels of a line do not depend
+/// on how much of it lies within the surface, nor on its direction.
+void CPainterDC::DrawThinLine(ScreenPoint from, ScreenPoint to) {
+  std::int64_t along = std::int64_t{from.x} + origin_.x;
+  std::int64_t beside = std::int64_t{from.y} + origin_.y;
+  std::int64_t alongEnd = std::int64_t{to.x} + origin_.x;
+  std::int64_t besideEnd = std::int64_t{to.y} + origin_.y;
+  std::int64_t alongLimit = surface_.width();
+  std::int64_t besideLimit = surface_.height();
+  std::int64_t alongStride = 1;
+  std::int64_t besideStride = pixels_.stride;
+  if (std::abs(besideEnd - beside) > std::abs(alongEnd - along)) {
+    std::swap(along, beside);
+    std::swap(alongEnd, besideEnd);
+    std::swap(alongLimit, besideLimit);
+    std::swap(alongStride, besideStride);
+  }
+  if (along > alongEnd) {
+    std::swap(along, alongEnd);
+    std::swap(beside, besideEnd);
+  }
+
+  const auto length = static_cast<double>(alongEnd - along);
+  const double slope = length > 0.0 ? static_cast<double>(besideEnd - beside) / length : 0.0;
+  double first = static_cast<double>(std::max<std::int64_t>(along, 0));
+  double last = static_cast<double>(std::min(alongEnd, alongLimit - 1));
+  if (slope != 0.0) {
+    // Where the line enters and leaves the rows of the surface, with a step to spare.
+    const double enter = (-1.0 - static_cast<double>(beside)) / slope;
+    const double leave = static_cast<double>(besideLimit - beside) / slope;
+    const auto start = static_cast<double>(along);
+    first = std::max(first, std::floor(start + std::min(enter, leave)) - 1.0);
+    last = std::min(last, std::ceil(start + std::max(enter, leave)) + 1.0);
+  } else if (beside < 0 || beside >= besideLimit) {
+    return;
+  }
+  if (first > last) return;
+
+  // The place beside the line in 32 binary digits after the point.
+  constexpr double kOne = 4294967296.0;
+  const double offset = (first - static_cast<double>(along)) * slope;
+  const double start = static_cast<double>(beside) + offset + 0.5;
+  auto place = static_cast<std::int64_t>(std::floor(start * kOne));
+  const auto step = static_cast<std::int64_t>(std::floor(slope * kOne));
+  const std::uint32_t pixel = ToPixel(pen_.color);
+  const auto end = static_cast<std::int64_t>(last);
+  std::uint32_t* at = pixels_.first + static_cast<std::int64_t>(first) * alongStride;
+  for (auto i = static_cast<std::int64_t>(first); i <= end; ++i) {
+    const std::int64_t row = place >> 32;
+    if (row >= 0 && row < besideLimit) at[row * besideStride] = pixel;
+    at += alongStride;
+    place += step;
+  }
 }
 
 }  // namespace zando

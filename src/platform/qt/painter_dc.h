@@ -9,7 +9,8 @@
 namespace zando {
 
 /// Paints through a QPainter, on a window or on an image, without smoothing. The painter's units
-/// are the pixels; coordinates may lie anywhere, however far outside the surface.
+/// are the pixels; coordinates may lie anywhere, however far outside the surface. On a plain QImage
+/// of 32-bit colours, rectangles and thin lines go straight into its memory, several times faster.
 class CPainterDC final : public CDC {
  public:
   /// The painter is active on a surface of this size and outlives the CPainterDC. A clip that it
@@ -27,12 +28,21 @@ class CPainterDC final : public CDC {
   [[nodiscard]] bool PtVisible(ScreenPoint point) const override;
 
  private:
+  /// The memory of a surface that can be written directly.
+  struct Pixels {
+    std::uint32_t* first = nullptr;  ///< null when there is none
+    std::int64_t stride = 0;         ///< from row to row
+  };
+  [[nodiscard]] Pixels FindPixels() const;
+
   void ApplyPen();
   void DrawLine(ScreenPoint from, ScreenPoint to);
+  void DrawThinLine(ScreenPoint from, ScreenPoint to);
 
   QPainter& painter_;
   QRect surface_;
   QRect clip_;
+  Pixels pixels_;
   Pen pen_;
   Pen applied_;  ///< the pen that the painter has
   ScreenPoint origin_;

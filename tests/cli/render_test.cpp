@@ -1,0 +1,139 @@
+#include <QImage>
+#include <QPainter>
+#include <limits>
+
+#include "cli/cli_fixture.h"
+#include "platform/qt/painter_dc.h"
+
+namespace zando {
+namespace {
+
+/// A line of text for every row: '.' black, '#' any other colour.
+std::string AsText(const QImage& image) {
+  std::string text;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      text += (image.pixel(x, y) & 0xFFFFFF) == 0 ? '.' : '#';
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+class Render : public CCliTest {
+ protected:
+  Outcome Draw(const std::vector<std::string>& options, const std::string& level) {
+    std::vector<std::string> arguments{"render", level, Path("out.png")};
+    arguments.insert(arguments.begin() + 1, options.begin(), options.end());
+    return Run(arguments);
+  }
+  [[nodiscard]] std::string Picture() const {
+    return AsText(QImage(QString::fromStdString(Path("out.png"))));
+  }
+};
+
+TEST_F(Render, TopOfABoxShowsItsOutlineAndHandles) {
+  const std::string level = MakeLevel("box.3dz", "box x=16 y=8 z=8\nadd\n");
+  EXPECT_EQ(Draw({"--view", "top", "--size", "24x16", "--zoom", "1", "--no-grid"}, level).err, "");
+  EXPECT_EQ(Picture(),
+            "........................\n"
+            "........................\n"
+            "..####............####..\n"
+            "..####............####..\n"
+            "..####################..\n"
+            "..####............####..\n"
+            "....#...............#...\n"
+            "....#...............#...\n"
+            "....#...............#...\n"
+            "....#...............#...\n"
+            "..####............####..\n"
+            "..####............####..\n"
+            "..####################..\n"
+            "..####............####..\n"
+            "........................\n"
+            "........................\n");
+}
+
+TEST_F(Render, WholeLevelFitsWhateverTheView) {
+  const std::string level =
+      MakeLevel("far.3dz",
+                "box x=64 y=640 z=64\nposition 5000 200 -3000\nadd\nentity light\n"
+                "entity origin 4000 100 -2000\n");
+  for (const char* view : {"top", "side", "front", "wireframe"}) {
+    ASSERT_EQ(Draw({"--view", view, "--size", "80x60", "--no-grid"}, level).err, "");
+    const QImage image(QString::fromStdString(Path("out.png")));
+    int inside = 0;
+    int border = 0;
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 80; ++x) {
+        const bool lit = (image.pixel(x, y) & 0xFFFFFF) != 0;
+        (x == 0 || y == 0 || x == 79 || y == 59 ? border : inside) += lit ? 1 : 0;
+      }
+    }
+    EXPECT_GT(inside, 30) << view;
+    EXPECT_EQ(border, 0) << view;
+  }
+}
+
+TEST_F(Render, SameLevelGivesTheSameBytes) {
+  const std::string level = MakeLevel("box.3dz", "box\nadd\n");
+  ASSERT_EQ(Draw({}, level).status, kCliDone);
+  const std::string first = Read(Path("out.png"));
+  ASSERT_EQ(Draw({}, level).status, kCliDone);
+  EXPECT_EQ(Read(Path("out.png")), first);
+}
+
+TEST_F(Render, OptionsThatMeanNothingAreRefused) {
+  const std::string level = MakeLevel("box.3dz", "add\n");
+  const std::set<std::string> before = FilesHere();
+  for (const std::vector<std::string>& options :
+       std::vector<std::vector<std::string>>{{"--size", "0x10"},
+                                             {"--size", "16385x10"},
+                                             {"--size", "10"},
+                                             {"--size", "10x-5"},
+                                             {"--size", "99999999999x1"},
+                                             {"--view", "solid"},
+                                             {"--at", "1,2"},
+                                             {"--at", "1,2,nan"},
+                                             {"--at", "1,2,3,4"},
+                                             {"--angles", "0,91,0"},
+                                             {"--view", "top", "--angles", "0,0,0"},
+                                             {"--zoom", "1"},
+                                             {"--view", "top", "--zoom", "0"}}) {
+    const Outcome outcome = Draw(options, level);
+    EXPECT_EQ(outcome.status, kCliWrongUsage) << testing::PrintToString(options);
+    EXPECT_NE(outcome.err, "");
+  }
+  EXPECT_EQ(Draw({}, Path("missing.3dz")).status, kCliFailed);
+  EXPECT_EQ(FilesHere(), before);
+}
+
+TEST(PainterDC, PartsOutsideTheSurfaceChangeNothingInside) {
+  constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kLow = std::numeric_limits<std::int32_t>::min();
+  for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32}) {
+    QImage image(6, 6, format);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    CPainterDC dc(painter, image.size());
+    dc.SelectPen({Rgb(255, 255, 255), 1});
+    dc.MoveTo({kLow, 2});
+    dc.LineTo({kFar, 2});
+    dc.MoveTo({-kFar, -kFar});
+    dc.LineTo({kFar, kFar});
+    dc.MoveTo({kLow, kLow});
+    dc.LineTo({kLow, kFar});
+    dc.SetViewportOrg({kFar, kFar});
+    dc.FillSolidRect(4 - kFar, -kFar, kFar, 2, Rgb(0, 0, 255));
+    dc.FillSolidRect(kFar, kFar, kFar, kFar, Rgb(0, 0, 255));
+    EXPECT_FALSE(dc.PtVisible({kFar, kFar}));
+    EXPECT_TRUE(dc.PtVisible({5 - kFar, 0 - kFar}));
+    EXPECT_FALSE(dc.PtVisible({6 - kFar, 0 - kFar}));
+    painter.end();
+    EXPECT_EQ(AsText(image), "#...##\n.#..##\n######\n...#..\n....#.\n.....#\n") << format;
+    EXPECT_EQ(image.pixel(5, 0), 0xFF0000FFU);
+  }
+}
+
+}  // namespace
+}  // namespace zando
