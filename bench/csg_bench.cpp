@@ -136,7 +136,7 @@ void SquareChainLiteral(State& state) { BuildLiteralTrees(state, ParallelSquares
 constexpr std::int64_t kOnGrid = static_cast<std::int64_t>(Kind::OnGrid);
 constexpr std::int64_t kFreelyTurned = static_cast<std::int64_t>(Kind::FreelyTurned);
 
-/// Sizes up to which the literal versions end in a time that one wants to wait for.
+// The literal versions run on sizes on which they end in a time that one wants to wait for.
 BENCHMARK(Optimal)
     ->ArgsProduct({{kOnGrid, kFreelyTurned}, {10, 100, 1000, 4000}})
     ->Unit(benchmark::kMillisecond);
