@@ -32,10 +32,11 @@ bool IsWithinReach(const Vector& corner) {
          std::fabs(corner.z) <= kClearReach;
 }
 
-/// The corner of a box that comes first as one moves along the direction.
-Vector FirstCorner(const Vector& low, const Vector& high, const Vector& direction) {
-  return {direction.x > 0.0 ? low.x : high.x, direction.y > 0.0 ? low.y : high.y,
-          direction.z > 0.0 ? low.z : high.z};
+/// The distance of the corner of a box that comes first as one moves along the plane's normal.
+double LeastDistance(const Plane& plane, const Vector& low, const Vector& high) {
+  const Vector& n = plane.normal;
+  return SignedDistance(
+      plane, {n.x > 0.0 ? low.x : high.x, n.y > 0.0 ? low.y : high.y, n.z > 0.0 ? low.z : high.z});
 }
 
 }  // namespace
@@ -78,9 +79,18 @@ bool CBrushSequence::IsClear(const Remains& remains) const {
   }
   if (!remains.withinReach) return false;
   return std::any_of(convexFaces_.begin(), convexFaces_.end(), [&remains](const Plane& face) {
-    const Vector corner = FirstCorner(remains.low, remains.high, face.normal);
-    return SignedDistance(face, corner) > kClearDistance;
+    return LeastDistance(face, remains.bounds.low, remains.bounds.high) > kClearDistance;
   });
+}
+
+bool CBrushSequence::PassesUncut(const Bounds& bounds) const {
+  for (const Plane& face : convexFaces_) {
+    if (LeastDistance(face, bounds.low, bounds.high) > kClearDistance) return true;
+    // Corners swapped: the greatest distance. One that is not a number does not count as behind.
+    const bool behind = LeastDistance(face, bounds.high, bounds.low) < -kClearDistance;
+    if (!behind) return false;
+  }
+  return false;
 }
 
 void CBrushSequence::ClipRemains(Remains& remains, CoplanarRule rule) {
@@ -100,9 +110,10 @@ void CBrushSequence::ClipRemains(Remains& remains, CoplanarRule rule) {
 /// Faces before the one that a polygon is clear of may cut it. It becomes whole again, but with its
 /// plane computed afresh: that is all that clipping does to it.
 void CBrushSequence::ClipUnsettled(Remains& remains, CoplanarRule rule) {
-  std::erase_if(remains.unsettled, [&](CBspNode* polygon) {
-    clipper_.ClipAdd(brushTree_, polygon, rule);
-    return IsSettled(*polygon);
+  std::erase_if(remains.unsettled, [&](const Unsettled& unsettled) {
+    if (PassesUncut(unsettled.bounds)) return false;
+    clipper_.ClipAdd(brushTree_, unsettled.polygon, rule);
+    return IsSettled(*unsettled.polygon);
   });
 }
 
@@ -110,25 +121,38 @@ void CBrushSequence::NoteUnsettled(Remains& remains) {
   remains.unsettled.clear();
   for (CBspNode* polygon : remains.polygons) {
     remains.mostVertices = std::max(remains.mostVertices, polygon->polygon.count);
-    if (!IsSettled(*polygon)) remains.unsettled.push_back(polygon);
+    if (IsSettled(*polygon)) continue;
+    remains.unsettled.push_back({polygon, BoundsOf(polygon->polygon)});
   }
 }
 
-CBrushSequence::Remains CBrushSequence::RemainsOf(const std::vector<CBspNode*>& polygons) {
+CBrushSequence::Bounds CBrushSequence::BoundsOf(const CZandoPoly& polygon) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
+  Bounds bounds{{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
+  for (const Vector& v : polygon.Vertices()) {
+    bounds.low = {std::min(v.x, bounds.low.x), std::min(v.y, bounds.low.y),
+                  std::min(v.z, bounds.low.z)};
+    bounds.high = {std::max(v.x, bounds.high.x), std::max(v.y, bounds.high.y),
+                   std::max(v.z, bounds.high.z)};
+  }
+  return bounds;
+}
+
+CBrushSequence::Remains CBrushSequence::RemainsOf(const std::vector<CBspNode*>& polygons) {
   Remains remains;
   remains.polygons = polygons;
-  remains.low = {infinity, infinity, infinity};
-  remains.high = {-infinity, -infinity, -infinity};
   remains.withinReach = true;
-  for (const CBspNode* polygon : polygons) {
-    for (const Vector& v : polygon->polygon.Vertices()) {
-      remains.withinReach = remains.withinReach && IsWithinReach(v);
-      remains.low = {std::min(v.x, remains.low.x), std::min(v.y, remains.low.y),
-                     std::min(v.z, remains.low.z)};
-      remains.high = {std::max(v.x, remains.high.x), std::max(v.y, remains.high.y),
-                      std::max(v.z, remains.high.z)};
-    }
+  remains.bounds = BoundsOf(CZandoPoly());
+  for (const CBspNode* node : polygons) {
+    const auto vertices = node->polygon.Vertices();
+    remains.withinReach &= std::all_of(vertices.begin(), vertices.end(), IsWithinReach);
+    const Bounds bounds = BoundsOf(node->polygon);
+    remains.bounds.low = {std::min(remains.bounds.low.x, bounds.low.x),
+                          std::min(remains.bounds.low.y, bounds.low.y),
+                          std::min(remains.bounds.low.z, bounds.low.z)};
+    remains.bounds.high = {std::max(remains.bounds.high.x, bounds.high.x),
+                           std::max(remains.bounds.high.y, bounds.high.y),
+                           std::max(remains.bounds.high.z, bounds.high.z)};
   }
   NoteUnsettled(remains);
   return remains;

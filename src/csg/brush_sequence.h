@@ -19,22 +19,34 @@ class CBrushSequence {
   void Insert(CZandoBrush& brush, std::int32_t id);
 
  private:
+  struct Bounds {
+    Vector low;
+    Vector high;
+  };
+
+  /// A visible polygon whose plane, computed afresh, would come out differently in some bit.
+  struct Unsettled {
+    CBspNode* polygon;
+    Bounds bounds;
+  };
+
   /// The visible polygons of one brush that was inserted.
   struct Remains {
     std::vector<CBspNode*> polygons;  ///< those of one chain in the order of the chain
-    /// Those of them whose plane, computed afresh, would come out differently in some bit.
-    std::vector<CBspNode*> unsettled;
-    Vector low;  ///< bounds of the polygons
-    Vector high;
+    std::vector<Unsettled> unsettled;
+    Bounds bounds;
     std::int32_t mostVertices = 0;
     bool withinReach = false;
   };
 
+  [[nodiscard]] static Bounds BoundsOf(const CZandoPoly& polygon);
   [[nodiscard]] static Remains RemainsOf(const std::vector<CBspNode*>& polygons);
   static void NoteUnsettled(Remains& remains);
   void NoteBrushTree();
   /// Whether no polygon is near the brush tree: to clip them would hide nothing.
   [[nodiscard]] bool IsClear(const Remains& remains) const;
+  /// Whether a polygon within the bounds is clear of the brush tree without being cut on the way.
+  [[nodiscard]] bool PassesUncut(const Bounds& bounds) const;
   void ClipRemains(Remains& remains, CoplanarRule rule);
   void ClipUnsettled(Remains& remains, CoplanarRule rule);
 
