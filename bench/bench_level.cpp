@@ -4,56 +4,104 @@
 #include <memory>
 #include <utility>
 
+#include "csg/csg_world.h"
 #include "primitives/create_box_dlg.h"
+#include "support/random_level.h"
 
 namespace zando::bench {
 namespace {
 
-/// A small generator of its own, so that every standard library gives the same level.
-class CRandom {
- public:
-  explicit CRandom(std::uint32_t seed) : state_(seed * 2654435769U + 1U) {}
+using testing::CRandom;
 
-  std::int32_t Below(std::int32_t limit) {
-    state_ ^= state_ << 13;
-    state_ ^= state_ >> 17;
-    state_ ^= state_ << 5;
-    return static_cast<std::int32_t>(state_ % static_cast<std::uint32_t>(limit));
+constexpr std::int32_t kGrid = 16;
+constexpr double kEighthTurn = kRotationUnitsPerTurn / 8.0;
+
+/// The side of a cube in which `count` brushes meet a handful of others each.
+std::int32_t SideOfLevel(Kind kind, std::int32_t count) {
+  const double sideOfOne = kind == Kind::OnGrid ? 215.0 : 180.0;
+  return static_cast<std::int32_t>(sideOfOne * std::cbrt(static_cast<double>(count)));
+}
+
+Vector CentreOnGrid(CRandom& random, const CCreateBoxDlg& box, std::int32_t side) {
+  const auto corner = [&] { return static_cast<double>(random.Between(0, side / kGrid) * kGrid); };
+  const double x = corner() + box.TopXSize / 2.0;
+  const double y = corner() + box.YSize / 2.0;
+  return {x, y, corner() + box.TopZSize / 2.0};
+}
+
+/// Faces of boxes lie on the grid, as they do when a level is built by hand.
+void ShapeOnGrid(CZandoBrush& brush, CRandom& random, std::int32_t side) {
+  const auto size = [&random] { return static_cast<double>(random.Between(4, 16) * kGrid); };
+  CCreateBoxDlg box;
+  box.YSize = size();
+  box.BottomXSize = box.TopXSize = size();
+  box.BottomZSize = box.TopZSize = size();
+  if (random.Percent(10)) {
+    box.TopXSize = box.BottomXSize / 2.0;
+    box.TopZSize = box.BottomZSize / 2.0;
   }
+  box.Generate(brush);
+  if (random.Percent(10)) brush.Rot[kOwnSlot].x = random.Between(1, 7) * kEighthTurn;
+  brush.MoveTo(CentreOnGrid(random, box, side));
+}
 
- private:
-  std::uint32_t state_;
-};
+void ShapeFreely(CZandoBrush& brush, CRandom& random, std::int32_t side) {
+  const auto size = [&random] { return static_cast<double>(random.Between(64, 256)); };
+  CCreateBoxDlg box;
+  box.YSize = size();
+  box.BottomXSize = box.TopXSize = size();
+  box.BottomZSize = box.TopZSize = size();
+  if (random.Percent(20)) {
+    box.BottomXSize += 64.0;
+    box.BottomZSize += 32.0;
+  }
+  box.Generate(brush);
+  if (random.Percent(20)) {
+    const double yaw = random.Between(0, 8191);
+    brush.Rot[kOwnSlot] = {yaw, static_cast<double>(random.Between(0, 1023)), 0.0};
+  }
+  const double x = random.Between(0, side);
+  const double y = random.Between(0, side);
+  brush.MoveTo({x, y, static_cast<double>(random.Between(0, side))});
+}
 
 }  // namespace
 
-void FillLevel(CBrushList& list, std::int32_t count, std::uint32_t seed) {
-  CRandom random(seed);
-  // With this side a brush of mean size meets about six others.
-  const auto side = static_cast<std::int32_t>(180.0 * std::cbrt(static_cast<double>(count)));
-  CCreateBoxDlg box;
+CBrushList MakeLevel(Kind kind, std::int32_t count) {
+  CRandom random(static_cast<std::uint64_t>(count));
+  const std::int32_t side = SideOfLevel(kind, count);
+  CBrushList level;
   for (std::int32_t i = 0; i < count; ++i) {
-    const auto size = [&] { return static_cast<double>(64 + random.Below(193)); };
-    box.YSize = size();
-    box.TopXSize = size();
-    box.TopZSize = size();
-    const bool tapered = random.Below(5) == 0;
-    box.BottomXSize = tapered ? box.TopXSize + 64.0 : box.TopXSize;
-    box.BottomZSize = tapered ? box.TopZSize + 32.0 : box.TopZSize;
     auto brush = std::make_unique<CZandoBrush>();
-    box.Generate(*brush);
-    brush->BBid = i;
-    brush->TranT = random.Below(4) == 0 ? kSubtractFromWorld : kAddToWorld;
-    if (random.Below(5) == 0) {
-      const double yaw = random.Below(8192);
-      brush->Rot[kOwnSlot] = {yaw, static_cast<double>(random.Below(1024)), 0.0};
-      brush->WorkRot = brush->Rot;
+    if (kind == Kind::OnGrid) {
+      ShapeOnGrid(*brush, random, side);
+    } else {
+      ShapeFreely(*brush, random, side);
     }
-    const double x = random.Below(side);
-    const double y = random.Below(side);
-    brush->MoveTo({x, y, static_cast<double>(random.Below(side))});
-    list.Append(std::move(brush));
+    brush->ComputeFacePoints();
+    brush->WorkRot = brush->Rot;
+    brush->TranT = random.Percent(25) ? kSubtractFromWorld : kAddToWorld;
+    brush->BBid = i;
+    level.Append(std::move(brush));
   }
+  return level;
+}
+
+void FillDocument(CZANDODoc& document, Kind kind, std::int32_t count) {
+  const CBrushList level = MakeLevel(kind, count);
+  for (const auto& brush : level.Brushes()) document.AddBrush(*brush);
+  document.World.brushList = document.BrushList.Head();
+  RebuildOptimal(document.World, nullptr, WaterBrushes::Build);
+}
+
+double MeanNeighbours(const CBrushList& level) {
+  const auto& brushes = level.Brushes();
+  for (const auto& brush : brushes) brush->UpdateWorld();
+  std::int64_t pairs = 0;
+  for (std::size_t i = 0; i < brushes.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) pairs += BoundsOverlap(*brushes[i], *brushes[j]) ? 1 : 0;
+  }
+  return 2.0 * static_cast<double>(pairs) / static_cast<double>(brushes.size());
 }
 
 }  // namespace zando::bench

@@ -2,22 +2,25 @@
 
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
+#include "csg/insert_faces.h"
 #include "csg/splitter.h"
 
 namespace zando {
 namespace {
 
-enum class Keep { Always, NextToFresh };
+enum class KeepPiece { Always, NextToFresh };
 
 /// Which side coplanar polygons take, and what becomes of a piece that reaches an empty half-space.
 struct InsertRules {
   PolygonClass coplanarFront;
-  Keep keepFront;
-  Keep keepBack;
+  KeepPiece keepFront;
+  KeepPiece keepBack;
 };
 
-constexpr InsertRules kAdditive{PolygonClass::CoplanarSame, Keep::Always, Keep::NextToFresh};
-constexpr InsertRules kSubtractive{PolygonClass::CoplanarOpposite, Keep::NextToFresh, Keep::Always};
+constexpr InsertRules kAdditive{PolygonClass::CoplanarSame, KeepPiece::Always,
+                                KeepPiece::NextToFresh};
+constexpr InsertRules kSubtractive{PolygonClass::CoplanarOpposite, KeepPiece::NextToFresh,
+                                   KeepPiece::Always};
 
 /// A polygon on its way down the tree, next to be sorted at a node.
 struct Descent {
@@ -27,9 +30,15 @@ struct Descent {
 
 class CInserter {
  public:
-  CInserter(CConstructiveBsp& tree, const InsertRules& rules) : tree_(tree), rules_(rules) {}
+  CInserter(CConstructiveBsp& tree, const InsertRules& rules, std::vector<CBspNode*>* kept)
+      : tree_(tree), rules_(rules), kept_(kept) {}
 
   void Insert(CBspNode* node) {
+    ++tree_.inserted;
+    if (tree_.root == nullptr) {
+      Keep(tree_.root, node);
+      return;
+    }
     pending_.push_back({tree_.root, node});
     while (!pending_.empty()) {
       const Descent step = pending_.back();
@@ -60,29 +69,40 @@ class CInserter {
   void GoFront(const Descent& step) { Go(step, step.at->front, rules_.keepFront); }
   void GoBack(const Descent& step) { Go(step, step.at->back, rules_.keepBack); }
 
-  void Go(const Descent& step, CBspNode*& child, Keep keep) {
+  void Go(const Descent& step, CBspNode*& child, KeepPiece keep) {
     if (child != nullptr) {
       pending_.push_back({child, step.piece});
-    } else if (keep == Keep::Always || step.at->nFresh != 0) {
-      child = step.piece;
+    } else if (keep == KeepPiece::Always || step.at->nFresh != 0) {
+      Keep(child, step.piece);
     } else {
       tree_.FreeNode(step.piece);
     }
   }
 
+  void Keep(CBspNode*& place, CBspNode* piece) {
+    place = piece;
+    if (kept_ != nullptr) kept_->push_back(piece);
+  }
+
   CConstructiveBsp& tree_;
   InsertRules rules_;
+  std::vector<CBspNode*>* kept_;
   std::vector<Descent> pending_;
 };
 
-/// What the faces of a brush that is being inserted do with older polygons in their planes.
+}  // namespace
+
 CoplanarRule OlderFaceRule(const CZandoBrush& clipper) {
   if (clipper.TranT == kAddToWorld) return {Coplanar::Outside, Coplanar::Inside};
   return {Coplanar::Inside, Coplanar::Inside};
 }
 
-void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
+void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id,
+                 std::vector<CBspNode*>* kept) {
   const bool solid = brush.TranT == kAddToWorld;
+  // There is nothing to carve from an empty world.
+  if (!solid && world.root == nullptr) return;
+  CInserter inserter(world, solid ? kAdditive : kSubtractive, kept);
   for (std::int32_t k = 0; k < brush.PolyCount(); ++k) {
     const CZandoPoly& face = brush.WorldPolys[static_cast<std::size_t>(k)];
     if (face.count == 0) continue;
@@ -91,23 +111,12 @@ void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
     node->nBid = id;
     node->nPolNum = k;
     node->pBrush = &brush;
-    if (solid) {
-      InsertAdd(world, node);
-    } else {
-      InsertSubtract(world, node);
-    }
+    inserter.Insert(node);
   }
 }
 
-}  // namespace
-
 void InsertAdd(CConstructiveBsp& tree, CBspNode* node) {
-  ++tree.inserted;
-  if (tree.root == nullptr) {
-    tree.root = node;
-    return;
-  }
-  CInserter(tree, kAdditive).Insert(node);
+  CInserter(tree, kAdditive, nullptr).Insert(node);
 }
 
 void InsertSubtract(CConstructiveBsp& tree, CBspNode* node) {
@@ -115,8 +124,7 @@ void InsertSubtract(CConstructiveBsp& tree, CBspNode* node) {
     tree.FreeNode(node);
     return;
   }
-  ++tree.inserted;
-  CInserter(tree, kSubtractive).Insert(node);
+  CInserter(tree, kSubtractive, nullptr).Insert(node);
 }
 
 void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree,
@@ -156,7 +164,7 @@ void InsertBrush(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
   brush.UpdateWorld();
   world.ClearFresh();
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
-  InsertFaces(world, brush, id);
+  InsertFaces(world, brush, id, nullptr);
   CConstructiveBsp brushTree;
   BuildBrushTree(brushTree, brush);
   ClipWorldByBrush(world, brushTree, brush);

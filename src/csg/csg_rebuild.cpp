@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "csg/brush_sequence.h"
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
 #include "csg/node_tree_builder.h"
@@ -205,9 +206,10 @@ CNodeList PruneHidden(CConstructiveBsp& tree, CNodeList list) {
 
 void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
   world.Clear();
+  CBrushSequence sequence(world);
   for (CZandoBrush* brush : ShownBrushes(world.brushList)) {
     if (progress != nullptr) progress->StepIt();
-    if (Builds(*brush, water)) InsertBrush(world, *brush, brush->BBid);
+    if (Builds(*brush, water)) sequence.Insert(*brush, brush->BBid);
   }
 }
 

@@ -107,6 +107,8 @@ const Kind kKinds[] = {
     {"Tapered", {.brushes = 50, .extent = 256, .maxSize = 128, .tapered = 70, .water = 20}},
     {"TaperedOnGrid", {.layout = Layout::CoarseGrid, .brushes = 50, .tapered = 50}},
     {"Turned", {.brushes = 30, .extent = 160, .maxSize = 128, .tapered = 30, .turned = 70}},
+    {"FarApart", {.brushes = 90, .extent = 640, .maxSize = 160, .tapered = 20, .turned = 20}},
+    {"FarApartOnGrid", {.layout = Layout::CoarseGrid, .brushes = 90, .extent = 640, .turned = 10}},
     {"HollowOrTriangulated",
      {.layout = Layout::CoarseGrid, .brushes = 30, .turned = 10},
      RefaceSome},
