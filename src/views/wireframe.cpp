@@ -36,11 +36,14 @@ std::int64_t Truncate(double value) {
   return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
 }
 
-std::int32_t Pixel(double value) {
+/// Pixels far out of any window end at the limits of 32 bits.
+std::int32_t Pixel(std::int64_t value) {
   constexpr std::int64_t kLow = std::numeric_limits<std::int32_t>::min();
   constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(Truncate(value), kLow, kHigh));
+  return static_cast<std::int32_t>(std::clamp(value, kLow, kHigh));
 }
+
+std::int32_t Pixel(double value) { return Pixel(Truncate(value)); }
 
 void DrawLine(CDC& dc, ScreenPoint from, ScreenPoint to) {
   dc.MoveTo(from);
@@ -99,8 +102,8 @@ void DrawAxes(const Grid& grid) {
 }
 
 void DrawHandle(CDC& dc, ScreenPoint point, ColorRef color) {
-  dc.FillSolidRect(point.x - kHandleSize / 2, point.y - kHandleSize / 2, kHandleSize, kHandleSize,
-                   color);
+  dc.FillSolidRect(Pixel(std::int64_t{point.x} - kHandleSize / 2),
+                   Pixel(std::int64_t{point.y} - kHandleSize / 2), kHandleSize, kHandleSize, color);
 }
 
 void DrawPolygonInPerspective(const ViewDrawing& drawing, const CZandoPoly& polygon,
@@ -150,10 +153,14 @@ void DrawEntity(const ViewDrawing& drawing, const CEntity& entity, ColorRef colo
   const ScreenPoint centre = drawing.camera.WorldToScreen(entity.WorkOrigin);
   if (!drawing.dc.PtVisible(centre)) return;
   const Vector corner = entity.WorkOrigin + Vector{kEntityReach, kEntityReach, kEntityReach};
-  const std::int32_t d = drawing.camera.WorldToScreen(corner).x - centre.x;
+  const std::int64_t d = std::int64_t{drawing.camera.WorldToScreen(corner).x} - centre.x;
+  const std::int32_t left = Pixel(centre.x - d);
+  const std::int32_t right = Pixel(centre.x + d);
+  const std::int32_t top = Pixel(centre.y - d);
+  const std::int32_t bottom = Pixel(centre.y + d);
   const Pen before = drawing.dc.SelectPen({entity.IsSelected() ? kSelected : color, kEntityWidth});
-  DrawLine(drawing.dc, {centre.x - d, centre.y - d}, {centre.x + d, centre.y + d});
-  DrawLine(drawing.dc, {centre.x - d, centre.y + d}, {centre.x + d, centre.y - d});
+  DrawLine(drawing.dc, {left, top}, {right, bottom});
+  DrawLine(drawing.dc, {left, bottom}, {right, top});
   drawing.dc.SelectPen(before);
 }
 
