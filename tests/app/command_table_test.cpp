@@ -57,9 +57,6 @@ TEST(CommandTable, EveryCommandOfMenusToolbarsAndKeysHasOneFullRow) {
       EXPECT_TRUE(!row->icon.empty() && icons.insert(row->icon).second) << id;
     }
   }
-  for (const CommandRow& row : CommandTable()) {
-    EXPECT_TRUE(row.icon.empty() || icons.contains(row.icon)) << row.icon;
-  }
   std::set<std::string_view> keys;
   for (const Accelerator& accelerator : Accelerators()) {
     EXPECT_NE(FindCommand(accelerator.id), nullptr) << accelerator.keys;
