@@ -38,8 +38,9 @@ constexpr std::array kCommands{
     CommandRow{ID_APP_EXIT, "E&xit", "Quit ZANDO; asks to save changed levels", "Exit", ""},
 
     // Edit
-    CommandRow{ID_EDIT_UNDO, "&Undo", "Undo the last change of the current brush", "Undo", ""},
-    CommandRow{ID_EDIT_REDO, "&Redo", "Redo the change that was undone", "Redo", ""},
+    CommandRow{ID_EDIT_UNDO, "&Undo", "Undo the last change of the current brush", "Undo",
+               "edit_undo"},
+    CommandRow{ID_EDIT_REDO, "&Redo", "Redo the change that was undone", "Redo", "edit_redo"},
     CommandRow{ID_EDIT_CUT, "Cu&t", "Cut the selection and put it on the clipboard", "Cut",
                "edit_cut"},
     CommandRow{ID_EDIT_COPY, "&Copy", "Copy the selection and put it on the clipboard", "Copy",

@@ -1,0 +1,358 @@
+#include "app/editor_app.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/command_table.h"
+#include "document/command_ids.h"
+#include "document/document_file.h"
+#include "platform/file_io.h"
+#include "support/fake_main_window.h"
+
+namespace zando {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::CFakeMainWindow;
+using testing::CScriptedDesktop;
+
+class CMemoryStore : public CRecentFileStore {
+ public:
+  std::vector<fs::path> files;
+  std::vector<fs::path> Load() override { return files; }
+  void Save(const std::vector<fs::path>& saved) override { files = saved; }
+};
+
+class EditorApp : public ::testing::Test {
+ protected:
+  EditorApp() {
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    Restart();
+  }
+  ~EditorApp() override {
+    app.reset();
+    EXPECT_TRUE(window.Children.empty());
+    fs::remove_all(folder);
+  }
+
+  /// A program that has just begun, with the same files and recent files.
+  void Restart() {
+    app.reset();
+    app = std::make_unique<CEditorApp>(window, desktop, store);
+    window.App = app.get();
+  }
+
+  CZANDODoc& Active() { return window.ActiveView()->Document(); }
+
+  /// A saved level of some brushes in the folder.
+  fs::path Sample(const std::string& name, int brushes = 1) {
+    CZANDODoc level;
+    for (int i = 0; i < brushes; ++i) level.AddToWorld();
+    EXPECT_EQ(SaveDocumentFile(level, folder / name), "");
+    return folder / name;
+  }
+
+  std::string Check(CommandId id) {
+    const CCmdUI ui = app->Query(id);
+    return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
+  }
+
+  fs::path folder = fs::path(::testing::TempDir()) / "zando_app_test";
+  CFakeMainWindow window;
+  CScriptedDesktop desktop;
+  CMemoryStore store;
+  std::unique_ptr<CEditorApp> app;
+};
+
+TEST_F(EditorApp, ASavedLevelComesBackAsItWas) {
+  ASSERT_TRUE(app->Start({}));
+  EXPECT_EQ(window.ActiveView()->Kind(), ViewKind::Solid);
+  EXPECT_FALSE(Active().IsModified());
+  desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
+  app->Run(ID_CUBE);
+  app->Run(ID_ADD_TO_WORLD);
+  const std::string text = WriteDocument(Active());
+  const fs::path path = folder / "room.3dz";
+  desktop.Files = {path, path};
+  app->Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(desktop.FileRequests[0].proposal, "ZANDO1");
+  EXPECT_EQ(desktop.FileRequests[0].extension, "3dz");
+  app->Run(ID_FILE_CLOSE);
+  EXPECT_TRUE(app->Documents().empty());
+  EXPECT_TRUE(window.Children.empty());
+  app->Run(ID_FILE_OPEN);
+  ASSERT_EQ(app->Documents().size(), 1U);
+  EXPECT_EQ(WriteDocument(Active()), text);
+  EXPECT_FALSE(Active().IsModified());
+  EXPECT_EQ(Active().GetPathName(), path);
+  EXPECT_EQ(window.RecentFiles, std::vector<fs::path>{path});
+}
+
+TEST_F(EditorApp, ClosingAChangedLevelHonoursTheAnswer) {
+  struct Case {
+    SaveAnswer answer;
+    bool saveWorks;
+    bool closed;
+    bool written;
+  };
+  for (const Case& c :
+       {Case{SaveAnswer::Save, true, true, true}, Case{SaveAnswer::Save, false, false, false},
+        Case{SaveAnswer::Discard, true, true, false},
+        Case{SaveAnswer::Cancel, true, false, false}}) {
+    for (const std::string_view way : {"close", "window", "exit"}) {
+      Restart();
+      const fs::path path = Sample("level.3dz");
+      ASSERT_TRUE(app->Start(path));
+      app->Run(ID_ADD_TO_WORLD);
+      // A name that is a folder cannot be written.
+      if (!c.saveWorks) Active().SetPathName(folder);
+      desktop.SaveAnswers = {c.answer};
+      desktop.Calls.clear();
+      desktop.StatusText.clear();
+      bool closed = false;
+      if (way == "window") {
+        closed = window.UserCloses(*window.ActiveView());
+      } else if (way == "exit") {
+        closed = app->MayExit();
+      } else {
+        app->Run(ID_FILE_CLOSE);
+        closed = app->Documents().empty();
+      }
+      EXPECT_EQ(closed, c.closed) << way;
+      EXPECT_EQ(desktop.Calls.size(), 1U);
+      EXPECT_EQ(desktop.Calls[0].starts_with("save? level.3dz"), c.saveWorks);
+      EXPECT_EQ(LoadDocumentFile(path).document->BrushCount(), c.written ? 2 : 1);
+      if (closed) continue;
+      EXPECT_TRUE(Active().IsModified());
+      EXPECT_EQ(desktop.StatusText.starts_with("Cannot save "), !c.saveWorks);
+    }
+  }
+}
+
+TEST_F(EditorApp, OnlyTheLastWindowOfALevelAsksAndWindowsCloseInAnyOrder) {
+  ASSERT_TRUE(app->Start({}));
+  app->Run(ID_WINDOW_NEW);
+  app->Run(ID_FILE_NEW);
+  ASSERT_EQ(window.Children.size(), 3U);
+  app->Documents()[0]->SetModifiedFlag();
+  EXPECT_TRUE(window.UserCloses(*window.Children[0].view));
+  EXPECT_EQ(app->Documents().size(), 2U);
+  desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Discard};
+  EXPECT_FALSE(window.UserCloses(*window.Children[0].view));
+  EXPECT_TRUE(window.UserCloses(*window.Children[0].view));
+  EXPECT_EQ(app->Documents().size(), 1U);
+  EXPECT_EQ(desktop.Calls, (std::vector<std::string>{"save? ZANDO1", "save? ZANDO1"}));
+  EXPECT_TRUE(window.UserCloses(*window.Children[0].view));
+  EXPECT_TRUE(app->Documents().empty());
+  EXPECT_EQ(window.GridPane, "");
+  EXPECT_TRUE(window.GroupItems.empty());
+  app->Run(ID_FILE_NEW);
+  app->Run(ID_FILE_CLOSE);
+  EXPECT_TRUE(app->Documents().empty());
+}
+
+TEST_F(EditorApp, ClosingALevelClosesAllItsWindowsAndNoOthers) {
+  ASSERT_TRUE(app->Start({}));
+  app->Run(ID_FILE_NEW);
+  app->Run(ID_FOUR_VIEWS);
+  app->Run(ID_FILE_CLOSE);
+  ASSERT_EQ(window.Children.size(), 1U);
+  EXPECT_EQ(&Active(), app->Documents().at(0).get());
+}
+
+TEST_F(EditorApp, AFileThatCannotBeReadLeavesOpenLevelsAloneAndSaysWhy) {
+  ASSERT_TRUE(app->Start({}));
+  const CZANDODoc* before = &Active();
+  ASSERT_EQ(WriteFileAtomically(folder / "bad.3dz", "no level\n"), "");
+  for (const char* name : {"bad.3dz", "missing.3dz", "."}) {
+    desktop.Calls.clear();
+    EXPECT_FALSE(app->OpenDocument(folder / name));
+    ASSERT_EQ(desktop.Calls.size(), 1U);
+    const std::string& said = desktop.Calls[0];
+    EXPECT_TRUE(said.starts_with("message Cannot open " + folder.string())) << said;
+    EXPECT_LT(said.rfind(": ") + 4, said.size());
+    EXPECT_EQ(app->Documents().size(), 1U);
+    EXPECT_EQ(&Active(), before);
+  }
+  EXPECT_TRUE(window.RecentFiles.empty());
+  Restart();
+  EXPECT_FALSE(app->Start(folder / "bad.3dz"));
+}
+
+TEST_F(EditorApp, OpeningAnOpenFileActivatesItsWindow) {
+  const fs::path path = Sample("a.3dz");
+  ASSERT_TRUE(app->Start(path));
+  CZANDOView* view = window.ActiveView();
+  app->Run(ID_FILE_NEW);
+  window.Minimize(*view);
+  fs::create_symlink(path, folder / "link.3dz");
+  EXPECT_TRUE(app->OpenDocument(folder / "link.3dz"));
+  EXPECT_EQ(window.ActiveView(), view);
+  EXPECT_FALSE(window.IsMinimized(*view));
+  EXPECT_EQ(app->Documents().size(), 2U);
+
+  app->Run(ID_FILE_NEW);
+  desktop.Files = {path};
+  app->Run(ID_FILE_SAVE_AS);
+  EXPECT_TRUE(desktop.Calls.back().starts_with("message ")) << desktop.Calls.back();
+  EXPECT_TRUE(Active().GetPathName().empty());
+}
+
+TEST_F(EditorApp, RecentFilesAreTheLastFourNewestFirstAndMissingOnesAreDropped) {
+  ASSERT_TRUE(app->Start({}));
+  std::vector<fs::path> paths;
+  for (const char* name : {"1.3dz", "2.3dz", "3.3dz", "4.3dz", "5.3dz"}) {
+    paths.push_back(Sample(name));
+    EXPECT_TRUE(app->OpenDocument(paths.back()));
+  }
+  EXPECT_TRUE(app->OpenDocument(folder / "." / "3.3dz"));
+  EXPECT_EQ(window.RecentFiles, (std::vector<fs::path>{paths[2], paths[4], paths[3], paths[1]}));
+
+  store.files.push_back(store.files[0]);
+  store.files.push_back(paths[0]);
+  Restart();
+  ASSERT_TRUE(app->Start({}));
+  EXPECT_EQ(window.RecentFiles, (std::vector<fs::path>{paths[2], paths[4], paths[3], paths[1]}));
+  fs::remove(paths[4]);
+  app->Run(ID_FILE_MRU_FIRST + 1);
+  EXPECT_EQ(desktop.Calls.back(), "message " + paths[4].string() + " is no longer there.");
+  app->Run(ID_FILE_MRU_FIRST + 2);
+  EXPECT_EQ(Active().GetPathName(), paths[1]);
+  EXPECT_EQ(window.RecentFiles, (std::vector<fs::path>{paths[1], paths[2], paths[3]}));
+  EXPECT_EQ(store.files, window.RecentFiles);
+  EXPECT_EQ(Check(ID_FILE_MRU_FIRST + 2), "enabled");
+  EXPECT_EQ(Check(ID_FILE_MRU_FIRST + 3), "disabled");
+}
+
+TEST_F(EditorApp, WhatAnotherProgramWroteIsNotOverwrittenUnasked) {
+  const fs::path path = Sample("shared.3dz");
+  ASSERT_TRUE(app->Start(path));
+  app->Run(ID_ADD_TO_WORLD);
+  app->Run(ID_FILE_SAVE);
+  app->Run(ID_ADD_TO_WORLD);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_TRUE(desktop.Calls.empty());
+
+  Sample("shared.3dz", 7);
+  desktop.YesNoAnswers = {YesNo::No, YesNo::Yes};
+  app->Run(ID_ADD_TO_WORLD);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_TRUE(Active().IsModified());
+  EXPECT_EQ(LoadDocumentFile(path).document->BrushCount(), 7);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(LoadDocumentFile(path).document->BrushCount(), 4);
+  app->Run(ID_ADD_TO_WORLD);
+  fs::remove(path);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(LoadDocumentFile(path).document->BrushCount(), 5);
+  EXPECT_EQ(desktop.Calls.size(), 2U);
+}
+
+TEST_F(EditorApp, FourViewsMinimizeTheOldOnesAndTileTheNew) {
+  ASSERT_TRUE(app->Start({}));
+  app->Run(ID_WINDOW_NEW);
+  CZANDOView* second = window.ActiveView();
+  second->SetKind(ViewKind::Wireframe);
+  app->Run(ID_FOUR_VIEWS);
+  ASSERT_EQ(window.Children.size(), 6U);
+  const std::vector<ViewKind> kinds{ViewKind::Solid, ViewKind::Wireframe, ViewKind::Side,
+                                    ViewKind::Top,   ViewKind::Front,     ViewKind::Solid};
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    EXPECT_EQ(window.Children[i].view->Kind(), kinds[i]) << i;
+    EXPECT_EQ(window.Children[i].minimized, i < 2) << i;
+    EXPECT_EQ(window.Children[i].window->Titles.back(), CZANDOView::FrameTitle(kinds[i]));
+  }
+  EXPECT_EQ(window.Arrangement, "H");
+}
+
+TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
+  ASSERT_TRUE(app->Start({}));
+  CZANDODoc& level = Active();
+  level.AddToWorld();
+  level.Groups.resize(2);
+  level.Groups[1].gName = "Roof";
+  level.BrushList.Head()->BGroup = 1;
+  level.RefreshColors();
+  ASSERT_EQ(window.GroupItems.size(), 3U);
+  EXPECT_EQ(window.GroupItems[0].name + '/' + window.GroupItems[2].name, "No Group/Roof");
+  EXPECT_EQ(window.GroupItems[0].group, -1);
+  EXPECT_EQ(window.GroupItems[2].group, 1);
+  EXPECT_EQ(window.SelectedGroup, -1);
+
+  level.SetModifiedFlag(false);
+  level.SetShowFilter(ID_SHOW_CURRENT_GROUP);
+  const auto shown = [&] { return level.BrushList.Head()->IsShown(); };
+  for (const std::int32_t group : {0, 1, -1, 1}) {
+    window.Children[0].window->Invalidations = window.Children[0].window->Redraws = 0;
+    app->SelectGroup(group);
+    EXPECT_EQ(level.CurrentGroup, group);
+    EXPECT_EQ(window.SelectedGroup, group);
+    EXPECT_EQ(shown(), group == 1);
+    EXPECT_GT(window.Children[0].window->Invalidations + window.Children[0].window->Redraws, 0);
+  }
+  EXPECT_FALSE(level.IsModified());
+  app->Run(ID_FILE_NEW);
+  EXPECT_EQ(window.GroupItems.size(), 1U);
+  window.Activate(*window.Children[0].view);
+  EXPECT_EQ(window.SelectedGroup, 1);
+}
+
+TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
+  ASSERT_TRUE(app->Start({}));
+  EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
+  app->Run(ID_USE_GRID);
+  Active().GridSize = 3.0;
+  Active().StepGrid(CZANDODoc::GridStep::Down);
+  EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
+  app->Run(ID_FILE_NEW);
+  EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
+  window.Activate(*window.Children[0].view);
+  EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
+  Active().GridSize = 1e300;
+  app->RefreshGrid();
+  EXPECT_EQ(window.GridPane, "Gridsize: 2147483647 Snap On");
+}
+
+TEST_F(EditorApp, CommandsGoToTheFirstThatKnowsThemAndOthersDoNothing) {
+  const std::vector<CommandId> needLevel{ID_FILE_CLOSE, ID_FILE_SAVE,  ID_FILE_SAVE_AS,
+                                         ID_FOUR_VIEWS, ID_WINDOW_NEW, ID_WINDOW_TILE,
+                                         ID_CUBE,       ID_AXIS_X,     ID_ADD_TO_WORLD};
+  const std::vector<CommandId> later{
+      ID_EDIT_CUT,        ID_TEXTURE_BROWSER, ID_TEXTURES,  ID_SPHEROID,
+      ID_HIDE_NON_LIGHTS, ID_MAP_SETTINGS,    ID_EDIT_UNDO, 12345};
+  for (const bool open : {false, true}) {
+    ASSERT_TRUE(!open || app->Start({}));
+    for (const CommandId id : needLevel) EXPECT_EQ(Check(id) != "disabled", open) << id;
+    for (const CommandId id : later) {
+      EXPECT_EQ(Check(id), "disabled") << id;
+      app->Run(id);
+    }
+    if (!open) app->Run(ID_CUBE);
+    for (const CommandId id : {ID_FILE_NEW, ID_FILE_OPEN, ID_APP_ABOUT, ID_APP_EXIT}) {
+      EXPECT_EQ(Check(id), "enabled") << id;
+    }
+  }
+  EXPECT_TRUE(desktop.Calls.empty());
+  EXPECT_FALSE(Active().IsModified());
+  for (const CommandId id : {ID_WINDOW_TILE, ID_WINDOW_CASCADE, ID_WINDOW_ARRANGE, ID_APP_ABOUT,
+                             ID_APP_EXIT, ID_AXIS_Y}) {
+    app->Run(id);
+  }
+  EXPECT_EQ(window.Arrangement, "TCA");
+  EXPECT_EQ(window.Abouts + window.Closes, 2);
+  EXPECT_EQ(app->Settings().ActiveAxisMask, kAxisX | kAxisZ);
+  for (const CommandId id : {ID_VIEW_TOOLBAR, ID_VIEW_STATUS_BAR}) {
+    EXPECT_EQ(Check(id), "checked");
+    app->Run(id);
+    EXPECT_EQ(Check(id), "enabled");
+  }
+}
+
+}  // namespace
+}  // namespace zando

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/editor_app.h"
+#include "app/main_window.h"
+#include "support/scripted_desktop.h"
+
+namespace zando::testing {
+
+/// A main frame without a desktop: keeps the child frames in the order of opening and remembers
+/// what it was told to show. As the real one it tells the application of views that are gone.
+class CFakeMainWindow : public CMainWindow {
+ public:
+  struct Child {
+    std::unique_ptr<CZANDOView> view;
+    std::unique_ptr<CFakeViewWindow> window = std::make_unique<CFakeViewWindow>();
+    bool minimized = false;
+  };
+
+  CEditorApp* App = nullptr;
+  std::vector<Child> Children;
+  std::vector<GroupItem> GroupItems;
+  std::int32_t SelectedGroup = -2;
+  int GroupRefills = 0;
+  std::string GridPane;
+  std::vector<std::filesystem::path> RecentFiles;
+  std::string Arrangement;  ///< "H" for each horizontal tiling, "T", "C", "A" for the others
+  int Abouts = 0;
+  int Closes = 0;
+
+  /// Does what the close button of a child frame does.
+  bool UserCloses(CZANDOView& view) {
+    if (!App->MayClose(view)) return false;
+    CloseChild(view);
+    return true;
+  }
+
+  void OpenChild(std::unique_ptr<CZANDOView> view) override {
+    Child& child = Children.emplace_back(Child{std::move(view)});
+    child.view->SetWindow(child.window.get());
+    child.view->OnInitialUpdate();
+    SetActive(child.view.get());
+  }
+  void CloseChild(CZANDOView& view) override {
+    CZANDODoc& document = view.Document();
+    if (active_ == &view) active_ = nullptr;
+    Children.erase(Find(view));
+    App->OnViewClosed(document);
+    if (active_ == nullptr && !Children.empty()) SetActive(Children.back().view.get());
+  }
+  CZANDOView* ActiveView() const override { return active_; }
+  void Activate(CZANDOView& view) override {
+    Find(view)->minimized = false;
+    SetActive(&view);
+  }
+  void Minimize(CZANDOView& view) override { Find(view)->minimized = true; }
+  bool IsMinimized(const CZANDOView& view) const override {
+    return std::any_of(Children.begin(), Children.end(), [&](const Child& child) {
+      return child.view.get() == &view && child.minimized;
+    });
+  }
+  void TileHorizontally() override { Arrangement += 'H'; }
+  void Tile() override { Arrangement += 'T'; }
+  void Cascade() override { Arrangement += 'C'; }
+  void ArrangeIcons() override { Arrangement += 'A'; }
+  void SetGroupItems(const std::vector<GroupItem>& items, std::int32_t selected) override {
+    GroupItems = items;
+    SelectedGroup = selected;
+    ++GroupRefills;
+  }
+  void SetGridPane(std::string_view text) override { GridPane = text; }
+  void SetRecentFiles(const std::vector<std::filesystem::path>& files) override {
+    RecentFiles = files;
+  }
+  void SetToolbarsVisible(bool visible) override { toolbars_ = visible; }
+  bool AreToolbarsVisible() const override { return toolbars_; }
+  void SetStatusBarVisible(bool visible) override { statusBar_ = visible; }
+  bool IsStatusBarVisible() const override { return statusBar_; }
+  void ShowAbout() override { ++Abouts; }
+  void Close() override { ++Closes; }
+
+ private:
+  std::vector<Child>::iterator Find(const CZANDOView& view) {
+    return std::find_if(Children.begin(), Children.end(),
+                        [&](const Child& child) { return child.view.get() == &view; });
+  }
+  void SetActive(CZANDOView* view) {
+    if (active_ != nullptr) active_->OnActivate(CZANDOView::Activation::Deactivated);
+    active_ = view;
+    active_->OnActivate(CZANDOView::Activation::Activated);
+    App->OnActiveViewChanged();
+  }
+
+  CZANDOView* active_ = nullptr;
+  bool toolbars_ = true;
+  bool statusBar_ = true;
+};
+
+}  // namespace zando::testing
