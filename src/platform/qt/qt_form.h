@@ -1,0 +1,67 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "platform/dialog.h"
+
+class QDialog;
+class QListWidget;
+class QWidget;
+
+namespace zando {
+
+/// A dialog's window, built from the form of the dialog's number. Controls carry their own numbers
+/// in the property "controlId".
+class CQtForm : public CDialogForm {
+ public:
+  /// Fills the form from the dialog, which must outlive it.
+  CQtForm(CDialog& dialog, QWidget* parent);
+  ~CQtForm() override;
+
+  [[nodiscard]] QDialog& Window();
+
+  /// Shows the window until it closes; the number it closed with.
+  ControlId Run();
+
+  [[nodiscard]] std::string GetText(ControlId id) const override;
+  void SetText(ControlId id, std::string_view text) override;
+  [[nodiscard]] bool IsChecked(ControlId id) const override;
+  void SetChecked(ControlId id, bool checked) override;
+  void ClearList(ControlId id) override;
+  void AddLine(ControlId id, std::string_view text, std::int32_t data) override;
+  [[nodiscard]] std::int32_t SelectedLine(ControlId id) const override;
+  void SelectLine(ControlId id, std::int32_t data) override;
+  void SetPicture(ControlId id, std::string_view name) override;
+  [[nodiscard]] ColorRef GetColor(ControlId id) const override;
+  void SetColor(ControlId id, ColorRef color) override;
+  void Show(ControlId id, bool visible) override;
+  void ReportError(ControlId id, std::string_view message) override;
+  void Close(ControlId result) override;
+
+ private:
+  class CWindow;
+  class CDoubleClicks;
+
+  template <typename Control>
+  [[nodiscard]] Control* Find(ControlId id) const;
+  void ConnectControls();
+  void ConnectList(ControlId id, QListWidget& list);
+  void Click(ControlId id);
+  void TellSelections();
+
+  CDialog& dialog_;
+  std::unique_ptr<CWindow> window_;
+  std::map<ControlId, QWidget*> controls_;
+  std::map<ControlId, int> scrolled_;  ///< where lists stood before they were emptied
+  std::set<ControlId> changedLists_;   ///< the dialog must still hear of their new selections
+  ControlId result_ = IDCANCEL;
+};
+
+/// Runs the dialog over its parent window; the number it closed with.
+ControlId RunModal(CDialog& dialog, QWidget* parent);
+
+}  // namespace zando

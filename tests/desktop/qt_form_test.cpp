@@ -1,0 +1,185 @@
+#include "platform/qt/qt_form.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/qt/splash_wnd.h"
+
+namespace zando {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// Stands in the box form or the group form and writes down what it is told.
+class CListeningDlg : public CDialog {
+ public:
+  explicit CListeningDlg(std::int32_t form) : form_(form) {}
+  std::int32_t TemplateId() const override { return form_; }
+  void OnSelectionChange(ControlId list) override {
+    told.push_back("selected " + std::to_string(Form().SelectedLine(list)));
+    Fill(Form().SelectedLine(list));
+  }
+  void OnDoubleClick(ControlId list) override {
+    told.push_back("double " + std::to_string(Form().SelectedLine(list)));
+    Fill(Form().SelectedLine(list));
+  }
+  void Fill(std::int32_t selected) {
+    Form().ClearList(1064);
+    Form().AddLine(1064, "walls", 0);
+    Form().AddLine(1064, "Attic", 1);
+    Form().AddLine(1064, "beams", 2);
+    Form().SelectLine(1064, selected);
+  }
+  double size = 128.0;
+  Texts told;
+
+ protected:
+  void DoDataExchange(CDataExchange& exchange) override {
+    if (form_ == 133) exchange.Text(1071, size);
+  }
+  void OnInitDialog() override {
+    if (form_ == 145) Fill(0);
+  }
+  void OnButton(ControlId id) override { told.push_back("button " + std::to_string(id)); }
+
+ private:
+  std::int32_t form_;
+};
+
+template <typename Control>
+Control& Get(CQtForm& form, ControlId id) {
+  for (auto* control : form.Window().findChildren<Control*>()) {
+    if (control->property("controlId") == id) return *control;
+  }
+  throw std::out_of_range("no such control");
+}
+
+QPoint Middle(const QListWidget& list, int row) {
+  return list.visualItemRect(list.item(row)).center();
+}
+
+TEST(QtForm, EveryControlOfTheDialogsIsThere) {
+  const struct {
+    std::int32_t form;
+    const char* title;
+    std::vector<int> controls;
+  } cases[] = {
+      {133, "Create Box", {1, 2, 1014, 1015, 1017, 1019, 1020, 1023, 1024, 1043, 1071, 1072}},
+      {145, "Group Attributes", {1, 2, 1001, 1064, 1065, 1066, 1067}},
+  };
+  for (const auto& expected : cases) {
+    CListeningDlg dialog(expected.form);
+    CQtForm form(dialog, nullptr);
+    EXPECT_EQ(form.Window().windowTitle(), expected.title);
+    std::vector<int> controls;
+    for (const QWidget* control : form.Window().findChildren<QWidget*>()) {
+      const QVariant id = control->property("controlId");
+      if (id.isValid()) controls.push_back(id.toInt());
+    }
+    std::sort(controls.begin(), controls.end());
+    EXPECT_EQ(controls, expected.controls);
+  }
+}
+
+TEST(QtForm, TheFirstClickMayRefillTheListUnderADoubleClick) {
+  CListeningDlg dialog(145);
+  CQtForm form(dialog, nullptr);
+  form.Window().show();
+  auto& list = Get<QListWidget>(form, 1064);
+  EXPECT_EQ(list.item(0)->text(), "Attic") << "sorted, ignoring case";
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Middle(list, 1));
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, Middle(list, 1));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(dialog.told, (Texts{"selected 2", "double 2"}));
+  EXPECT_EQ(form.SelectedLine(1064), 2);
+
+  list.setCurrentRow(0);
+  QTest::mouseClick(&Get<QAbstractButton>(form, 1065), Qt::LeftButton);
+  EXPECT_EQ(dialog.told.at(2), "selected 1") << "before the button that was pressed after it";
+  EXPECT_EQ(dialog.told.at(3), "button 1065");
+}
+
+TEST(QtForm, AFieldTakesWhatTheLevelCanHold) {
+  CListeningDlg dialog(145);
+  CQtForm form(dialog, nullptr);
+  std::string all;
+  for (int c = 0xA0; c <= 0xFF; ++c) all.push_back(static_cast<char>(c));
+  form.SetText(1001, all);
+  EXPECT_EQ(form.GetText(1001), all);
+  auto& field = Get<QLineEdit>(form, 1001);
+  field.clear();
+  QTest::keyClicks(&field, "a");
+  QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QChar(0x0416), Qt::NoModifier);
+  QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QChar(0x00E9), Qt::NoModifier);
+  EXPECT_EQ(form.GetText(1001), "a\xE9");
+}
+
+TEST(QtForm, AWrongNumberKeepsTheWindowAndLeadsToItsField) {
+  CListeningDlg dialog(133);
+  CQtForm form(dialog, nullptr);
+  QString message;
+  QTimer::singleShot(0, [&] {
+    auto& field = Get<QLineEdit>(form, 1071);
+    field.setText("wide");
+    QTimer::singleShot(0, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      message = box->windowTitle() + ": " + box->text();
+      box->accept();
+    });
+    QTest::keyClick(&form.Window(), Qt::Key_Return);
+    EXPECT_TRUE(form.Window().isVisible());
+    EXPECT_EQ(form.Window().focusWidget(), &field);
+    EXPECT_EQ(field.selectedText(), "wide");
+    QTest::keyClick(&form.Window(), Qt::Key_Escape);
+  });
+  EXPECT_EQ(form.Run(), IDCANCEL);
+  EXPECT_EQ(message, "ZANDO: Please enter a number.");
+  EXPECT_EQ(dialog.size, 128.0);
+}
+
+TEST(QtForm, APictureShows) {
+  CListeningDlg dialog(133);
+  CQtForm form(dialog, nullptr);
+  form.SetPicture(1020, "solid_box");
+  const QImage solid = Get<QLabel>(form, 1020).pixmap().toImage();
+  form.SetPicture(1020, "hollow_box");
+  EXPECT_EQ(solid.size(), QSize(128, 128));
+  EXPECT_NE(solid, Get<QLabel>(form, 1020).pixmap().toImage());
+}
+
+TEST(Splash, TheFirstKeyHidesItAndGoesNoFurther) {
+  QLineEdit window;
+  int commands = 0;
+  QShortcut shortcut(QKeySequence("F5"), &window);
+  QObject::connect(&shortcut, &QShortcut::activated, [&] { ++commands; });
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  CSplashWnd::ShowSplash(&window);
+  auto* splash = window.findChild<CSplashWnd*>();
+  ASSERT_TRUE(splash != nullptr && splash->isVisible());
+  window.activateWindow();
+  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
+  EXPECT_FALSE(splash->isVisible());
+  EXPECT_EQ(commands, 0);
+  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
+  EXPECT_EQ(commands, 1);
+}
+
+}  // namespace
+}  // namespace zando
