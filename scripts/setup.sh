@@ -112,9 +112,10 @@ install_german_locale() {
 
 jobs_here() { nproc 2>/dev/null || getconf _NPROCESSORS_ONLN 2>/dev/null || echo 2; }
 
-# configure_and_build PRESET TARGET [CMAKE ARGUMENT...]
+# configure_and_build PRESET "TARGET..." [CMAKE ARGUMENT...]
 configure_and_build() {
-  local preset=$1 target=$2
+  local preset=$1 targets
+  read -ra targets <<<"$2"
   shift 2
   mkdir -p build
   local log="build/configure-$preset.log"
@@ -124,6 +125,6 @@ configure_and_build() {
   another machine or compiler, remove that folder and call this again."
   fi
   say "building (preset $preset)"
-  cmake --build "build/$preset" --target "$target" --parallel "$(jobs_here)" ||
+  cmake --build "build/$preset" --target "${targets[@]}" --parallel "$(jobs_here)" ||
     die "the build failed; the first error above is the one to look at."
 }

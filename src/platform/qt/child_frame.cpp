@@ -1,0 +1,62 @@
+#include "platform/qt/child_frame.h"
+
+#include <QCloseEvent>
+#include <utility>
+
+#include "platform/qt/main_window.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/view_widget.h"
+
+namespace zando {
+
+CChildFrame::CChildFrame(CQtMainWindow& main, std::unique_ptr<CZANDOView> view)
+    : main_(main),
+      view_(std::move(view)),
+      widget_(new CViewWidget(*view_, [this](std::string_view title) { SetTitle(title); })) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWidget(widget_);
+  setFocusProxy(widget_);
+}
+
+CChildFrame::~CChildFrame() { widget_->Detach(); }
+
+void CChildFrame::SetTitle(std::string_view title) {
+  if (!title.starts_with('-')) return;
+  title_ = TextToQt(title);
+  setWindowTitle(title_);
+}
+
+bool CChildFrame::event(QEvent* event) {
+  // The widget inside and the window system may offer titles of their own.
+  if (event->type() == QEvent::WindowTitleChange && windowTitle() != title_) {
+    setWindowTitle(title_);
+    return true;
+  }
+  return QMdiSubWindow::event(event);
+}
+
+void CChildFrame::closeEvent(QCloseEvent* event) {
+  if (view_ != nullptr && !main_.MayClose(*view_) && view_ != nullptr) {
+    event->ignore();
+    return;
+  }
+  // The question, or what the user did about it, may have taken the view away already.
+  DestroyView();
+  QMdiSubWindow::closeEvent(event);
+}
+
+void CChildFrame::CloseNow() {
+  DestroyView();
+  close();
+}
+
+void CChildFrame::DestroyView() {
+  if (view_ == nullptr) return;
+  CZANDODoc& document = view_->Document();
+  widget_->Detach();
+  main_.Forget(*this);
+  view_.reset();
+  main_.OnViewGone(document);
+}
+
+}  // namespace zando

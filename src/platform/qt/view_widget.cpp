@@ -1,0 +1,114 @@
+#include "platform/qt/view_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <optional>
+#include <utility>
+
+#include "platform/qt/painter_dc.h"
+
+namespace zando {
+namespace {
+
+std::optional<CZANDOView::MouseButton> ButtonOf(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return CZANDOView::MouseButton::Left;
+    case Qt::MiddleButton:
+      return CZANDOView::MouseButton::Middle;
+    case Qt::RightButton:
+      return CZANDOView::MouseButton::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+MouseFlags FlagsOf(const QMouseEvent& event) {
+  const Qt::MouseButtons buttons = event.buttons();
+  const Qt::KeyboardModifiers keys = event.modifiers();
+  return {.left = buttons.testFlag(Qt::LeftButton),
+          .middle = buttons.testFlag(Qt::MiddleButton),
+          .right = buttons.testFlag(Qt::RightButton),
+          .shift = keys.testFlag(Qt::ShiftModifier),
+          .control = keys.testFlag(Qt::ControlModifier)};
+}
+
+ScreenPoint PositionOf(const QMouseEvent& event) {
+  const QPoint position = event.position().toPoint();
+  return {position.x(), position.y()};
+}
+
+}  // namespace
+
+CViewWidget::CViewWidget(CZANDOView& view, TitleSetter setTitle)
+    : view_(&view), setTitle_(std::move(setTitle)) {
+  // Every paint covers the whole widget, and Qt shows it only when it is complete.
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::ArrowCursor);
+  view.SetWindow(this);
+}
+
+CViewWidget::~CViewWidget() { Detach(); }
+
+void CViewWidget::Detach() {
+  if (view_ == nullptr) return;
+  LoseCapture();
+  view_->SetWindow(nullptr);
+  view_ = nullptr;
+}
+
+void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (view_ == nullptr || view_->ErasesBackground()) painter.fillRect(rect(), Qt::black);
+  if (view_ == nullptr) return;
+  CPainterDC dc(painter, size());
+  view_->OnDraw(dc);
+}
+
+void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {
+  if (view_ != nullptr) view_->OnSize(width(), height());
+}
+
+void CViewWidget::mousePressEvent(QMouseEvent* event) {
+  const auto button = ButtonOf(event->button());
+  if (view_ == nullptr || !button) return;
+  view_->OnButtonDown(*button, FlagsOf(*event), PositionOf(*event));
+}
+
+void CViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void CViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const auto button = ButtonOf(event->button());
+  if (view_ == nullptr || !button) return;
+  view_->OnButtonUp(*button, FlagsOf(*event), PositionOf(*event));
+}
+
+void CViewWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (view_ != nullptr) view_->OnMouseMove(FlagsOf(*event), PositionOf(*event));
+}
+
+void CViewWidget::LoseCapture() {
+  if (!captured_) return;
+  captured_ = false;
+  if (view_ != nullptr) view_->OnCaptureLost();
+}
+
+void CViewWidget::focusOutEvent(QFocusEvent* event) {
+  LoseCapture();
+  QWidget::focusOutEvent(event);
+}
+
+void CViewWidget::hideEvent(QHideEvent* event) {
+  LoseCapture();
+  QWidget::hideEvent(event);
+}
+
+bool CViewWidget::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
+    LoseCapture();
+  }
+  return QWidget::event(event);
+}
+
+}  // namespace zando

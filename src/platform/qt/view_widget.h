@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string_view>
+
+#include "platform/desktop.h"
+#include "views/zando_view.h"
+
+namespace zando {
+
+/// The window of one view: paints it and brings it size and mouse. Outlives the view by Detach.
+class CViewWidget : public QWidget, public CViewWindow {
+ public:
+  using TitleSetter = std::function<void(std::string_view)>;
+
+  /// `setTitle` is called with every title that the view wants for its frame.
+  CViewWidget(CZANDOView& view, TitleSetter setTitle);
+  ~CViewWidget() override;
+
+  /// The view is about to go: nothing is forwarded or painted from now on.
+  void Detach();
+
+  void Invalidate() override { update(); }
+  void RedrawNow() override { repaint(); }
+  void SetFrameTitle(std::string_view title) override { setTitle_(title); }
+  void SetCapture() override { captured_ = true; }
+  void ReleaseCapture() override { captured_ = false; }
+  [[nodiscard]] bool HasCapture() const override { return captured_; }
+
+  [[nodiscard]] QSize sizeHint() const override { return {640, 480}; }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {64, 48}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void LoseCapture();
+
+  CZANDOView* view_;
+  TitleSetter setTitle_;
+  bool captured_ = false;
+};
+
+}  // namespace zando

@@ -1,0 +1,126 @@
+#include "desktop/editor_fixture.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/file_io.h"
+#include "platform/qt/qt_text.h"
+
+namespace zando::testing {
+namespace {
+
+QAction* FindIn(const QList<QAction*>& actions, CommandId id) {
+  for (QAction* action : actions) {
+    if (action->menu() != nullptr) {
+      if (QAction* found = FindIn(action->menu()->actions(), id)) return found;
+    } else if (action->data().isValid() && action->data().toInt() == id) {
+      return action;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+SaveAnswer CAnsweringDesktop::AskSaveChanges(std::string_view name) {
+  SaveQuestions.emplace_back(name);
+  if (WhileAsking) WhileAsking();
+  if (SaveAnswers.empty()) {
+    ADD_FAILURE() << "nobody expected to be asked about " << name;
+    return SaveAnswer::Cancel;
+  }
+  const SaveAnswer answer = SaveAnswers.front();
+  SaveAnswers.pop_front();
+  return answer;
+}
+
+std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& request) {
+  if (Files.empty()) {
+    ADD_FAILURE() << "nobody expected to be asked for a file: " << request.title;
+    return std::nullopt;
+  }
+  const auto file = Files.front();
+  Files.pop_front();
+  return file;
+}
+
+EditorTest::EditorTest() {
+  window_.SetApplication(app_);
+  window_.resize(1200, 800);
+  window_.show();
+  QApplication::setActiveWindow(&window_);
+}
+
+EditorTest::~EditorTest() { window_.CloseAllChildren(); }
+
+QAction* EditorTest::MenuItem(CommandId id) const {
+  return FindIn(window_.menuBar()->actions(), id);
+}
+
+void EditorTest::Choose(CommandId id) {
+  window_.RefreshCommands();
+  QAction* action = MenuItem(id);
+  ASSERT_NE(action, nullptr) << id;
+  ASSERT_TRUE(action->isEnabled()) << id;
+  action->trigger();
+}
+
+std::vector<CChildFrame*> EditorTest::Frames() const {
+  std::vector<CChildFrame*> frames;
+  for (QMdiSubWindow* window : window_.findChild<QMdiArea*>()->subWindowList()) {
+    frames.push_back(static_cast<CChildFrame*>(window));
+  }
+  return frames;
+}
+
+CViewWidget& EditorTest::ActiveWidget() const {
+  for (const CChildFrame* frame : Frames()) {
+    if (frame->View() == window_.ActiveView()) return dynamic_cast<CViewWidget&>(*frame->widget());
+  }
+  throw std::logic_error("no view is active");
+}
+
+std::filesystem::path EditorTest::FileIn(const char* name) const {
+  return PathFromQt(folder_.filePath(QLatin1String(name)));
+}
+
+void EditorTest::WithNextDialog(std::function<void(QDialog&)> act) {
+  auto* timer = new QTimer(qApp);
+  timer->setInterval(1);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    timer->stop();
+    timer->deleteLater();
+    act(*dialog);
+  });
+  timer->start();
+}
+
+void EditorTest::CreateBox(const QString& height) {
+  constexpr int kHeight = 1017;
+  WithNextDialog([&](QDialog& dialog) {
+    for (QLineEdit* field : dialog.findChildren<QLineEdit*>()) {
+      if (field->property("controlId").toInt() == kHeight) field->setText(height);
+    }
+    QPushButton* ok = nullptr;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->property("controlId").toInt() == IDOK) ok = button;
+    }
+    ASSERT_NE(ok, nullptr);
+    ok->click();
+  });
+  Choose(ID_CUBE);
+}
+
+std::string BytesOf(const std::filesystem::path& path) {
+  return ReadWholeFile(path).bytes.value_or("no such file");
+}
+
+}  // namespace zando::testing
