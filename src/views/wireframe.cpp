@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
 namespace zando {
 namespace {
@@ -30,16 +29,11 @@ constexpr double kAxisReach = 32000.0;
 /// Half the size of an entity's cross, in map units along each axis.
 constexpr double kEntityReach = 8.0;
 
+/// Grid lines are counted in 64 bits, and no farther than doubles count whole numbers.
 std::int64_t Truncate(double value) {
   constexpr double kLimit = 9.0e15;
   if (std::isnan(value)) return 0;
   return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
-}
-
-std::int32_t Pixel(double value) {
-  constexpr std::int64_t kLow = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(Truncate(value), kLow, kHigh));
 }
 
 void DrawLine(CDC& dc, ScreenPoint from, ScreenPoint to) {
@@ -76,22 +70,22 @@ void DrawLines(const Grid& grid, ColorRef color, std::int64_t step) {
   const LineRange vertical = VisibleLines(grid, grid.across, grid.halfWidth);
   for (std::int64_t i = first(vertical); i <= vertical.last; i += step) {
     const double place = static_cast<double>(i) * grid.size - grid.across;
-    const std::int32_t x = Pixel(place * grid.zoom);
+    const std::int32_t x = TruncateToPixel(place * grid.zoom);
     DrawLine(grid.dc, {x, -grid.halfHeight}, {x, grid.halfHeight});
   }
   const LineRange horizontal = VisibleLines(grid, grid.up, grid.halfHeight);
   for (std::int64_t i = first(horizontal); i <= horizontal.last; i += step) {
     const double place = grid.up - static_cast<double>(i) * grid.size;
-    const std::int32_t y = Pixel(place * grid.zoom);
+    const std::int32_t y = TruncateToPixel(place * grid.zoom);
     DrawLine(grid.dc, {-grid.halfWidth, y}, {grid.halfWidth, y});
   }
   grid.dc.SelectPen(before);
 }
 
 void DrawAxes(const Grid& grid) {
-  const std::int32_t reach = Pixel(grid.zoom > 1.0 ? kAxisReach / grid.zoom : kAxisReach);
-  const std::int32_t x = Pixel(-grid.zoom * grid.across);
-  const std::int32_t y = Pixel(grid.zoom * grid.up);
+  const std::int32_t reach = TruncateToPixel(grid.zoom > 1.0 ? kAxisReach / grid.zoom : kAxisReach);
+  const std::int32_t x = TruncateToPixel(-grid.zoom * grid.across);
+  const std::int32_t y = TruncateToPixel(grid.zoom * grid.up);
   const Pen before = grid.dc.SelectPen({kWorldAxes, 1});
   DrawLine(grid.dc, {x, -reach}, {x, reach});
   DrawLine(grid.dc, {-reach, y}, {reach, y});
@@ -110,7 +104,7 @@ void DrawPolygonInPerspective(const ViewDrawing& drawing, const CZandoPoly& poly
   std::array<ScreenPoint, CProjectedPoly::kCapacity> points;
   std::transform(projected.Points().begin(), projected.Points().end(), points.begin(),
                  [](const CProjectedPoly::Point& point) {
-                   return ScreenPoint{Pixel(point.x), Pixel(point.y)};
+                   return ScreenPoint{TruncateToPixel(point.x), TruncateToPixel(point.y)};
                  });
   const auto count = static_cast<std::size_t>(projected.count);
   drawing.dc.MoveTo(points[0]);
