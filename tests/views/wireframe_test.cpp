@@ -120,6 +120,12 @@ TEST_F(Wireframe, PerspectiveOutlinesAreClosedAndIgnoreTheZoom) {
   EXPECT_EQ(Draw(ViewKind::Wireframe, 1.0), (Lines{"pen FFFFFF 1", "pen 000000 1"}));
 }
 
+TEST_F(Wireframe, WhatLiesBeyondEveryPixelIsDrawnAtTheFarthest) {
+  AddTurnedTriangle().BMatrix.Translate(-1e30, 1e30, 0.0);
+  const Lines lines = DrawContent(ViewKind::Front, 1.0);
+  EXPECT_EQ(lines[2], "fill -499999802,-499999852 4x4 FFFFFF");
+}
+
 TEST_F(Wireframe, SelectionIsCyanAndWideAndHiddenBrushesAreLeftOut) {
   AddTurnedTriangle().BFlags = 0;
   CZandoBrush& grouped = AddTurnedTriangle();

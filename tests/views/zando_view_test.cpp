@@ -148,7 +148,8 @@ TEST_F(View, CameraDragsMoveByKindAndButtons) {
     CCamera& camera = dragged.Camera();
     camera.Position = {0.0, 0.0, 0.0};
     camera.Yaw = row.startYaw;
-    dragged.OnButtonDown(row.flags.left ? Button::Left : Button::Right, row.flags, {});
+    if (row.flags.left) dragged.OnButtonDown(Button::Left, kLeft, {});
+    if (row.flags.right) dragged.OnButtonDown(Button::Right, row.flags, {});
     desktop.Cursor = {503, 398};
     dragged.OnMouseMove(row.flags, {});
     EXPECT_EQ(own.Redraws, 2);
@@ -215,6 +216,13 @@ TEST_F(View, LosingTheMouseEndsTheDragAndLaterReleasesAreHarmless) {
   EXPECT_EQ(view.Camera().Yaw, yaw);
 }
 
+TEST_F(View, APressAfterALostReleaseHidesTheCursorOnlyOnce) {
+  view.OnButtonDown(Button::Left, kLeft, {});
+  view.OnButtonDown(Button::Left, kLeft, {});
+  view.OnButtonUp(Button::Left, kNone, {});
+  EXPECT_EQ(desktop.CursorHidden, 0);
+}
+
 TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   desktop.CursorPlaceable = false;
   view.SetKind(ViewKind::Top);
@@ -229,8 +237,10 @@ TEST_F(View, OnlyTheCameraToolAndItsTwoButtonsDragTheCamera) {
   EXPECT_FALSE(window.Captured);
   document.ToolMode = ID_TOOL_SCALE_BRUSH;
   view.OnButtonDown(Button::Left, kLeft, {});
-  EXPECT_FALSE(window.Captured);
+  Move(kLeft, 5, 5);
   EXPECT_EQ(desktop.CursorHidden, 0);
+  EXPECT_EQ(desktop.CursorPlacements.size(), 0U);
+  EXPECT_EQ(window.Redraws, 0);
 }
 
 TEST_F(View, AToolChangedOrAViewClosedInADragLeavesNoCursorHidden) {
