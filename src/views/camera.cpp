@@ -2,25 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace zando {
-namespace {
-
-/// Cut off toward zero. Pixels beyond 32 bits end at the limit; what is no number becomes 0.
-std::int32_t Truncate(double value) {
-  constexpr double kLow = std::numeric_limits<std::int32_t>::min();
-  constexpr double kHigh = std::numeric_limits<std::int32_t>::max();
+std::int32_t TruncateToPixel(double value) {
   if (std::isnan(value)) return 0;
-  return static_cast<std::int32_t>(std::clamp(value, kLow, kHigh));
+  return static_cast<std::int32_t>(std::clamp(value, -kFarthestPixel, kFarthestPixel));
 }
-
-/// The centre plus a truncated offset, without running over.
-std::int32_t Offset(std::int32_t centre, double offset) {
-  return Truncate(static_cast<double>(centre) + std::trunc(offset));
-}
-
-}  // namespace
 
 void CCamera::SetViewport(std::int32_t left, std::int32_t top, std::int32_t right,
                           std::int32_t bottom) {
@@ -63,6 +50,7 @@ CProjectedPoly CCamera::ProjectPolygon(const CZandoPoly& polygon) const {
   }
 
   CProjectedPoly result;
+  result.color = polygon.tag;
   const ScreenPoint centre = Centre();
   // A vertex gives at most two points, so the capacity is never passed.
   const auto append = [&](double x, double y, double depth) {
@@ -92,18 +80,21 @@ ScreenPoint CCamera::WorldToScreen(const Vector& point) const {
   const Vector& c = Position;
   switch (kind_) {
     case ViewKind::Top:
-      return {Offset(centre.x, (point.x - c.x) * zoom_), Offset(centre.y, (c.z - point.z) * zoom_)};
+      return {centre.x + TruncateToPixel((point.x - c.x) * zoom_),
+              centre.y + TruncateToPixel((c.z - point.z) * zoom_)};
     case ViewKind::Side:
-      return {Offset(centre.x, (point.z - c.z) * zoom_), Offset(centre.y, (c.y - point.y) * zoom_)};
+      return {centre.x + TruncateToPixel((point.z - c.z) * zoom_),
+              centre.y + TruncateToPixel((c.y - point.y) * zoom_)};
     case ViewKind::Front:
-      return {Offset(centre.x, (point.x - c.x) * zoom_), Offset(centre.y, (c.y - point.y) * zoom_)};
+      return {centre.x + TruncateToPixel((point.x - c.x) * zoom_),
+              centre.y + TruncateToPixel((c.y - point.y) * zoom_)};
     case ViewKind::Wireframe:
     case ViewKind::Solid:
     case ViewKind::Texture:
       break;
   }
   const Projected projected = ProjectPoint(point);
-  return {Truncate(projected.x), Truncate(projected.y)};
+  return {TruncateToPixel(projected.x), TruncateToPixel(projected.y)};
 }
 
 Vector CCamera::ScreenToWorld(ScreenPoint point) const {

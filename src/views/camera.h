@@ -31,6 +31,13 @@ inline constexpr double kMaxPitch = 2048.0;
 /// Depth of the near plane, in map units.
 inline constexpr double kNearDepth = 16.0;
 
+/// Screen coordinates stay within this many pixels, so that sums of a few of them fit 32 bits.
+inline constexpr double kFarthestPixel = 5e8;
+
+/// Truncated toward zero; 0 for what is not a number, and the nearest of the farthest pixels for
+/// what lies beyond them.
+[[nodiscard]] std::int32_t TruncateToPixel(double value);
+
 /// A polygon on the screen, with the depth of each vertex. Cut off at the near plane it can have up
 /// to twice as many points as the polygon has vertices.
 struct CProjectedPoly {
@@ -40,7 +47,7 @@ struct CProjectedPoly {
     double y;
     double depth;
   };
-  std::uint32_t color = 0;
+  std::uint32_t color = 0;  ///< the polygon's tag
   std::int32_t count = 0;
   std::array<Point, kCapacity> points;
 

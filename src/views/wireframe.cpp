@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 
 namespace zando {
 namespace {
@@ -30,20 +29,12 @@ constexpr double kAxisReach = 32000.0;
 /// Half the size of an entity's cross, in map units along each axis.
 constexpr double kEntityReach = 8.0;
 
+/// Grid lines are counted in 64 bits, and no farther than doubles count whole numbers.
 std::int64_t Truncate(double value) {
   constexpr double kLimit = 9.0e15;
   if (std::isnan(value)) return 0;
   return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
 }
-
-/// Pixels far out of any window end at the limits of 32 bits.
-std::int32_t Pixel(std::int64_t value) {
-  constexpr std::int64_t kLow = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int64_t kHigh = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(value, kLow, kHigh));
-}
-
-std::int32_t Pixel(double value) { return Pixel(Truncate(value)); }
 
 void DrawLine(CDC& dc, ScreenPoint from, ScreenPoint to) {
   dc.MoveTo(from);
@@ -79,22 +70,22 @@ void DrawLines(const Grid& grid, ColorRef color, std::int64_t step) {
   const LineRange vertical = VisibleLines(grid, grid.across, grid.halfWidth);
   for (std::int64_t i = first(vertical); i <= vertical.last; i += step) {
     const double place = static_cast<double>(i) * grid.size - grid.across;
-    const std::int32_t x = Pixel(place * grid.zoom);
+    const std::int32_t x = TruncateToPixel(place * grid.zoom);
     DrawLine(grid.dc, {x, -grid.halfHeight}, {x, grid.halfHeight});
   }
   const LineRange horizontal = VisibleLines(grid, grid.up, grid.halfHeight);
   for (std::int64_t i = first(horizontal); i <= horizontal.last; i += step) {
     const double place = grid.up - static_cast<double>(i) * grid.size;
-    const std::int32_t y = Pixel(place * grid.zoom);
+    const std::int32_t y = TruncateToPixel(place * grid.zoom);
     DrawLine(grid.dc, {-grid.halfWidth, y}, {grid.halfWidth, y});
   }
   grid.dc.SelectPen(before);
 }
 
 void DrawAxes(const Grid& grid) {
-  const std::int32_t reach = Pixel(grid.zoom > 1.0 ? kAxisReach / grid.zoom : kAxisReach);
-  const std::int32_t x = Pixel(-grid.zoom * grid.across);
-  const std::int32_t y = Pixel(grid.zoom * grid.up);
+  const std::int32_t reach = TruncateToPixel(grid.zoom > 1.0 ? kAxisReach / grid.zoom : kAxisReach);
+  const std::int32_t x = TruncateToPixel(-grid.zoom * grid.across);
+  const std::int32_t y = TruncateToPixel(grid.zoom * grid.up);
   const Pen before = grid.dc.SelectPen({kWorldAxes, 1});
   DrawLine(grid.dc, {x, -reach}, {x, reach});
   DrawLine(grid.dc, {-reach, y}, {reach, y});
@@ -102,8 +93,8 @@ void DrawAxes(const Grid& grid) {
 }
 
 void DrawHandle(CDC& dc, ScreenPoint point, ColorRef color) {
-  dc.FillSolidRect(Pixel(std::int64_t{point.x} - kHandleSize / 2),
-                   Pixel(std::int64_t{point.y} - kHandleSize / 2), kHandleSize, kHandleSize, color);
+  dc.FillSolidRect(point.x - kHandleSize / 2, point.y - kHandleSize / 2, kHandleSize, kHandleSize,
+                   color);
 }
 
 void DrawPolygonInPerspective(const ViewDrawing& drawing, const CZandoPoly& polygon,
@@ -113,7 +104,7 @@ void DrawPolygonInPerspective(const ViewDrawing& drawing, const CZandoPoly& poly
   std::array<ScreenPoint, CProjectedPoly::kCapacity> points;
   std::transform(projected.Points().begin(), projected.Points().end(), points.begin(),
                  [](const CProjectedPoly::Point& point) {
-                   return ScreenPoint{Pixel(point.x), Pixel(point.y)};
+                   return ScreenPoint{TruncateToPixel(point.x), TruncateToPixel(point.y)};
                  });
   const auto count = static_cast<std::size_t>(projected.count);
   drawing.dc.MoveTo(points[0]);
@@ -153,14 +144,10 @@ void DrawEntity(const ViewDrawing& drawing, const CEntity& entity, ColorRef colo
   const ScreenPoint centre = drawing.camera.WorldToScreen(entity.WorkOrigin);
   if (!drawing.dc.PtVisible(centre)) return;
   const Vector corner = entity.WorkOrigin + Vector{kEntityReach, kEntityReach, kEntityReach};
-  const std::int64_t d = std::int64_t{drawing.camera.WorldToScreen(corner).x} - centre.x;
-  const std::int32_t left = Pixel(centre.x - d);
-  const std::int32_t right = Pixel(centre.x + d);
-  const std::int32_t top = Pixel(centre.y - d);
-  const std::int32_t bottom = Pixel(centre.y + d);
+  const std::int32_t d = drawing.camera.WorldToScreen(corner).x - centre.x;
   const Pen before = drawing.dc.SelectPen({entity.IsSelected() ? kSelected : color, kEntityWidth});
-  DrawLine(drawing.dc, {left, top}, {right, bottom});
-  DrawLine(drawing.dc, {left, bottom}, {right, top});
+  DrawLine(drawing.dc, {centre.x - d, centre.y - d}, {centre.x + d, centre.y + d});
+  DrawLine(drawing.dc, {centre.x - d, centre.y + d}, {centre.x + d, centre.y - d});
   drawing.dc.SelectPen(before);
 }
 

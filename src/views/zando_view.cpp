@@ -161,7 +161,8 @@ void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint 
   // The second button only changes the combination that motion sees.
   if (button == MouseButton::Left ? flags.right : flags.left) return;
   window_->SetCapture();
-  if (document_.ToolMode != ID_TOOL_CAMERA) return;
+  // A release that got lost leaves a drag behind; the cursor is hidden only once.
+  if (document_.ToolMode != ID_TOOL_CAMERA || dragging_) return;
   anchor_ = desktop_.GetCursorPos();
   desktop_.ShowCursor(false);
   dragging_ = true;
