@@ -123,8 +123,8 @@ class CZANDODoc : public CDocument {
   /// A copy of the current entity becomes current; nothing without one.
   void CopyCurrentEntity();
 
-  /// Another group, or -1, becomes the current one; with the filter that shows only it, other brushes
-  /// are shown.
+  /// Another group, or -1, becomes the current one; with the filter that shows only it, other
+  /// brushes are shown.
   void SetCurrentGroup(std::int32_t group);
 
   /// Appends the entity, in the current group and with its origin parsed, and makes it current.

@@ -1,6 +1,7 @@
 #include "app/document_commands.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -170,7 +171,8 @@ TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
 }
 
 TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
-  const auto folder = std::filesystem::path(::testing::TempDir()) / "zando.export";
+  const auto folder =
+      std::filesystem::path(::testing::TempDir()) / ("zando.export." + std::to_string(::getpid()));
   std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   Bench bench;

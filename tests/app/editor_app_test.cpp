@@ -1,6 +1,7 @@
 #include "app/editor_app.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <memory>
@@ -63,7 +64,8 @@ class EditorApp : public ::testing::Test {
     return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
   }
 
-  fs::path folder = fs::path(::testing::TempDir()) / "zando_app_test";
+  fs::path folder =
+      fs::path(::testing::TempDir()) / ("zando_app_test_" + std::to_string(::getpid()));
   CFakeMainWindow window;
   CScriptedDesktop desktop;
   CMemoryStore store;
