@@ -59,11 +59,15 @@ void CViewWidget::Detach() {
 }
 
 void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  if (view_ == nullptr || view_->ErasesBackground()) painter.fillRect(rect(), Qt::black);
-  if (view_ == nullptr) return;
-  CPainterDC dc(painter, size());
-  view_->OnDraw(dc);
+  // Lines drawn into an image of the program's own are several times as quick as on the widget.
+  if (picture_.size() != size()) picture_ = QImage(size(), QImage::Format_RGB32);
+  if (view_ == nullptr || view_->ErasesBackground()) picture_.fill(Qt::black);
+  if (view_ != nullptr) {
+    QPainter painter(&picture_);
+    CPainterDC dc(painter, size());
+    view_->OnDraw(dc);
+  }
+  QPainter(this).drawImage(0, 0, picture_);
 }
 
 void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {

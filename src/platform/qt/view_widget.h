@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 #include <functional>
 #include <string_view>
@@ -47,6 +48,7 @@ class CViewWidget : public QWidget, public CViewWindow {
 
   CZANDOView* view_;
   TitleSetter setTitle_;
+  QImage picture_;  ///< what the widget shows
   bool captured_ = false;
 };
 
