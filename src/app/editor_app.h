@@ -73,6 +73,10 @@ class CEditorApp : public CFrameDisplay {
   /// Another view became the active one.
   void OnActiveViewChanged();
 
+  /// What a level is called in titles and questions: its file's name, or the one that a level
+  /// without a file was given.
+  [[nodiscard]] std::string NameOf(const CZANDODoc& document);
+
   /// A line of the group combo box was chosen.
   void SelectGroup(std::int32_t group);
 
@@ -94,7 +98,6 @@ class CEditorApp : public CFrameDisplay {
   CZANDODoc* ActiveDocument() const;
   CZANDODoc* FindByPath(const std::filesystem::path& path) const;
   OpenLevel& LevelOf(const CZANDODoc& document) { return levels_.at(&document); }
-  [[nodiscard]] std::string NameOf(const CZANDODoc& document);
 
   CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);
   void Activate(CZANDODoc& document);

@@ -164,7 +164,7 @@ void CQtMainWindow::UpdateTitle() {
   if (const CZANDOView* view = ActiveView()) {
     const CZANDODoc& document = view->Document();
     const QString name = PathToQt(document.GetPathName().filename());
-    title += QLatin1String(" - ") + (name.isEmpty() ? tr("Untitled") : name);
+    title += QLatin1String(" - ") + (name.isEmpty() ? TextToQt(app_->NameOf(document)) : name);
     title += QLatin1String("[*]");
     modified = document.IsModified();
   }
