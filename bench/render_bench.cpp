@@ -33,7 +33,8 @@ void DrawFrame(QImage& image, CZANDODoc& document, CCamera& camera, ViewKind kin
 /// Moves the camera from frame to frame as a drag does: to the right and back.
 void Pan(benchmark::State& state, ViewKind kind, const Vector& from, double zoom) {
   CZANDODoc document;
-  FillLevel(document.BrushList, static_cast<std::int32_t>(state.range(0)), 1);
+  const CBrushList level = MakeLevel(Kind::FreelyTurned, static_cast<std::int32_t>(state.range(0)));
+  for (const auto& brush : level.Brushes()) document.AddBrush(*brush);
   QImage image(kClient.x, kClient.y, QImage::Format_RGB32);
   CCamera camera;
   camera.SetViewport(0, 0, kClient.x, kClient.y);
