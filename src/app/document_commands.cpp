@@ -118,8 +118,8 @@ void ToggleGroupMovement(const Workplace& at) {
   at.document.GroupMovementMode = at.document.GroupMovementMode == 0 ? 1 : 0;
 }
 
-bool CanUndo(const CZANDODoc& document) { return document.CurrentBrush->CanUndo(); }
-bool CanRedo(const CZANDODoc& document) { return document.CurrentBrush->CanRedo(); }
+bool CanUndo(const CZANDODoc& /*document*/) { return CZandoBrush::CanUndo(); }
+bool CanRedo(const CZANDODoc& /*document*/) { return CZandoBrush::CanRedo(); }
 bool IsPicked(const CZANDODoc& document) { return document.BrushPicked != 0; }
 bool HasSelection(const CZANDODoc& document) { return document.AnySelected(); }
 bool HasCurrentEntity(const CZANDODoc& document) { return document.CurrentEntity >= 0; }

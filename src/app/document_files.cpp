@@ -87,17 +87,16 @@ bool CEditorApp::SaveAs(CZANDODoc& document) {
 }
 
 bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path) {
-  const std::filesystem::path target = path;
   const auto& own = document.GetPathName();
-  if (!own.empty() && IsSameFile(own, target) && !MayOverwrite(document)) return false;
-  const std::string error = SaveDocumentFile(document, target);
+  if (!own.empty() && IsSameFile(own, path) && !MayOverwrite(document)) return false;
+  const std::string error = SaveDocumentFile(document, path);
   if (!error.empty()) {
-    desktop_.SetStatusText("Cannot save " + PathText(target) + ": " + ToLatin1(error));
+    desktop_.SetStatusText("Cannot save " + PathText(path) + ": " + ToLatin1(error));
     return false;
   }
-  LevelOf(document).stamp = StampOf(target);
-  NoteRecentFile(target);
-  desktop_.SetStatusText("Saved " + FileNameText(target));
+  LevelOf(document).stamp = StampOf(path);
+  NoteRecentFile(path);
+  desktop_.SetStatusText("Saved " + FileNameText(path));
   return true;
 }
 

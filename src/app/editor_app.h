@@ -38,6 +38,8 @@ class CRecentFileStore {
 class CEditorApp : public CFrameDisplay {
  public:
   CEditorApp(CMainWindow& window, CDesktop& desktop, CRecentFileStore& recent);
+  CEditorApp(const CEditorApp&) = delete;
+  CEditorApp& operator=(const CEditorApp&) = delete;
   ~CEditorApp() override;
 
   /// The first document: the named file, or a new level when the path is empty. False when the file
@@ -95,8 +97,8 @@ class CEditorApp : public CFrameDisplay {
   };
 
   std::vector<CCmdTarget*> Targets();
-  CZANDODoc* ActiveDocument() const;
-  CZANDODoc* FindByPath(const std::filesystem::path& path) const;
+  [[nodiscard]] CZANDODoc* ActiveDocument() const;
+  [[nodiscard]] CZANDODoc* FindByPath(const std::filesystem::path& path) const;
   OpenLevel& LevelOf(const CZANDODoc& document) { return levels_.at(&document); }
 
   CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);

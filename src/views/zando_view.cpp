@@ -2,17 +2,11 @@
 
 #include <algorithm>
 
+#include "document/command_ids.h"
 #include "views/wireframe.h"
 
 namespace zando {
 namespace {
-
-constexpr CommandId ID_AXIS_X = 32781;
-constexpr CommandId ID_AXIS_Y = 32782;
-constexpr CommandId ID_AXIS_Z = 32783;
-constexpr CommandId ID_ADD_TO_GROUP = 32832;
-constexpr CommandId ID_CREATE_GROUP = 32833;
-constexpr CommandId ID_REMOVE_FROM_GROUP = 32871;
 
 constexpr double kLeastZoom = 0.001;
 constexpr double kZoomPerPixel = 0.001;

@@ -19,6 +19,8 @@ namespace zando {
 class CZANDOView : public CView, public CCmdTarget {
  public:
   CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop);
+  CZANDOView(const CZANDOView&) = delete;
+  CZANDOView& operator=(const CZANDOView&) = delete;
   ~CZANDOView() override;
 
   [[nodiscard]] CZANDODoc& Document() const { return document_; }
