@@ -256,13 +256,13 @@ TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   desktop.CursorPlaceable = false;
   view.SetKind(ViewKind::Top);
   view.OnButtonDown(Button::Left, kLeft, {});
-  Move(kLeft, 3, 0);
-  Move(kLeft, 3, 0);
+  Move(kLeft, 3, 2);
+  Move(kLeft, 3, 2);
   Move(kLeft, 0, 0);
-  EXPECT_EQ(view.Camera().Position, (Vector{12.0, 0.0, 0.0}));
+  EXPECT_EQ(view.Camera().Position, (Vector{12.0, 0.0, -8.0}));
   view.OnButtonUp(Button::Left, kNone, {});
   EXPECT_EQ(desktop.CursorHidden, 0);
-  EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 400}));
+  EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 404}));
 }
 
 TEST_F(View, OnlyTheCameraToolAndItsTwoButtonsDragTheCamera) {
