@@ -151,8 +151,8 @@ TEST_F(View, CameraDragsMoveByKindAndButtons) {
   for (const Row& row : rows) {
     SCOPED_TRACE(::testing::Message() << "kind " << static_cast<int>(row.kind) << " left "
                                       << row.flags.left << " right " << row.flags.right);
-    CZANDOView dragged(document, settings, desktop);
     CFakeViewWindow own;
+    CZANDOView dragged(document, settings, desktop);
     dragged.SetWindow(&own);
     dragged.SetKind(row.kind);
     CCamera& camera = dragged.Camera();
@@ -182,8 +182,8 @@ TEST_F(View, ZoomNeverFallsBelowItsFloor) {
 }
 
 TEST_F(View, ADragHidesTheCursorOnceAndEndsWithTheLastButton) {
-  CZANDOView sibling(document, settings, desktop);
   CFakeViewWindow siblingWindow;
+  CZANDOView sibling(document, settings, desktop);
   sibling.SetWindow(&siblingWindow);
   view.OnButtonDown(Button::Left, kLeft, {});
   view.OnButtonDown(Button::Right, kBoth, {});
