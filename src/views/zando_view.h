@@ -35,6 +35,8 @@ class CZANDOView : public CView, public CCmdTarget {
   /// Pixels per world unit in the orthographic kinds; raised to 0.001 when lower.
   void SetZoom(double zoom);
 
+  /// The window must outlive the view, or be taken back with null: a view that goes in the middle
+  /// of a drag still lets go of the mouse.
   void SetWindow(CViewWindow* window) { window_ = window; }
 
   /// "-Top View-" and so on.

@@ -30,6 +30,11 @@ TEST(Camera, ViewportWidthIsRoundedUpToFour) {
     EXPECT_NEAR(camera.FocalX(), row.centre, 1e-9);
     EXPECT_EQ(camera.FocalY(), -camera.FocalX());
   }
+  CCamera offset;
+  offset.SetViewport(10, 20, 15, 31);
+  EXPECT_EQ(offset.Width(), 6);
+  EXPECT_EQ(offset.Height(), 11);
+  EXPECT_EQ(offset.Centre(), (ScreenPoint{13, 25}));
 }
 
 TEST(Camera, MapsBetweenWorldAndScreenInEveryKind) {
@@ -42,7 +47,9 @@ TEST(Camera, MapsBetweenWorldAndScreenInEveryKind) {
   for (const Row& row : {Row{ViewKind::Top, {210, 170}, {30.0, 0.0, -10.0}},
                          {ViewKind::Side, {180, 130}, {0.0, 60.0, -10.0}},
                          {ViewKind::Front, {210, 130}, {30.0, 60.0, 0.0}},
-                         {ViewKind::Wireframe, {-32, -32}, {0.0, 0.0, 0.0}}}) {
+                         {ViewKind::Wireframe, {-32, -32}, {0.0, 0.0, 0.0}},
+                         {ViewKind::Solid, {-32, -32}, {0.0, 0.0, 0.0}},
+                         {ViewKind::Texture, {-32, -32}, {0.0, 0.0, 0.0}}}) {
     const CCamera camera = MakeCamera({10.0, 20.0, 30.0}, row.kind, 0.5);
     EXPECT_EQ(camera.WorldToScreen(point), row.screen);
     EXPECT_EQ(camera.ScreenToWorld(row.screen), row.back);
@@ -82,6 +89,29 @@ TEST(Camera, LooksAlongZAndTurnsByItsAngles) {
   Vector above = start + Vector{0.0, 100.0, 0.0};
   camera.ViewMatrix().TransformPoint(above);
   EXPECT_NEAR(above.z, 100.0, 1e-9);
+}
+
+TEST(Camera, TheViewMatrixUndoesYawThenPitchThenRollAboutThePosition) {
+  struct Row {
+    double yaw, pitch, roll;
+    Vector seen;
+  };
+  for (const Row& row : {Row{0, 0, 0, {1, 2, 3}},
+                         {2048, 0, 0, {3, 2, -1}},
+                         {0, 2048, 0, {1, -3, 2}},
+                         {0, 0, 2048, {-2, 1, 3}},
+                         {2048, 2048, 2048, {-1, 3, 2}}}) {
+    CCamera camera;
+    camera.Position = {10.0, 20.0, 30.0};
+    camera.Turn(row.yaw, row.pitch, row.roll);
+    camera.BuildViewMatrix();
+    Vector point{11.0, 22.0, 33.0};
+    camera.ViewMatrix().TransformPoint(point);
+    SCOPED_TRACE(::testing::Message() << row.yaw << ' ' << row.pitch << ' ' << row.roll);
+    EXPECT_NEAR(point.x, row.seen.x, 1e-9);
+    EXPECT_NEAR(point.y, row.seen.y, 1e-9);
+    EXPECT_NEAR(point.z, row.seen.z, 1e-9);
+  }
 }
 
 TEST(Camera, PitchStopsAtAQuarterTurnAndYawAndRollDoNot) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <ostream>
 #include <string>
@@ -186,6 +187,69 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
   EXPECT_EQ(DrawContent(ViewKind::Front, 1.0).size(), 7U);
 }
 
+TEST_F(Wireframe, ASelectedCurrentBrushIsCyanButItsOriginStaysRed) {
+  CZandoBrush& picked = AddTurnedTriangle();
+  picked.BFlags |= BF_SELECTED;
+  document.CurrentBrush = &picked;
+  document.ShowBrush = 1;
+  const Lines expected = {"pen 00FFFF 2",
+                          "poly 305,130 145,130 200,180",
+                          "fill 303,128 4x4 00FFFF",
+                          "fill 143,128 4x4 00FFFF",
+                          "fill 198,178 4x4 00FFFF",
+                          "pen 000000 1",
+                          "fill 198,148 4x4 FF0000"};
+  EXPECT_EQ(DrawContent(ViewKind::Side, 1.0), expected);
+}
+
+TEST_F(Wireframe, FullPolygonsCutByTheNearPlaneAreDrawnWhole) {
+  struct Row {
+    const char* name;
+    bool zigzag;
+    int points;
+  };
+  for (const Row& row :
+       {Row{"a ring, half of it behind", false, 18}, {"every second vertex behind", true, 48}}) {
+    SCOPED_TRACE(row.name);
+    CZANDODoc level;
+    CZandoBrush brush;
+    brush.SetPolyCount(1);
+    CZandoPoly polygon;
+    for (std::int32_t i = 0; i < MAX_POLY_VERTS; ++i) {
+      const double angle = (i + 0.5) * 3.141592653589793 / 16.0;
+      const double depth = row.zigzag ? (i % 2 == 0 ? 32.0 : 0.0) : 16.0 + 100.0 * std::sin(angle);
+      polygon.Append({100.0 * std::cos(angle), 10.0, depth});
+    }
+    brush.Polys[0] = polygon;
+    level.AddBrush(brush);
+    CCamera camera;
+    camera.SetViewport(0, 0, 400, 300);
+    camera.Position = {0.0, 0.0, 0.0};
+    camera.BuildViewMatrix();
+    camera.BeginDraw(ViewKind::Wireframe, 1.0);
+    CRecordingDC dc(400, 300);
+    DrawBrushes({dc, camera, ViewKind::Wireframe, 1.0, {400, 300}}, level);
+    EXPECT_EQ(dc.Count("move"), 1);
+    EXPECT_EQ(dc.Count("line"), row.points);
+    EXPECT_EQ(dc.Count("fill"), row.points);
+    EXPECT_EQ(dc.Lines[1].substr(5), dc.Lines[1U + static_cast<std::size_t>(row.points)].substr(5));
+  }
+}
+
+TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
+  for (const double far : {1e30, -1e300, 1e308, std::numeric_limits<double>::infinity(),
+                           std::numeric_limits<double>::quiet_NaN()}) {
+    document.BrushList.Clear();
+    AddTurnedTriangle().BMatrix.Translate(far, far, far);
+    for (const ViewKind kind : {ViewKind::Top, ViewKind::Side, ViewKind::Front}) {
+      EXPECT_EQ(DrawContent(kind, 2.0).size(), 6U);
+    }
+    // Nothing at all, or a closed outline: never one or two points.
+    const Lines lines = Draw(ViewKind::Wireframe, 2.0);
+    EXPECT_TRUE(lines.size() == 2U || lines.size() >= 9U) << lines.size();
+  }
+}
+
 TEST_F(Wireframe, SolidKindsAreBlackUnderTheOverlays) {
   AddTurnedTriangle();
   document.ShowBrush = 1;
@@ -225,6 +289,24 @@ TEST_F(Wireframe, EntitiesAreCrossesInTheirColours) {
   view.Camera().Position = {1000.0, 0.0, 1000.0};
   EXPECT_EQ(DrawContent(ViewKind::Front, 1.0), Lines());
   EXPECT_EQ(DrawContent(ViewKind::Wireframe, 1.0), Lines());
+}
+
+TEST_F(Wireframe, CrossesInPerspectiveShrinkWithDistanceAndMirrorFromBehind) {
+  AddEntity(0, EF_SHOWN, kWhite);
+  struct Row {
+    double depth, yaw;
+    Lines cross;
+  };
+  for (const Row& row :
+       {Row{-500, 0, {"move 203,147", "line 209,153", "move 203,153", "line 209,147"}},
+        {-5000, 0, {"move 200,150", "line 200,150", "move 200,150", "line 200,150"}},
+        {500, 4096, {"move 196,153", "line 190,147", "move 196,147", "line 190,153"}}}) {
+    view.Camera().Position = {0.0, 0.0, row.depth};
+    view.Camera().Yaw = row.yaw;
+    const Lines lines = Draw(ViewKind::Wireframe, 1.0);
+    ASSERT_EQ(lines.size(), 6U);
+    EXPECT_EQ(Lines(lines.begin() + 1, lines.end() - 1), row.cross);
+  }
 }
 
 /// Lines drawn under each of the grid's pens.
@@ -282,6 +364,19 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
       EXPECT_EQ(counts.axes, 2);
     }
   }
+}
+
+TEST_F(Wireframe, TheFirstCoarseLineIsATenthOneTowardZero) {
+  document.ShowCoarseGrid = 1;
+  document.GridSize = 16.0;
+  // Lines -7 to 18 across and -17 to 1 up are in sight: from 0, and from -10.
+  view.Camera().Position = {88.0, 0.0, -122.0};
+  const Lines lines = Draw(ViewKind::Top, 1.0);
+  const Lines expected = {"pen BEBEBE 1",  "move -88,-150", "line -88,150", "move 72,-150",
+                          "line 72,150",   "move -200,38",  "line 200,38",  "move -200,-122",
+                          "line 200,-122", "pen 000000 1"};
+  ASSERT_GT(lines.size(), 11U);
+  EXPECT_EQ(Lines(lines.begin() + 1, lines.begin() + 11), expected);
 }
 
 TEST_F(Wireframe, GridLinesStandAtTheirPlacesFineThenCoarseThenAxes) {

@@ -47,6 +47,13 @@ class View : public ::testing::Test {
   CZANDOView view{document, settings, desktop};
 };
 
+TEST_F(View, ANewOneLooksAlongZFromBeforeTheOrigin) {
+  CZANDOView fresh(document, settings, desktop);
+  EXPECT_EQ(fresh.Camera().Position, (Vector{0.0, 0.0, -500.0}));
+  EXPECT_EQ(fresh.Zoom(), 0.1);
+  EXPECT_EQ(fresh.AxisFlags(), kAxisX | kAxisY | kAxisZ);
+}
+
 TEST_F(View, KindCommandsRedrawSetTheTitleAndCheckTheirItem) {
   EXPECT_EQ(view.Kind(), ViewKind::Solid);
   const std::vector<std::string> titles = {"-3D Wireframe-", "-Solid Gons-", "-Top View-",
@@ -87,6 +94,9 @@ TEST_F(View, AxisFlagsAreItsOwnAndBecomeActiveWhenToggledOrActivated) {
     EXPECT_TRUE(view.OnUpdateCommandUI(id, ui));
     EXPECT_EQ(ui.IsChecked(), id == 32781);
   }
+  view.OnCommand(32782);
+  EXPECT_EQ(settings.ActiveAxisMask, kAxisX | kAxisY);
+  EXPECT_EQ(view.AxisFlags(), kAxisX | kAxisY);
 }
 
 TEST_F(View, ActivationBothWaysSetsTheTitleAndRefreshesTheGroups) {
@@ -141,8 +151,8 @@ TEST_F(View, CameraDragsMoveByKindAndButtons) {
   for (const Row& row : rows) {
     SCOPED_TRACE(::testing::Message() << "kind " << static_cast<int>(row.kind) << " left "
                                       << row.flags.left << " right " << row.flags.right);
-    CZANDOView dragged(document, settings, desktop);
     CFakeViewWindow own;
+    CZANDOView dragged(document, settings, desktop);
     dragged.SetWindow(&own);
     dragged.SetKind(row.kind);
     CCamera& camera = dragged.Camera();
@@ -172,8 +182,8 @@ TEST_F(View, ZoomNeverFallsBelowItsFloor) {
 }
 
 TEST_F(View, ADragHidesTheCursorOnceAndEndsWithTheLastButton) {
-  CZANDOView sibling(document, settings, desktop);
   CFakeViewWindow siblingWindow;
+  CZANDOView sibling(document, settings, desktop);
   sibling.SetWindow(&siblingWindow);
   view.OnButtonDown(Button::Left, kLeft, {});
   view.OnButtonDown(Button::Right, kBoth, {});
@@ -216,6 +226,25 @@ TEST_F(View, LosingTheMouseEndsTheDragAndLaterReleasesAreHarmless) {
   EXPECT_EQ(view.Camera().Yaw, yaw);
 }
 
+TEST_F(View, ADragOfBothButtonsThatLosesTheMouseLeavesTheNextOneWhole) {
+  view.OnButtonDown(Button::Left, kLeft, {});
+  view.OnButtonDown(Button::Right, kBoth, {});
+  view.OnCaptureLost();
+  view.OnButtonUp(Button::Right, kLeft, {});
+  view.OnButtonUp(Button::Left, kNone, {});
+  EXPECT_EQ(desktop.CursorHidden, 0);
+
+  desktop.Cursor = {70, 80};
+  view.SetKind(ViewKind::Top);
+  view.OnButtonDown(Button::Left, kLeft, {});
+  EXPECT_EQ(desktop.CursorHidden, 1);
+  Move(kLeft, 5, 0);
+  EXPECT_EQ(view.Camera().Position, (Vector{10.0, 0.0, 0.0}));
+  view.OnButtonUp(Button::Left, kNone, {});
+  EXPECT_EQ(desktop.CursorHidden, 0);
+  EXPECT_EQ(desktop.Cursor, (ScreenPoint{70, 80}));
+}
+
 TEST_F(View, APressAfterALostReleaseHidesTheCursorOnlyOnce) {
   view.OnButtonDown(Button::Left, kLeft, {});
   view.OnButtonDown(Button::Left, kLeft, {});
@@ -227,9 +256,13 @@ TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   desktop.CursorPlaceable = false;
   view.SetKind(ViewKind::Top);
   view.OnButtonDown(Button::Left, kLeft, {});
-  Move(kLeft, 3, 0);
-  Move(kLeft, 3, 0);
-  EXPECT_EQ(view.Camera().Position, (Vector{12.0, 0.0, 0.0}));
+  Move(kLeft, 3, 2);
+  Move(kLeft, 3, 2);
+  Move(kLeft, 0, 0);
+  EXPECT_EQ(view.Camera().Position, (Vector{12.0, 0.0, -8.0}));
+  view.OnButtonUp(Button::Left, kNone, {});
+  EXPECT_EQ(desktop.CursorHidden, 0);
+  EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 404}));
 }
 
 TEST_F(View, OnlyTheCameraToolAndItsTwoButtonsDragTheCamera) {
