@@ -184,6 +184,7 @@ create_box() {
 four_views() {
   start_editor "$program" "$level"
   keys alt+v 4
+  keys alt+v Down Down Down Return # 3D Wireframe, for the view that shows nothing but marks
   shoot four_views
 }
 
@@ -195,7 +196,7 @@ view_menu() {
 
 tools_menu() {
   start_editor "$program" "$level"
-  keys alt+v t t Return # both Toolbar and Tools begin with a T
+  keys alt+v 4 alt+v t t # both Toolbar and Tools begin with a T
   shoot tools_menu
 }
 
