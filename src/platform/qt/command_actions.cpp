@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <utility>
 
+#include "platform/qt/command_icon.h"
 #include "platform/qt/qt_text.h"
 
 namespace zando {
@@ -34,7 +35,8 @@ bool TakesText(const QWidget* widget) {
 }
 
 QIcon IconOf(std::string_view name) {
-  return QIcon(QLatin1String(":/icons/") + TextToQt(name) + QLatin1String(".svg"));
+  const QString file = QLatin1String(":/icons/") + TextToQt(name) + QLatin1String(".svg");
+  return QIcon(new CCommandIcon(QIcon(file)));
 }
 
 QString EscapeMarks(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
