@@ -60,7 +60,7 @@ Corners CornersOf(const HalfSizes& half) {
 void CCreateBoxDlg::SetDefaults() { static_cast<BoxParameters&>(*this) = BoxParameters(); }
 
 bool CCreateBoxDlg::Run(CZandoBrush& brush, CDesktop& desktop) {
-  const BoxParameters before = *this;
+  const BoxParameters before = static_cast<const BoxParameters&>(*this);
   if (desktop.DoModal(*this) != IDOK) {
     static_cast<BoxParameters&>(*this) = before;
     return false;

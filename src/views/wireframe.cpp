@@ -59,7 +59,7 @@ struct LineRange {
 };
 
 LineRange VisibleLines(const Grid& grid, double camera, std::int32_t half) {
-  const std::int64_t spacing = Truncate(grid.size);
+  const std::int64_t spacing = std::max(Truncate(grid.size), std::int64_t{1});
   const double reach = half / grid.zoom;
   return {Truncate(camera - reach) / spacing, Truncate(camera + reach) / spacing};
 }

@@ -15,6 +15,8 @@ class CViewWidget;
 class CChildFrame : public QMdiSubWindow {
  public:
   CChildFrame(CQtMainWindow& main, std::unique_ptr<CZANDOView> view);
+  CChildFrame(const CChildFrame&) = delete;
+  CChildFrame& operator=(const CChildFrame&) = delete;
   ~CChildFrame() override;
 
   /// The view, or null once the frame has closed.

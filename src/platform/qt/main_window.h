@@ -23,6 +23,8 @@ class CChildFrame;
 class CQtMainWindow : public QMainWindow, public CMainWindow {
  public:
   CQtMainWindow();
+  CQtMainWindow(const CQtMainWindow&) = delete;
+  CQtMainWindow& operator=(const CQtMainWindow&) = delete;
   ~CQtMainWindow() override;
 
   /// Commands go to the application from now on. It outlives the child frames, not the window: call

@@ -12,6 +12,8 @@ class CQtMainWindow;
 class CQtDesktop : public CDesktop {
  public:
   explicit CQtDesktop(CQtMainWindow& window) : window_(window) {}
+  CQtDesktop(const CQtDesktop&) = delete;
+  CQtDesktop& operator=(const CQtDesktop&) = delete;
   ~CQtDesktop() override;
 
   void ShowMessage(std::string_view text) override;

@@ -20,6 +20,8 @@ class CQtForm : public CDialogForm {
  public:
   /// Fills the form from the dialog, which must outlive it.
   CQtForm(CDialog& dialog, QWidget* parent);
+  CQtForm(const CQtForm&) = delete;
+  CQtForm& operator=(const CQtForm&) = delete;
   ~CQtForm() override;
 
   [[nodiscard]] QDialog& Window();

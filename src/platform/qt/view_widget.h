@@ -17,6 +17,8 @@ class CViewWidget : public QWidget, public CViewWindow {
 
   /// `setTitle` is called with every title that the view wants for its frame.
   CViewWidget(CZANDOView& view, TitleSetter setTitle);
+  CViewWidget(const CViewWidget&) = delete;
+  CViewWidget& operator=(const CViewWidget&) = delete;
   ~CViewWidget() override;
 
   /// The view is about to go: nothing is forwarded or painted from now on.
