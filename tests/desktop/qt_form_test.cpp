@@ -128,6 +128,20 @@ TEST(QtForm, AFieldTakesWhatTheLevelCanHold) {
   EXPECT_EQ(form.GetText(1001), "a\xE9");
 }
 
+TEST(QtForm, TypingReplacesTheFirstFieldOfAWindowThatOpens) {
+  CListeningDlg dialog(133);
+  CQtForm form(dialog, nullptr);
+  form.Window().show();
+  auto* field = qobject_cast<QLineEdit*>(form.Window().focusWidget());
+  ASSERT_NE(field, nullptr);
+  EXPECT_EQ(field->property("controlId").toInt(), 1071);
+  field->setText("128");
+  form.Window().hide();
+  form.Window().show();
+  QTest::keyClicks(field, "512");
+  EXPECT_EQ(field->text(), "512");
+}
+
 TEST(QtForm, AWrongNumberKeepsTheWindowAndLeadsToItsField) {
   CListeningDlg dialog(133);
   CQtForm form(dialog, nullptr);

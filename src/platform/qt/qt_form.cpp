@@ -60,11 +60,18 @@ int PlaceFor(const QListWidget& list, const QString& text) {
 
 }  // namespace
 
-/// Escape and the close button of the window count as Cancel, which the dialog decides on.
+/// Escape and the close button of the window count as Cancel, which the dialog decides on. The text
+/// of the first field is selected when the window opens, so that typing replaces it.
 class CQtForm::CWindow : public QDialog {
  public:
   CWindow(CQtForm& form, QWidget* parent) : QDialog(parent), form_(form) {}
   void reject() override { form_.Click(IDCANCEL); }
+  void setVisible(bool visible) override {
+    QDialog::setVisible(visible);
+    if (!visible) return;
+    if (focusWidget() == nullptr) focusNextChild();
+    if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) field->selectAll();
+  }
 
  private:
   CQtForm& form_;
