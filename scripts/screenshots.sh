@@ -65,7 +65,8 @@ start_display() {
   Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/xvfb.log" &
   display_pid=$!
   wait_for test -s "$scratch/display" || die "Xvfb did not start: $(cat "$scratch/xvfb.log")"
-  export DISPLAY=":$(cat "$scratch/display")"
+  DISPLAY=:$(cat "$scratch/display")
+  export DISPLAY
   openbox >/dev/null 2>&1 &
   manager_pid=$!
   wait_for xdotool getwindowfocus get_desktop || die "openbox did not start"
