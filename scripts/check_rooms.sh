@@ -7,16 +7,17 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 allowed_rooms() {
   case "$1" in
     platform) echo "platform" ;;
-    platform/qt) echo "platform geometry csg entities primitives document formats views app" ;;
+    platform/qt) echo "platform geometry csg entities primitives textures document formats views app" ;;
     geometry) echo "platform geometry" ;;
     csg) echo "platform geometry csg" ;;
+    textures) echo "platform textures" ;;
     entities) echo "platform geometry entities" ;;
     primitives) echo "platform geometry primitives" ;;
-    document) echo "platform geometry csg entities primitives document" ;;
-    formats) echo "platform geometry csg entities primitives document formats" ;;
-    views) echo "platform geometry csg entities primitives document views" ;;
-    app) echo "platform geometry csg entities primitives document formats views app" ;;
-    cli) echo "platform platform/qt geometry csg entities primitives document formats views cli" ;;
+    document) echo "platform geometry csg entities primitives textures document" ;;
+    formats) echo "platform geometry csg entities primitives textures document formats" ;;
+    views) echo "platform geometry csg entities primitives textures document views" ;;
+    app) echo "platform geometry csg entities primitives textures document formats views app" ;;
+    cli) echo "platform platform/qt geometry csg entities primitives textures document formats views cli" ;;
     *) return 1 ;;
   esac
 }

@@ -10,8 +10,9 @@
 namespace zando {
 namespace {
 
-/// Until the level's textures are loaded there is no other.
+/// References to textures, as faces hold them: none, and the first of the level's archive.
 constexpr std::int32_t kNoTexture = 0;
+constexpr std::int32_t kFirstTexture = 1;
 
 /// The pivot of a brush that was taken out of its group.
 constexpr Vector kDefaultPivot{128.0, 128.0, 128.0};
@@ -173,7 +174,7 @@ void CZANDODoc::CombineWithWorld(std::int32_t operation) {
     return;
   }
   WorkingBrush.BGroup = CurrentGroup;
-  WorkingBrush.SetFaceTextures(kNoTexture);
+  WorkingBrush.SetFaceTextures(Textures.TextureCount() > 0 ? kFirstTexture : kNoTexture);
   const std::int32_t index = AddBrush(WorkingBrush);
   RefreshColors();
   // The listed copy owns the new nodes, so that they survive what happens to the working brush.

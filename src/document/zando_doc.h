@@ -12,6 +12,7 @@
 #include "platform/document.h"
 #include "platform/frame_display.h"
 #include "primitives/create_box_dlg.h"
+#include "textures/wad2.h"
 
 namespace zando {
 
@@ -50,6 +51,7 @@ class CZANDODoc : public CDocument {
   std::int32_t CurrentEntity = -1;
   std::int32_t BrushPicked = 0;  ///< 1 while CurrentBrush is a listed brush
   std::int32_t GroupMovementMode = 0;
+  CWad2 Textures;                  ///< with the palette; nothing is loaded until Create
   CFrameDisplay* Frame = nullptr;  ///< told of changed groups and grid, when there is one
 
   CZANDODoc();

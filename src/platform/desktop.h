@@ -77,6 +77,10 @@ class CViewWindow {
 
   virtual void SetFrameTitle(std::string_view title) = 0;
 
+  /// Shows an inverted frame, 2 pixels thick, over the picture, in place of the one before.
+  virtual void DrawDragRect(const ScreenRect& rect) = 0;
+  virtual void EraseDragRect() = 0;
+
   virtual void SetCapture() = 0;
   virtual void ReleaseCapture() = 0;
   [[nodiscard]] virtual bool HasCapture() const = 0;

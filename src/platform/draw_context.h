@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -26,6 +27,44 @@ struct Pen {
   std::int32_t width = 1;  ///< pixels
 
   friend bool operator==(const Pen&, const Pen&) = default;
+};
+
+/// A place and size in a window, in pixels; right and bottom lie outside.
+struct ScreenRect {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
+
+  friend bool operator==(const ScreenRect&, const ScreenRect&) = default;
+};
+
+/// The rectangle between two opposite corners, whichever they are.
+[[nodiscard]] constexpr ScreenRect NormalizedRect(ScreenPoint a, ScreenPoint b) {
+  return {a.x < b.x ? a.x : b.x, a.y < b.y ? a.y : b.y, a.x < b.x ? b.x : a.x,
+          a.y < b.y ? b.y : a.y};
+}
+
+/// One colour of a colour table.
+struct RgbQuad {
+  std::uint8_t blue = 0;
+  std::uint8_t green = 0;
+  std::uint8_t red = 0;
+  std::uint8_t reserved = 0;
+
+  friend bool operator==(const RgbQuad&, const RgbQuad&) = default;
+};
+
+/// What each index of a picture of 8-bit indices stands for.
+using ColorTable = std::array<RgbQuad, 256>;
+
+/// A picture of colour indices, row by row from the top, a byte a pixel. Refers to both, owns
+/// neither.
+struct IndexedPicture {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::span<const std::uint8_t> pixels;  ///< width * height of them
+  const ColorTable& colors;
 };
 
 /// A surface that a view paints on. Coordinates are pixels, y downwards, relative to the viewport
@@ -55,6 +94,9 @@ class CDC {
 
   virtual void FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width,
                              std::int32_t height, ColorRef color) = 0;
+
+  /// The whole picture, one pixel of it a pixel, with its top left corner at the point.
+  virtual void StretchDIBits(ScreenPoint at, const IndexedPicture& picture) = 0;
 
   /// Whether the point lies within the clip region.
   [[nodiscard]] virtual bool PtVisible(ScreenPoint point) const = 0;

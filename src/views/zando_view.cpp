@@ -34,14 +34,9 @@ std::uint32_t AxisOf(CommandId id) {
 }  // namespace
 
 CZANDOView::CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop)
-    : document_(document), settings_(settings), desktop_(desktop) {
-  document_.AddView(*this);
-}
+    : CChildView(document), settings_(settings), desktop_(desktop) {}
 
-CZANDOView::~CZANDOView() {
-  OnCaptureLost();
-  document_.RemoveView(*this);
-}
+CZANDOView::~CZANDOView() { CZANDOView::OnCaptureLost(); }
 
 std::string_view CZANDOView::FrameTitle(ViewKind kind) {
   switch (kind) {

@@ -4,26 +4,23 @@
 #include <string_view>
 
 #include "document/editor_settings.h"
-#include "document/zando_doc.h"
-#include "platform/command.h"
 #include "platform/desktop.h"
-#include "platform/document.h"
 #include "platform/draw_context.h"
 #include "views/camera.h"
+#include "views/child_view.h"
 
 namespace zando {
 
-/// A window's view of a level: one of six kinds, with a camera of its own. Attaches itself to the
-/// document for its lifetime. The window that shows it calls the On... operations and is called
-/// back through CViewWindow; until SetWindow nothing is shown.
-class CZANDOView : public CView, public CCmdTarget {
+/// A window's view of a level: one of six kinds, with a camera of its own. The window that shows it
+/// calls the On... operations and is called back through CViewWindow; until SetWindow nothing is
+/// shown.
+class CZANDOView : public CChildView {
  public:
   CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop);
   CZANDOView(const CZANDOView&) = delete;
   CZANDOView& operator=(const CZANDOView&) = delete;
   ~CZANDOView() override;
 
-  [[nodiscard]] CZANDODoc& Document() const { return document_; }
   [[nodiscard]] CCamera& Camera() { return camera_; }
   [[nodiscard]] ViewKind Kind() const { return kind_; }
   [[nodiscard]] double Zoom() const { return zoom_; }
@@ -44,8 +41,8 @@ class CZANDOView : public CView, public CCmdTarget {
 
   void OnUpdate(const CView* sender, int hint) override;
 
-  /// The first showing: sets the frame's title.
-  void OnInitialUpdate();
+  /// Sets the frame's title.
+  void OnInitialUpdate() override;
   void OnSize(std::int32_t width, std::int32_t height);
 
   /// Whether the window is to be erased to black before OnDraw paints; the solid and texture kinds
@@ -53,10 +50,9 @@ class CZANDOView : public CView, public CCmdTarget {
   [[nodiscard]] bool ErasesBackground() const;
   void OnDraw(CDC& dc);
 
-  /// The view became, or is no longer, the one that commands go to. Becoming it makes its axis
-  /// flags the active ones. Sets the frame's title and asks for the group list to be filled anew.
-  enum class Activation { Activated, Deactivated };
-  void OnActivate(Activation activation);
+  /// Becoming active makes its axis flags the active ones. Either way the frame's title is set and
+  /// the group list filled anew.
+  void OnActivate(Activation activation) override;
 
   bool OnCommand(CommandId id) override;
   bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
@@ -77,7 +73,6 @@ class CZANDOView : public CView, public CCmdTarget {
   void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
   void SetFrameTitle();
 
-  CZANDODoc& document_;
   CEditorSettings& settings_;
   CDesktop& desktop_;
   CViewWindow* window_ = nullptr;

@@ -54,6 +54,11 @@ void CRecordingDC::FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t wi
                   std::to_string(height) + " " + Text(color));
 }
 
+void CRecordingDC::StretchDIBits(ScreenPoint at, const IndexedPicture& picture) {
+  Lines.push_back("dib " + Text(at) + " " + std::to_string(picture.width) + "x" +
+                  std::to_string(picture.height));
+}
+
 bool CRecordingDC::PtVisible(ScreenPoint point) const {
   const std::int32_t x = point.x + origin_.x;
   const std::int32_t y = point.y + origin_.y;

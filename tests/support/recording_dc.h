@@ -9,8 +9,8 @@
 namespace zando::testing {
 
 /// A surface that keeps one line of text for each operation: "clip", "pen 00FFFF 2",
-/// "org 400,300", "move 1,2", "line 3,4", "poly 1,2 3,4", "fill 1,2 4x4 0000FF". Colours are
-/// written red, green, blue.
+/// "org 400,300", "move 1,2", "line 3,4", "poly 1,2 3,4", "fill 1,2 4x4 0000FF",
+/// "dib 1,2 64x64". Colours are written red, green, blue.
 class CRecordingDC : public CDC {
  public:
   CRecordingDC(std::int32_t width, std::int32_t height) : width_(width), height_(height) {}
@@ -28,6 +28,7 @@ class CRecordingDC : public CDC {
   void Polyline(std::span<const ScreenPoint> points) override;
   void FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
                      ColorRef color) override;
+  void StretchDIBits(ScreenPoint at, const IndexedPicture& picture) override;
   [[nodiscard]] bool PtVisible(ScreenPoint point) const override;
 
  private:

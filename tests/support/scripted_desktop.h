@@ -56,10 +56,13 @@ class CFakeViewWindow : public CViewWindow {
   int Redraws = 0;
   bool Captured = false;
   std::vector<std::string> Titles;
+  std::optional<ScreenRect> DragRect;  ///< the frame shown now
 
   void Invalidate() override { ++Invalidations; }
   void RedrawNow() override { ++Redraws; }
   void SetFrameTitle(std::string_view title) override { Titles.emplace_back(title); }
+  void DrawDragRect(const ScreenRect& rect) override { DragRect = rect; }
+  void EraseDragRect() override { DragRect.reset(); }
   void SetCapture() override { Captured = true; }
   void ReleaseCapture() override { Captured = false; }
   bool HasCapture() const override { return Captured; }

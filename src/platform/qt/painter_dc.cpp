@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -135,6 +136,34 @@ void CPainterDC::FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t widt
   for (int left = rect.height(); left > 0; --left, row += pixels_.stride) {
     std::fill_n(row, rect.width(), pixel);
   }
+}
+
+void CPainterDC::StretchDIBits(ScreenPoint at, const IndexedPicture& picture) {
+  std::array<std::uint32_t, 256> colors;
+  std::transform(picture.colors.begin(), picture.colors.end(), colors.begin(),
+                 [](const RgbQuad& c) { return ToPixel(Rgb(c.red, c.green, c.blue)); });
+  const std::int64_t left = std::int64_t{at.x} + origin_.x;
+  const std::int64_t top = std::int64_t{at.y} + origin_.y;
+  const Interval across = Limit(left, picture.width, surface_.width());
+  const Interval down = Limit(top, picture.height, surface_.height());
+  const int width = across.end - across.begin;
+  if (width <= 0 || down.end <= down.begin) return;
+  const auto draw = [&](std::uint32_t* target, std::int64_t stride) {
+    for (int y = down.begin; y < down.end; ++y, target += stride) {
+      const std::uint8_t* source =
+          picture.pixels.data() + (y - top) * picture.width + (across.begin - left);
+      std::transform(source, source + width, target,
+                     [&colors](std::uint8_t index) { return colors[index]; });
+    }
+  };
+  if (pixels_.first != nullptr) {
+    draw(pixels_.first + down.begin * pixels_.stride + across.begin, pixels_.stride);
+    return;
+  }
+  QImage part(width, down.end - down.begin, QImage::Format_RGB32);
+  if (part.isNull()) return;
+  draw(reinterpret_cast<std::uint32_t*>(part.bits()), part.bytesPerLine() / 4);
+  painter_.drawImage(across.begin, down.begin, part);
 }
 
 bool CPainterDC::PtVisible(ScreenPoint point) const {

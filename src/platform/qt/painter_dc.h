@@ -10,7 +10,8 @@ namespace zando {
 
 /// Paints through a QPainter, on a window or on an image, without smoothing. The painter's units
 /// are the pixels; coordinates may lie anywhere, however far outside the surface. On a plain QImage
-/// of 32-bit colours, rectangles and thin lines go straight into its memory, several times faster.
+/// of 32-bit colours, rectangles, thin lines and pictures go straight into its memory, several
+/// times faster.
 class CPainterDC final : public CDC {
  public:
   /// The painter is active on a surface of this size and outlives the CPainterDC. A clip that it
@@ -25,6 +26,7 @@ class CPainterDC final : public CDC {
   void Polyline(std::span<const ScreenPoint> points) override;
   void FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height,
                      ColorRef color) override;
+  void StretchDIBits(ScreenPoint at, const IndexedPicture& picture) override;
   [[nodiscard]] bool PtVisible(ScreenPoint point) const override;
 
  private:

@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegion>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -9,6 +11,9 @@
 
 namespace zando {
 namespace {
+
+/// Of the frame that follows a drag.
+constexpr int kFrameThickness = 2;
 
 std::optional<CZANDOView::MouseButton> ButtonOf(Qt::MouseButton button) {
   switch (button) {
@@ -58,16 +63,48 @@ void CViewWidget::Detach() {
   view_ = nullptr;
 }
 
-void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
+void CViewWidget::Invalidate() {
+  stale_ = true;
+  update();
+}
+
+void CViewWidget::RedrawNow() {
+  stale_ = true;
+  repaint();
+}
+
+void CViewWidget::DrawDragRect(const ScreenRect& rect) {
+  // A frame around nothing is still seen.
+  dragRect_ = QRect(rect.left, rect.top, std::max(rect.right - rect.left, kFrameThickness),
+                    std::max(rect.bottom - rect.top, kFrameThickness));
+  update();
+}
+
+void CViewWidget::EraseDragRect() {
+  dragRect_ = {};
+  update();
+}
+
+void CViewWidget::DrawPicture() {
   // Lines drawn into an image of the program's own are several times as quick as on the widget.
   if (picture_.size() != size()) picture_ = QImage(size(), QImage::Format_RGB32);
   if (view_ == nullptr || view_->ErasesBackground()) picture_.fill(Qt::black);
-  if (view_ != nullptr) {
-    QPainter painter(&picture_);
-    CPainterDC dc(painter, size());
-    view_->OnDraw(dc);
-  }
-  QPainter(this).drawImage(0, 0, picture_);
+  if (view_ == nullptr) return;
+  QPainter painter(&picture_);
+  CPainterDC dc(painter, size());
+  view_->OnDraw(dc);
+}
+
+void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
+  if (stale_ || picture_.size() != size()) DrawPicture();
+  stale_ = false;
+  QPainter painter(this);
+  painter.drawImage(0, 0, picture_);
+  if (dragRect_.isNull()) return;
+  constexpr int t = kFrameThickness;
+  const QRegion frame = QRegion(dragRect_).subtracted(dragRect_.adjusted(t, t, -t, -t));
+  painter.setCompositionMode(QPainter::RasterOp_NotDestination);
+  for (const QRect& side : frame) painter.fillRect(side, Qt::white);
 }
 
 void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <string_view>
@@ -24,9 +25,11 @@ class CViewWidget : public QWidget, public CViewWindow {
   /// The view is about to go: nothing is forwarded or painted from now on.
   void Detach();
 
-  void Invalidate() override { update(); }
-  void RedrawNow() override { repaint(); }
+  void Invalidate() override;
+  void RedrawNow() override;
   void SetFrameTitle(std::string_view title) override { setTitle_(title); }
+  void DrawDragRect(const ScreenRect& rect) override;
+  void EraseDragRect() override;
   void SetCapture() override { captured_ = true; }
   void ReleaseCapture() override { captured_ = false; }
   [[nodiscard]] bool HasCapture() const override { return captured_; }
@@ -47,10 +50,13 @@ class CViewWidget : public QWidget, public CViewWindow {
 
  private:
   void LoseCapture();
+  void DrawPicture();
 
   CZANDOView* view_;
   TitleSetter setTitle_;
-  QImage picture_;  ///< what the widget shows
+  QImage picture_;     ///< what the view drew last
+  bool stale_ = true;  ///< the picture is to be drawn anew
+  QRect dragRect_;     ///< frame over the picture, null when there is none
   bool captured_ = false;
 };
 
