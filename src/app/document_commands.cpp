@@ -125,6 +125,7 @@ bool HasSelection(const CZANDODoc& document) { return document.AnySelected(); }
 bool HasCurrentEntity(const CZANDODoc& document) { return document.CurrentEntity >= 0; }
 bool UsesGrid(const CZANDODoc& document) { return document.UseGrid != 0; }
 bool ShowsEntities(const CZANDODoc& document) { return document.ShowEntities != 0; }
+bool ShowsBrush(const CZANDODoc& document) { return document.ShowBrush != 0; }
 bool MovesGroups(const CZANDODoc& document) { return document.GroupMovementMode != 0; }
 
 using Rule = bool (*)(const CZANDODoc&);
@@ -160,8 +161,20 @@ constexpr std::array kCommands{
     DocumentCommand{ID_GROUP_EDITOR, EditGroups},
     DocumentCommand{ID_GROUP_MOVEMENT, ToggleGroupMovement, nullptr, MovesGroups},
     DocumentCommand{ID_TOOL_CAMERA, SetTool<ID_TOOL_CAMERA>, nullptr, IsTool<ID_TOOL_CAMERA>},
+    DocumentCommand{ID_TOOL_MOVE_ROTATE_BRUSH, SetTool<ID_TOOL_MOVE_ROTATE_BRUSH>, nullptr,
+                    IsTool<ID_TOOL_MOVE_ROTATE_BRUSH>},
+    DocumentCommand{ID_TOOL_SCALE_BRUSH, SetTool<ID_TOOL_SCALE_BRUSH>, nullptr,
+                    IsTool<ID_TOOL_SCALE_BRUSH>},
+    DocumentCommand{ID_TOOL_SHEAR_BRUSH, SetTool<ID_TOOL_SHEAR_BRUSH>, nullptr,
+                    IsTool<ID_TOOL_SHEAR_BRUSH>},
+    DocumentCommand{ID_TOOL_MOVE_SELECT_ENTITY, SetTool<ID_TOOL_MOVE_SELECT_ENTITY>, nullptr,
+                    IsTool<ID_TOOL_MOVE_SELECT_ENTITY>},
+    DocumentCommand{ID_TOOL_SELECT_GROUP, SetTool<ID_TOOL_SELECT_GROUP>, nullptr,
+                    IsTool<ID_TOOL_SELECT_GROUP>},
     DocumentCommand{ID_TOOL_SELECT_BRUSH, SetTool<ID_TOOL_SELECT_BRUSH>, nullptr,
                     IsTool<ID_TOOL_SELECT_BRUSH>},
+    DocumentCommand{ID_RESET_BRUSH, Call<&CZANDODoc::ResetBrush>},
+    DocumentCommand{ID_SHOW_BRUSH, Call<&CZANDODoc::ToggleShowBrush>, nullptr, ShowsBrush},
     DocumentCommand{ID_DELETE_BRUSH, Call<&CZANDODoc::DeleteCurrentBrush>, IsPicked},
     DocumentCommand{ID_NEXT_BRUSH, StepBrush<CZANDODoc::ListStep::Next>, IsPicked},
     DocumentCommand{ID_PREVIOUS_BRUSH, StepBrush<CZANDODoc::ListStep::Previous>, IsPicked},

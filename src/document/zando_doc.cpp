@@ -146,6 +146,13 @@ void CZANDODoc::DeleteEntity(std::int32_t index) {
   SetModifiedFlag();
 }
 
+void CZANDODoc::DeleteCurrentEntity() {
+  if (!IsEntity(CurrentEntity)) return;
+  const std::int32_t before = CurrentEntity - 1;
+  DeleteEntity(CurrentEntity);
+  CurrentEntity = before;
+}
+
 void CZANDODoc::ParseAllOrigins() {
   for (CEntity& entity : Entities) entity.ParseOrigin();
 }

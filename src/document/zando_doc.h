@@ -22,9 +22,9 @@ using CGroupList = std::vector<CBGroup>;
 /// The level: its brushes, entities and groups, the working brush that the primitives fill, the
 /// world built from the brushes, and the editing state that all its views share. Owns all of it.
 /// Every operation that changes what is drawn ends with one redraw of all views; those that change
-/// the level also mark it modified. AddBrush, RefreshColors, ApplyShowFilter and ParseAllOrigins
-/// are steps of such operations and leave both to them. Lookups that find nothing leave everything
-/// as it was.
+/// the level also mark it modified. AddBrush, RefreshColors, ApplyShowFilter, ParseAllOrigins and
+/// the steps of a drag are parts of such operations and leave both to them. Lookups that find
+/// nothing leave everything as it was.
 class CZANDODoc : public CDocument {
  public:
   std::int32_t ToolMode = ID_TOOL_CAMERA;
@@ -97,6 +97,9 @@ class CZANDODoc : public CDocument {
   /// Removes an entity; its brushes belong to none, those of later ones follow them down. So does
   /// CurrentEntity; it becomes -1 when it was the one removed.
   void DeleteEntity(std::int32_t index);
+
+  /// Removes the current entity; the one before it becomes current, if there is one.
+  void DeleteCurrentEntity();
   void ParseAllOrigins();
 
   void ToggleUseGrid();
@@ -135,6 +138,59 @@ class CZANDODoc : public CDocument {
   /// Shows or hides entities and their brushes.
   void ToggleShowEntities();
 
+  /// The steps of a drag, by the distance that the mouse moved left or up, as the tool of the view
+  /// reads it. The first four work on the current brush, or in group movement mode on the brushes
+  /// of the current group about its centre; there may be none. A component counts only when the
+  /// mask allows its axis.
+
+  /// Moves back by so many map units.
+  void MoveBrush(const Vector& back, std::uint32_t axisMask);
+
+  /// Turns by (yaw, pitch, roll) in rotation units, which are about y, x and z.
+  void RotateBrush(const Vector& angles, std::uint32_t axisMask);
+
+  /// Lessens each scale by 0.005 a pixel; none falls below 0.1.
+  void ScaleBrush(const Vector& pixels, std::uint32_t axisMask);
+
+  /// Adds 0.005 a pixel to each shear coefficient.
+  void ShearBrush(const Vector& pixels, std::uint32_t axisMask);
+
+  /// Moves the current entity, if it has an origin, back by so many map units.
+  void MoveEntity(const Vector& back, std::uint32_t axisMask);
+
+  /// The ends of such drags: what was dragged snaps to the grid or to the rotation step, or to
+  /// whole units or degrees without them, and is committed; the level counts as modified. Scales
+  /// and shears do not snap. They redraw nothing.
+  void EndMoveBrush(std::uint32_t axisMask, Commit commit);
+  void EndRotateBrush(std::uint32_t axisMask, Commit commit);
+  void EndScaleBrush() { CommitScaleOrShear(); }
+  void EndShearBrush() { CommitScaleOrShear(); }
+
+  /// Nothing without a current entity.
+  void EndMoveEntity(std::uint32_t axisMask, Commit commit);
+
+  /// Turns by these angles at once, without snapping.
+  void TurnBrush(const Vector& angles, std::uint32_t axisMask);
+
+  /// No rotation, scale or shear of the current brush; in group movement mode of the current
+  /// group's own transform, when a group is current.
+  void ResetBrush();
+
+  void ToggleShowBrush();
+
+  /// Makes the entity nearest to a point of a view the current one, if it is no more than 100 units
+  /// away.
+  void PickEntity(const Vector& point);
+
+  enum class Selection { Select, Deselect };
+  /// Takes what is shown and lies in a rectangle of a view into the multi-selection, or out of it:
+  /// entities by their origin, brushes by their whole bounds. The coordinate along the view
+  /// direction is 0 in both corners.
+  void BoxSelect(const Vector& low, const Vector& high, Selection selection);
+
+  /// From any other tool to the camera, and back to that tool.
+  void ToggleCamera();
+
   [[nodiscard]] bool IsGroup(std::int32_t index) const {
     return index >= 0 && index < static_cast<std::int32_t>(Groups.size());
   }
@@ -143,6 +199,11 @@ class CZANDODoc : public CDocument {
   }
 
  private:
+  [[nodiscard]] std::vector<CZandoBrush*> EditedBrushes();
+  [[nodiscard]] bool EditsGroup() const { return GroupMovementMode != 0; }
+  void ShowGroupOperation(CZandoBrush& brush);
+  void CommitScaleOrShear();
+  [[nodiscard]] double GridStepSize() const;
   void CombineWithWorld(std::int32_t operation);
   void MoveSelectionToGroup(std::int32_t group, const Vector& pivot);
   [[nodiscard]] bool PassesFilter(std::int32_t group) const;

@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::string_view kOriginKey = "origin";
 constexpr double kUnreachable = 100000.0;
-constexpr std::array<std::uint32_t, 3> kAxes{kAxisX, kAxisY, kAxisZ};
-constexpr std::array<double Vector::*, 3> kCoordinates{&Vector::x, &Vector::y, &Vector::z};
 
 template <typename Pairs>
 auto FindPair(Pairs& pairs, std::string_view key) {
@@ -56,23 +54,6 @@ std::int32_t ToWholeNumber(double value) {
   if (std::isnan(value)) return 0;
   return static_cast<std::int32_t>(
       std::clamp(value, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
-}
-
-/// The two axes of the view in whose coordinates the point was given.
-std::array<double Vector::*, 2> ViewPlane(const Vector& point) {
-  if (point.x == 0.0) return {&Vector::y, &Vector::z};
-  if (point.y == 0.0) return {&Vector::x, &Vector::z};
-  return {&Vector::x, &Vector::y};
-}
-
-/// The axis of the largest displacement; z wins ties, then y.
-double Vector::*DominantAxis(const Vector& displacement) {
-  const double dx = std::abs(displacement.x);
-  const double dy = std::abs(displacement.y);
-  const double dz = std::abs(displacement.z);
-  if (dy < dx && dz < dx) return &Vector::x;
-  if (dy >= dx && dz < dy) return &Vector::y;
-  return &Vector::z;
 }
 
 std::string FormatOrigin(const Vector& origin) {
@@ -130,26 +111,13 @@ bool CEntity::InRect(const Vector& low, const Vector& high) const {
 
 void CEntity::Move(const Vector& displacement, std::uint32_t axisMask) {
   if (eStyle != 0) return;
-  for (std::size_t i = 0; i < kAxes.size(); ++i) {
-    double& coordinate = WorkOrigin.*kCoordinates[i];
-    if ((axisMask & kAxes[i]) != 0) coordinate -= displacement.*kCoordinates[i];
-    coordinate = std::trunc(coordinate);
-  }
+  const Vector moved = WorkOrigin - Masked(displacement, axisMask);
+  WorkOrigin = {std::trunc(moved.x), std::trunc(moved.y), std::trunc(moved.z)};
 }
 
 void CEntity::EndMove(double step, std::uint32_t axisMask, Commit commit) {
-  for (std::size_t i = 0; i < kAxes.size(); ++i) {
-    if ((axisMask & kAxes[i]) == 0) continue;
-    double& coordinate = WorkOrigin.*kCoordinates[i];
-    coordinate = std::floor(coordinate / step + 0.5) * step;
-  }
-  if (commit == Commit::DominantAxis) {
-    const auto axis = DominantAxis(WorkOrigin - eOrigin);
-    eOrigin.*axis = WorkOrigin.*axis;
-    WorkOrigin = eOrigin;
-  } else {
-    eOrigin = WorkOrigin;
-  }
+  eOrigin = Committed(Snapped(WorkOrigin, step, axisMask), eOrigin, commit);
+  WorkOrigin = eOrigin;
   SetValue(kOriginKey, FormatOrigin(eOrigin));
 }
 

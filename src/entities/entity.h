@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "geometry/axes.h"
 #include "geometry/vector.h"
 
 namespace zando {
@@ -12,11 +13,6 @@ namespace zando {
 /// Bits of CEntity::eFlags.
 inline constexpr std::int32_t EF_SELECTED = 1;
 inline constexpr std::int32_t EF_SHOWN = 2;
-
-/// Bits of an axis mask: a set bit allows edits along or about that axis.
-inline constexpr std::uint32_t kAxisX = 1;
-inline constexpr std::uint32_t kAxisY = 2;
-inline constexpr std::uint32_t kAxisZ = 4;
 
 /// One key and its value, both 8-bit text.
 struct EntityPair {
@@ -71,9 +67,6 @@ class CEntity {
   /// Moves the working origin back by the displacement, along the axes of the mask, and truncates
   /// it to whole numbers. Nothing happens without an origin.
   void Move(const Vector& displacement, std::uint32_t axisMask);
-
-  /// Which axes a finished drag commits.
-  enum class Commit { AllAxes, DominantAxis };
 
   /// Snaps the working origin to multiples of `step`, which is above 0, along the axes of the mask,
   /// commits it and rewrites the origin pair. Of equal displacements the dominant one is that of z,

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "geometry/axes.h"
+
 namespace zando {
 namespace {
 
 constexpr double kUnboundedCoordinate = 5555555.0;
-
-constexpr bool InRange(double value, double low, double high) {
-  return low <= value && value <= high;
-}
 
 }  // namespace
 
@@ -85,12 +83,18 @@ Vector CZandoBrush::WorldOrigin() {
 }
 
 bool CZandoBrush::HitTest2D(double x, double y, double z) const {
-  const bool inX = InRange(x, BoundsMin.x, BoundsMax.x);
-  const bool inY = InRange(y, BoundsMin.y, BoundsMax.y);
-  const bool inZ = InRange(z, BoundsMin.z, BoundsMax.z);
-  if (x == 0.0) return inY && inZ;
-  if (y == 0.0) return inX && inZ;
-  return inX && inY;
+  const Vector point{x, y, z};
+  const auto plane = ViewPlane(point);
+  return std::all_of(plane.begin(), plane.end(), [&](double Vector::*axis) {
+    return BoundsMin.*axis <= point.*axis && point.*axis <= BoundsMax.*axis;
+  });
+}
+
+bool CZandoBrush::InRect(const Vector& low, const Vector& high) const {
+  const auto plane = ViewPlane(low);
+  return std::all_of(plane.begin(), plane.end(), [&](double Vector::*axis) {
+    return low.*axis <= BoundsMin.*axis && BoundsMax.*axis <= high.*axis;
+  });
 }
 
 void CZandoBrush::ComputeFacePoints() {
@@ -132,6 +136,17 @@ void CZandoBrush::MoveTo(const Vector& position) {
 void CZandoBrush::BeginGroupOperation(const Vector& pivot) {
   Pos[kGroupSlot] = pivot;
   ResetSlot(kGroupSlot);
+}
+
+Transform CZandoBrush::GroupOperation() const {
+  Transform operation = Transform::Identity();
+  const Vector& shear = Shr[kGroupSlot];
+  const Vector& scale = Scl[kGroupSlot];
+  const Vector turn = WorkRot[kGroupSlot] - Rot[kGroupSlot];
+  operation.Shear(shear.x, shear.y, shear.z);
+  operation.Scale(scale.x, scale.y, scale.z);
+  operation.Rotate(turn.x, turn.y, turn.z);
+  return operation;
 }
 
 void CZandoBrush::UpdateGroupOperation(const Transform& operation) {

@@ -116,6 +116,13 @@ class CZandoBrush {
   /// Moves the brush to a position at once, as a committed move.
   void MoveTo(const Vector& position);
 
+  /// Whether the bounds lie entirely in a rectangle of a view, borders included, given by its least
+  /// and greatest corner as for HitTest2D. Needs bounds made by UpdateWorld.
+  [[nodiscard]] bool InRect(const Vector& low, const Vector& high) const;
+
+  /// The operation in progress about slot 1's pivot: its shear, scale and rotation.
+  [[nodiscard]] Transform GroupOperation() const;
+
   /// Starts an operation about a pivot: slot 1 is reset and holds the pivot.
   void BeginGroupOperation(const Vector& pivot);
 

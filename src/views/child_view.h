@@ -24,6 +24,9 @@ class CChildView : public CView, public CCmdTarget {
   enum class Activation { Activated, Deactivated };
   virtual void OnActivate(Activation activation) = 0;
 
+  /// What the mouse began in this view is over now.
+  virtual void EndDrag() {}
+
  protected:
   CZANDODoc& document_;
 };

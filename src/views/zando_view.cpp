@@ -1,8 +1,10 @@
 #include "views/zando_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "document/command_ids.h"
+#include "views/mouse_tools.h"
 #include "views/wireframe.h"
 
 namespace zando {
@@ -36,7 +38,7 @@ std::uint32_t AxisOf(CommandId id) {
 CZANDOView::CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop)
     : CChildView(document), settings_(settings), desktop_(desktop) {}
 
-CZANDOView::~CZANDOView() { CZANDOView::OnCaptureLost(); }
+CZANDOView::~CZANDOView() { CZANDOView::EndDrag(); }
 
 std::string_view CZANDOView::FrameTitle(ViewKind kind) {
   switch (kind) {
@@ -70,6 +72,7 @@ void CZANDOView::SetKind(ViewKind kind) {
 void CZANDOView::SetZoom(double zoom) {
   zoom_ = std::max(zoom, kLeastZoom);
   camera_.BeginDraw(kind_, zoom_);
+  if (window_ != nullptr) window_->Invalidate();
 }
 
 void CZANDOView::OnUpdate(const CView* /*sender*/, int /*hint*/) {
@@ -114,9 +117,21 @@ void CZANDOView::ToggleAxis(std::uint32_t axis) {
   settings_.ActiveAxisMask = axisFlags_;
 }
 
+void CZANDOView::Rotate90() {
+  constexpr double kQuarterTurn = 2048.0;
+  Vector angles{kQuarterTurn, 0.0, 0.0};
+  if (kind_ == ViewKind::Side) angles = {0.0, kQuarterTurn, 0.0};
+  if (kind_ == ViewKind::Front) angles = {0.0, 0.0, kQuarterTurn};
+  document_.TurnBrush(angles, settings_.ActiveAxisMask);
+}
+
 bool CZANDOView::OnCommand(CommandId id) {
   if (IsViewKind(id)) {
     SetKind(static_cast<ViewKind>(id));
+    return true;
+  }
+  if (id == ID_ROTATE_90) {
+    Rotate90();
     return true;
   }
   const std::uint32_t axis = AxisOf(id);
@@ -135,6 +150,8 @@ bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
     return true;
   }
   switch (id) {
+    case ID_ROTATE_90:
+      return true;
     case ID_ADD_TO_GROUP:
     case ID_CREATE_GROUP:
     case ID_REMOVE_FROM_GROUP:
@@ -145,57 +162,180 @@ bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
   }
 }
 
-void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint /*position*/) {
+void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position) {
   if (window_ == nullptr || button == MouseButton::Middle) return;
   // The second button only changes the combination that motion sees.
   if (button == MouseButton::Left ? flags.right : flags.left) return;
   window_->SetCapture();
-  // A release that got lost leaves a drag behind; the cursor is hidden only once.
-  if (document_.ToolMode != ID_TOOL_CAMERA || dragging_) return;
-  anchor_ = desktop_.GetCursorPos();
-  desktop_.ShowCursor(false);
-  dragging_ = true;
-}
-
-void CZANDOView::OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position) {
-  if (window_ == nullptr || button == MouseButton::Middle) return;
-  if (button == MouseButton::Left ? flags.right : flags.left) return;
-  if (window_->HasCapture()) window_->ReleaseCapture();
-  if (document_.ToolMode == ID_TOOL_SELECT_BRUSH && button == MouseButton::Left && !dragging_) {
-    document_.PickBrush(camera_.ScreenToWorld(position));
-    document_.UpdateAllViews(nullptr);
+  // A release that got lost leaves a drag behind, which goes on.
+  if (drag_ != Drag::None) return;
+  dragTool_ = document_.ToolMode;
+  if (dragTool_ == ID_TOOL_SELECT_GROUP) {
+    drag_ = Drag::Box;
+    anchor_ = position;
+    window_->DrawDragRect(NormalizedRect(anchor_, anchor_));
     return;
   }
-  EndDrag();
-  document_.UpdateAllViews(nullptr);
-}
-
-void CZANDOView::EndDrag() {
-  if (!dragging_) return;
-  dragging_ = false;
-  desktop_.SetCursorPos(anchor_);
-  desktop_.ShowCursor(true);
-}
-
-void CZANDOView::OnCaptureLost() {
-  if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
-  EndDrag();
-}
-
-void CZANDOView::OnMouseMove(MouseFlags flags, ScreenPoint /*position*/) {
-  if (window_ == nullptr || !dragging_ || !window_->HasCapture()) return;
-  const ScreenPoint cursor = desktop_.GetCursorPos();
-  const std::int32_t dx = anchor_.x - cursor.x;
-  const std::int32_t dy = anchor_.y - cursor.y;
-  if (dx != 0 || dy != 0) {
-    DragCamera(flags, dx, dy);
-    window_->RedrawNow();
+  if (dragTool_ == ID_TOOL_SELECT_BRUSH && button == MouseButton::Left) {
+    drag_ = Drag::Click;
+    return;
   }
+  BeginMotion();
+  if (dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY && button == MouseButton::Right) {
+    document_.PickEntity(camera_.ScreenToWorld(position));
+  }
+}
+
+void CZANDOView::BeginMotion() {
+  drag_ = Drag::Motion;
+  entityMoved_ = false;
+  anchor_ = desktop_.GetCursorPos();
+  desktop_.ShowCursor(false);
+}
+
+void CZANDOView::OnMouseMove(MouseFlags flags, ScreenPoint position) {
+  if (window_ == nullptr || !window_->HasCapture()) return;
+  if (drag_ == Drag::Box) window_->DrawDragRect(NormalizedRect(anchor_, position));
+  if (drag_ == Drag::Motion) FollowMotion(flags);
+}
+
+void CZANDOView::FollowMotion(MouseFlags flags) {
+  const ScreenPoint cursor = desktop_.GetCursorPos();
+  const std::int32_t left = anchor_.x - cursor.x;
+  const std::int32_t up = anchor_.y - cursor.y;
+  if (left != 0 || up != 0) ApplyStep(flags, left, up);
   if (desktop_.CanPlaceCursor()) {
     desktop_.SetCursorPos(anchor_);
   } else {
     // The cursor stays where the hand put it, so the next step counts from there.
     anchor_ = cursor;
+  }
+}
+
+void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up) {
+  if (dragTool_ == ID_TOOL_CAMERA) {
+    DragCamera(flags, left, up);
+    window_->RedrawNow();
+    return;
+  }
+  if (!IsEditingTool(dragTool_)) return;
+  if (const auto step = FindToolStep(dragTool_, kind_, flags, left, up)) {
+    (document_.*step->operation)(step->amount, settings_.ActiveAxisMask);
+    entityMoved_ |= dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY;
+  }
+  window_->RedrawNow();
+}
+
+void CZANDOView::OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position) {
+  if (window_ == nullptr) return;
+  if (button == MouseButton::Middle) {
+    if (!flags.left && !flags.right) document_.ToggleCamera();
+    return;
+  }
+  if (button == MouseButton::Left ? flags.right : flags.left) return;
+  if (window_->HasCapture()) window_->ReleaseCapture();
+  FinishDrag(button, position);
+}
+
+void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
+  const bool isLeft = button == MouseButton::Left;
+  switch (std::exchange(drag_, Drag::None)) {
+    case Drag::None:
+      return;
+    case Drag::Box:
+      SelectInBox(position, isLeft ? CZANDODoc::Selection::Select : CZANDODoc::Selection::Deselect);
+      return;
+    case Drag::Click:
+      document_.PickBrush(camera_.ScreenToWorld(position));
+      break;
+    case Drag::Motion:
+      // A click that picks an entity leaves it where it is; a drag may end with either button.
+      if (dragTool_ != ID_TOOL_MOVE_SELECT_ENTITY || isLeft || entityMoved_) FinishTool();
+      desktop_.SetCursorPos(anchor_);
+      desktop_.ShowCursor(true);
+      break;
+  }
+  document_.UpdateAllViews(nullptr);
+}
+
+Commit CZANDOView::CommitNow() const {
+  return desktop_.IsShiftDown() ? Commit::DominantAxis : Commit::AllAxes;
+}
+
+void CZANDOView::FinishTool() {
+  const std::uint32_t axes = settings_.ActiveAxisMask;
+  switch (dragTool_) {
+    case ID_TOOL_MOVE_ROTATE_BRUSH:
+      if (document_.LastDragWasRotate != 0) {
+        document_.EndRotateBrush(axes, CommitNow());
+      } else {
+        document_.EndMoveBrush(axes, CommitNow());
+      }
+      document_.EndMoveEntity(axes, CommitNow());
+      return;
+    case ID_TOOL_SCALE_BRUSH:
+      document_.EndScaleBrush();
+      return;
+    case ID_TOOL_SHEAR_BRUSH:
+      document_.EndShearBrush();
+      return;
+    case ID_TOOL_MOVE_SELECT_ENTITY:
+      document_.EndMoveEntity(axes, CommitNow());
+      return;
+    default:
+      return;
+  }
+}
+
+void CZANDOView::SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection) {
+  window_->EraseDragRect();
+  const ScreenRect box = NormalizedRect(anchor_, corner);
+  // Up is up in the world, and down on the screen.
+  document_.BoxSelect(camera_.ScreenToWorld({box.left, box.bottom}),
+                      camera_.ScreenToWorld({box.right, box.top}), selection);
+}
+
+void CZANDOView::EndDrag() {
+  if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
+  if (drag_ == Drag::Motion) {
+    FinishDrag(MouseButton::Left, {});
+    return;
+  }
+  if (drag_ == Drag::Box && window_ != nullptr) window_->EraseDragRect();
+  drag_ = Drag::None;
+}
+
+void CZANDOView::OnKeyDown(Key key, MouseFlags held) {
+  switch (key) {
+    case Key::Space:
+      if (!held.left && !held.right) document_.ToggleCamera();
+      return;
+    case Key::Delete:
+      DeleteCurrent();
+      return;
+    case Key::KeypadPlus:
+      document_.StepGrid(CZANDODoc::GridStep::Up);
+      return;
+    case Key::KeypadMinus:
+      document_.StepGrid(CZANDODoc::GridStep::Down);
+      return;
+  }
+}
+
+void CZANDOView::DeleteCurrent() {
+  // What moves along with it must not be left half way.
+  EndDrag();
+  switch (document_.ToolMode) {
+    case ID_TOOL_MOVE_ROTATE_BRUSH:
+    case ID_TOOL_SCALE_BRUSH:
+    case ID_TOOL_SHEAR_BRUSH:
+      document_.DeleteCurrentBrush();
+      return;
+    case ID_TOOL_MOVE_SELECT_ENTITY:
+      document_.DeleteCurrentEntity();
+      return;
+    default:
+      return;
   }
 }
 

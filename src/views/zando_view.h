@@ -29,7 +29,7 @@ class CZANDOView : public CChildView {
   /// Shows another kind: redraws at once and sets the frame's title.
   void SetKind(ViewKind kind);
 
-  /// Pixels per world unit in the orthographic kinds; raised to 0.001 when lower.
+  /// Pixels per world unit in the orthographic kinds; raised to 0.001 when lower. Redraws.
   void SetZoom(double zoom);
 
   /// The window must outlive the view, or be taken back with null: a view that goes in the middle
@@ -63,15 +63,35 @@ class CZANDOView : public CChildView {
   void OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position);
   void OnMouseMove(MouseFlags flags, ScreenPoint position);
 
-  /// The window lost the mouse or the focus in the middle of a drag: no cursor stays hidden and no
-  /// button counts as held.
-  void OnCaptureLost();
+  enum class Key { Space, Delete, KeypadPlus, KeypadMinus };
+  /// `held` are the mouse buttons that are down.
+  void OnKeyDown(Key key, MouseFlags held);
+
+  /// The window lost the mouse or the focus, or a command comes, in the middle of a drag: what was
+  /// dragged is committed as by a release, the mouse is let go and the cursor shown.
+  void EndDrag() override;
 
  private:
-  void EndDrag();
+  /// What the buttons held were pressed for.
+  enum class Drag {
+    None,
+    Motion,  ///< the cursor is hidden, every motion is a step of the tool
+    Box,     ///< a frame is drawn
+    Click    ///< the release counts
+  };
+
+  void BeginMotion();
+  void FollowMotion(MouseFlags flags);
+  void ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up);
+  void FinishDrag(MouseButton button, ScreenPoint position);
+  void FinishTool();
+  void SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection);
+  void DeleteCurrent();
+  void Rotate90();
   void ToggleAxis(std::uint32_t axis);
   void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
   void SetFrameTitle();
+  [[nodiscard]] Commit CommitNow() const;
 
   CEditorSettings& settings_;
   CDesktop& desktop_;
@@ -81,8 +101,10 @@ class CZANDOView : public CChildView {
   double zoom_ = 0.1;
   std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;
   ScreenPoint client_;  ///< width and height of the window
-  ScreenPoint anchor_;  ///< where a drag with a hidden cursor began, in screen coordinates
-  bool dragging_ = false;
+  Drag drag_ = Drag::None;
+  CommandId dragTool_ = 0;  ///< the tool of the drag, whatever becomes of the document's
+  bool entityMoved_ = false;
+  ScreenPoint anchor_;  ///< where the drag began: on the screen, or in the client area for a box
 };
 
 }  // namespace zando

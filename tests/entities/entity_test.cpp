@@ -111,12 +111,12 @@ TEST(Entity, ADragMovesTheAllowedAxesAndTruncatesAll) {
 }
 
 TEST(Entity, ADragEndsOnTheGridAndCommitsItsAxes) {
-  using enum CEntity::Commit;
+  using enum Commit;
   struct Case {
     Vector dragged;  ///< from (1, 2, 3)
     double step;
     std::uint32_t mask;
-    CEntity::Commit commit;
+    Commit commit;
     Vector origin;
   };
   const std::vector<Case> cases{

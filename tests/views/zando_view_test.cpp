@@ -214,11 +214,11 @@ TEST_F(View, MotionWithoutChangeOrWithoutADragDoesNothing) {
 TEST_F(View, LosingTheMouseEndsTheDragAndLaterReleasesAreHarmless) {
   view.OnButtonDown(Button::Left, kLeft, {});
   Move(kLeft, 4, 0);
-  view.OnCaptureLost();
+  view.EndDrag();
   EXPECT_EQ(desktop.CursorHidden, 0);
   EXPECT_FALSE(window.Captured);
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
-  view.OnCaptureLost();
+  view.EndDrag();
   view.OnButtonUp(Button::Left, kNone, {});
   EXPECT_EQ(desktop.CursorHidden, 0);
   const double yaw = view.Camera().Yaw;
@@ -229,7 +229,7 @@ TEST_F(View, LosingTheMouseEndsTheDragAndLaterReleasesAreHarmless) {
 TEST_F(View, ADragOfBothButtonsThatLosesTheMouseLeavesTheNextOneWhole) {
   view.OnButtonDown(Button::Left, kLeft, {});
   view.OnButtonDown(Button::Right, kBoth, {});
-  view.OnCaptureLost();
+  view.EndDrag();
   view.OnButtonUp(Button::Right, kLeft, {});
   view.OnButtonUp(Button::Left, kNone, {});
   EXPECT_EQ(desktop.CursorHidden, 0);
@@ -263,17 +263,6 @@ TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   view.OnButtonUp(Button::Left, kNone, {});
   EXPECT_EQ(desktop.CursorHidden, 0);
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 404}));
-}
-
-TEST_F(View, OnlyTheCameraToolAndItsTwoButtonsDragTheCamera) {
-  view.OnButtonDown(Button::Middle, {false, true, false, false, false}, {});
-  EXPECT_FALSE(window.Captured);
-  document.ToolMode = ID_TOOL_SCALE_BRUSH;
-  view.OnButtonDown(Button::Left, kLeft, {});
-  Move(kLeft, 5, 5);
-  EXPECT_EQ(desktop.CursorHidden, 0);
-  EXPECT_EQ(desktop.CursorPlacements.size(), 0U);
-  EXPECT_EQ(window.Redraws, 0);
 }
 
 TEST_F(View, AToolChangedOrAViewClosedInADragLeavesNoCursorHidden) {

@@ -1,5 +1,7 @@
 #include "platform/qt/view_widget.h"
 
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRegion>
@@ -28,14 +30,28 @@ std::optional<CZANDOView::MouseButton> ButtonOf(Qt::MouseButton button) {
   }
 }
 
-MouseFlags FlagsOf(const QMouseEvent& event) {
-  const Qt::MouseButtons buttons = event.buttons();
-  const Qt::KeyboardModifiers keys = event.modifiers();
+MouseFlags FlagsOf(Qt::MouseButtons buttons, Qt::KeyboardModifiers keys) {
   return {.left = buttons.testFlag(Qt::LeftButton),
           .middle = buttons.testFlag(Qt::MiddleButton),
           .right = buttons.testFlag(Qt::RightButton),
           .shift = keys.testFlag(Qt::ShiftModifier),
           .control = keys.testFlag(Qt::ControlModifier)};
+}
+
+std::optional<CZANDOView::Key> KeyOf(const QKeyEvent& event) {
+  const bool onKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
+  switch (event.key()) {
+    case Qt::Key_Space:
+      return CZANDOView::Key::Space;
+    case Qt::Key_Delete:
+      return CZANDOView::Key::Delete;
+    case Qt::Key_Plus:
+      return onKeypad ? std::optional(CZANDOView::Key::KeypadPlus) : std::nullopt;
+    case Qt::Key_Minus:
+      return onKeypad ? std::optional(CZANDOView::Key::KeypadMinus) : std::nullopt;
+    default:
+      return std::nullopt;
+  }
 }
 
 ScreenPoint PositionOf(const QMouseEvent& event) {
@@ -114,7 +130,7 @@ void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {
 void CViewWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(event->button());
   if (view_ == nullptr || !button) return;
-  view_->OnButtonDown(*button, FlagsOf(*event), PositionOf(*event));
+  view_->OnButtonDown(*button, FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
 }
 
 void CViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
@@ -122,17 +138,30 @@ void CViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(ev
 void CViewWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto button = ButtonOf(event->button());
   if (view_ == nullptr || !button) return;
-  view_->OnButtonUp(*button, FlagsOf(*event), PositionOf(*event));
+  view_->OnButtonUp(*button, FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
 }
 
 void CViewWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (view_ != nullptr) view_->OnMouseMove(FlagsOf(*event), PositionOf(*event));
+  if (view_ != nullptr)
+    view_->OnMouseMove(FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
+}
+
+void CViewWidget::keyPressEvent(QKeyEvent* event) {
+  const auto key = KeyOf(*event);
+  // A key that is kept down steps the grid on and on, but does nothing else twice.
+  const bool repeats =
+      event->isAutoRepeat() && (key == CZANDOView::Key::Space || key == CZANDOView::Key::Delete);
+  if (view_ == nullptr || !key || repeats) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  view_->OnKeyDown(*key, FlagsOf(QGuiApplication::mouseButtons(), event->modifiers()));
 }
 
 void CViewWidget::LoseCapture() {
   if (!captured_) return;
   captured_ = false;
-  if (view_ != nullptr) view_->OnCaptureLost();
+  if (view_ != nullptr) view_->EndDrag();
 }
 
 void CViewWidget::focusOutEvent(QFocusEvent* event) {
