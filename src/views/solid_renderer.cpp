@@ -21,6 +21,7 @@ bool CSolidRenderer::SetViewport(std::int32_t width, std::int32_t height,
 void CSolidRenderer::Render(const CCamera& camera, const CConstructiveBsp& world, RenderMode mode) {
   if (!surface_.IsValid()) return;
   spans_.ResetSpans(surface_.Width(), surface_.Height());
+  drawn_ = 0;
   const auto draw = [&](const CBspNode* node) {
     DrawNode(camera, node);
     return spans_.ScreenFull();
@@ -33,6 +34,7 @@ void CSolidRenderer::Render(const CCamera& camera, const CConstructiveBsp& world
 void CSolidRenderer::DrawNode(const CCamera& camera, const CBspNode* node) {
   for (; node != nullptr; node = node->chain) {
     if (node->nValid == 0) continue;
+    ++drawn_;
     const CProjectedPoly projected = camera.ProjectPolygon(node->polygon);
     if (projected.count >= 3) converter_.ScanConvert(projected, node->Face(), spans_);
   }

@@ -36,6 +36,9 @@ class CSolidRenderer {
   [[nodiscard]] const CSurface& Surface() const { return surface_; }
   [[nodiscard]] const CSpanBuffer& Spans() const { return spans_; }
 
+  /// How many polygons the last frame took up before the picture was full.
+  [[nodiscard]] std::int32_t DrawnPolygons() const { return drawn_; }
+
  private:
   void DrawNode(const CCamera& camera, const CBspNode* node);
   void FillSpans();
@@ -44,6 +47,7 @@ class CSolidRenderer {
   CSpanBuffer spans_;
   CScanConverter converter_;
   CWalkStack stack_;
+  std::int32_t drawn_ = 0;
 };
 
 }  // namespace zando
