@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "csg/bsp_node.h"
 #include "csg/node_arena.h"
@@ -61,6 +62,17 @@ void WalkBackFrontNode(CBspNode* root, Visitor&& visit);
 /// chain it draws) and returns whether to stop.
 template <typename Visitor>
 void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit);
+
+/// Where a walk has yet to go.
+struct WalkStep {
+  const CBspNode* node;
+  bool draw;
+};
+using CWalkStack = std::vector<WalkStep>;
+
+/// The same with a stack that the caller keeps from walk to walk.
+template <typename Visitor>
+void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack, Visitor&& visit);
 
 }  // namespace zando
 

@@ -26,18 +26,14 @@ void WalkBackFrontNode(CBspNode* root, Visitor&& visit) {
 }
 
 template <typename Visitor>
-void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit) {
-  struct Step {
-    const CBspNode* node;
-    bool draw;
-  };
-  std::vector<Step> stack;
+void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack, Visitor&& visit) {
+  stack.clear();
   const auto push = [&stack](const CBspNode* node) {
     if (node != nullptr) stack.push_back({node, false});
   };
   push(root);
   while (!stack.empty()) {
-    const Step step = stack.back();
+    const WalkStep step = stack.back();
     stack.pop_back();
     if (step.draw) {
       if (visit(step.node)) return;
@@ -52,6 +48,12 @@ void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit) {
       push(step.node->back);
     }
   }
+}
+
+template <typename Visitor>
+void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit) {
+  CWalkStack stack;
+  WalkFrontToBack(root, eye, stack, visit);
 }
 
 }  // namespace zando

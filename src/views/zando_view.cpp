@@ -14,6 +14,8 @@ constexpr double kLeastZoom = 0.001;
 constexpr double kZoomPerPixel = 0.001;
 constexpr double kTurnPerPixel = 6.0;
 
+constexpr std::uint32_t kColorSeed = 1;
+
 bool IsViewKind(CommandId id) {
   return id >= static_cast<CommandId>(ViewKind::Wireframe) &&
          id <= static_cast<CommandId>(ViewKind::Texture);
@@ -84,6 +86,11 @@ void CZANDOView::OnInitialUpdate() { SetFrameTitle(); }
 void CZANDOView::OnSize(std::int32_t width, std::int32_t height) {
   client_ = {width, height};
   camera_.SetViewport(0, 0, width, height);
+  if (!colors_) {
+    colors_ = document_.Textures.GetPalette().colors;
+    SeedColorTags(kColorSeed);
+  }
+  renderer_.SetViewport(camera_.Width(), camera_.Height(), *colors_);
 }
 
 bool CZANDOView::ErasesBackground() const {
@@ -99,8 +106,9 @@ void CZANDOView::OnDraw(CDC& dc) {
     DrawGrid(drawing, document_);
     DrawBrushes(drawing, document_);
   } else {
-    // The place of the world's polygons, which have no renderer yet.
-    dc.FillSolidRect(0, 0, client_.x, client_.y, Rgb(0, 0, 0));
+    const RenderMode mode = kind_ == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured;
+    renderer_.Render(camera_, document_.World, mode);
+    renderer_.Present(dc);
   }
   if (document_.ShowEntities != 0) DrawEntities(drawing, document_);
   if (document_.ShowBrush != 0) DrawCurrentBrush(drawing, document_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "document/editor_settings.h"
@@ -8,6 +9,7 @@
 #include "platform/draw_context.h"
 #include "views/camera.h"
 #include "views/child_view.h"
+#include "views/solid_renderer.h"
 
 namespace zando {
 
@@ -43,6 +45,8 @@ class CZANDOView : public CChildView {
 
   /// Sets the frame's title.
   void OnInitialUpdate() override;
+
+  /// The first call takes the level's palette for good and restarts the flat colours.
   void OnSize(std::int32_t width, std::int32_t height);
 
   /// Whether the window is to be erased to black before OnDraw paints; the solid and texture kinds
@@ -97,6 +101,8 @@ class CZANDOView : public CChildView {
   CDesktop& desktop_;
   CViewWindow* window_ = nullptr;
   CCamera camera_;
+  CSolidRenderer renderer_;
+  std::optional<ColorTable> colors_;  ///< the palette as the first sizing found it
   ViewKind kind_ = ViewKind::Solid;
   double zoom_ = 0.1;
   std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;

@@ -250,13 +250,13 @@ TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
   }
 }
 
-TEST_F(Wireframe, SolidKindsAreBlackUnderTheOverlays) {
+TEST_F(Wireframe, SolidKindsShowTheirPictureUnderTheOverlays) {
   AddTurnedTriangle();
   document.ShowBrush = 1;
   document.WorkingBrush.SetPolyCount(0);
   view.Camera().Position = {0.0, 0.0, -100.0};
   for (const ViewKind kind : {ViewKind::Solid, ViewKind::Texture}) {
-    EXPECT_EQ(Draw(kind, 1.0), (Lines{"fill 0,0 400x300 000000", "pen 0000FF 1", "pen 000000 1",
+    EXPECT_EQ(Draw(kind, 1.0), (Lines{"dib 0,0 400x300", "pen 0000FF 1", "pen 000000 1",
                                       "fill 198,148 4x4 FF0000"}));
   }
 }

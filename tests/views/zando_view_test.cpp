@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "platform/file_io.h"
+#include "support/recording_dc.h"
 #include "support/scripted_desktop.h"
 
 namespace zando {
@@ -279,6 +282,44 @@ TEST_F(View, AToolChangedOrAViewClosedInADragLeavesNoCursorHidden) {
   }
   EXPECT_EQ(desktop.CursorHidden, 0);
   EXPECT_EQ(document.Views().size(), 1U);
+}
+
+/// Keeps the second colour of the picture that it is shown.
+class CColorDC : public testing::CRecordingDC {
+ public:
+  CColorDC() : CRecordingDC(400, 300) {}
+  RgbQuad Second;
+  void StretchDIBits(ScreenPoint at, const IndexedPicture& picture) override {
+    Second = picture.colors[1];
+    CRecordingDC::StretchDIBits(at, picture);
+  }
+};
+
+TEST(ViewColours, AreTakenAndRestartedByTheFirstSizingOnly) {
+  const auto path = std::filesystem::temp_directory_path() / "zando_view_colours.lmp";
+  ASSERT_EQ(WriteFileAtomically(path, std::string(6, '\x11')), "");
+  SeedColorTags(1);
+  const std::uint32_t first = NextColorTag();
+  const std::uint32_t second = NextColorTag();
+  CZANDODoc document;
+  CEditorSettings settings;
+  CScriptedDesktop desktop;
+  ASSERT_TRUE(document.Textures.LoadPalette(path));
+  CZANDOView view(document, settings, desktop);
+  view.OnSize(0, 0);
+  EXPECT_EQ(NextColorTag(), first);
+  ASSERT_EQ(WriteFileAtomically(path, std::string(6, '\x22')), "");
+  ASSERT_TRUE(document.Textures.LoadPalette(path));
+  CColorDC dc;
+  view.OnDraw(dc);
+  EXPECT_EQ(dc.Count("dib"), 0);
+  EXPECT_EQ(dc.Count("fill"), 1);  // the origin handle of the current brush
+  view.OnSize(399, 300);
+  EXPECT_EQ(NextColorTag(), second);
+  view.OnDraw(dc);
+  EXPECT_EQ(dc.Count("dib 0,0 400x300"), 1);
+  EXPECT_EQ(dc.Second, (RgbQuad{0x11, 0x11, 0x11, 0}));
+  std::filesystem::remove(path);
 }
 
 }  // namespace

@@ -1,0 +1,134 @@
+#include "views/scan_converter.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "support/random_level.h"
+#include "views/span_testing.h"
+
+namespace zando {
+namespace {
+
+using testing::CRandom;
+using testing::TagsOf;
+using Points = std::vector<CProjectedPoly::Point>;
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+CProjectedPoly Polygon(const Points& points) {
+  CProjectedPoly polygon;
+  polygon.color = 1;
+  for (const auto& point : points) {
+    polygon.points[static_cast<std::size_t>(polygon.count++)] = point;
+  }
+  return polygon;
+}
+
+struct PictureCase {
+  const char* name;
+  Points points;
+  const char* picture;  ///< 8 x 4; null when nothing is drawn
+};
+
+TEST(ScanConverter, FillsThePixelsWhoseTopLeftCornerIsWithin) {
+  const PictureCase cases[] = {
+      {"on whole pixels, right and bottom edge outside",
+       {{1, 1, 1}, {4, 1, 1}, {4, 3, 1}, {1, 3, 1}},
+       "...../.###/.###"},
+      {"between pixels", {{0.1, 0.1, 1}, {2.1, 0.1, 1}, {2.1, 1.1, 1}, {0.1, 1.1, 1}}, "/.##"},
+      {"slopes", {{0, 0, 1}, {8, 0, 1}, {0, 4, 1}}, "########/######/####/##"},
+      {"cut by every side",
+       {{-5, -5, 1}, {5, -5, 1}, {15, 5, 1}, {5, 15, 1}, {-5, 5, 1}},
+       "########/########/########/########"},
+      {"the other way round", {{1, 1, 1}, {1, 3, 1}, {4, 3, 1}, {4, 1, 1}}, nullptr},
+      {"between two rows", {{0, 0.2, 1}, {7, 0.4, 1}, {3, 0.9, 1}}, nullptr},
+      {"between two columns", {{0.2, 0, 1}, {0.9, 2, 1}, {0.4, 3, 1}}, nullptr},
+      {"one y", {{0, 1, 1}, {7, 1, 1}, {3, 1, 1}}, nullptr},
+      {"one x", {{1, 0, 1}, {1, 3, 1}, {1, 2, 1}}, nullptr},
+      {"two points", {{0, 0, 1}, {7, 3, 1}}, nullptr},
+      {"left of it", {{-9, 0, 1}, {-0.5, 0, 1}, {-0.5, 4, 1}}, nullptr},
+      {"right of it", {{8, 0, 1}, {12, 0, 1}, {8, 4, 1}}, nullptr},
+      {"above it", {{0, -9, 1}, {8, -9, 1}, {0, -0.5, 1}}, nullptr},
+      {"below it", {{0, 4, 1}, {8, 4, 1}, {0, 9, 1}}, nullptr},
+      {"not a number", {{0, 0, 1}, {8, kNaN, 1}, {0, 4, 1}}, nullptr},
+      {"infinite", {{0, 0, 1}, {kInf, 0, 1}, {0, 4, 1}}, nullptr},
+  };
+  CScanConverter converter;
+  CSpanBuffer spans;
+  for (const auto& [name, points, picture] : cases) {
+    spans.ResetSpans(8, 4);
+    converter.ScanConvert(Polygon(points), nullptr, spans);
+    std::string expected = picture == nullptr ? "" : picture;
+    std::string rows;
+    const std::vector<std::uint32_t> tags = TagsOf(spans);
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+      if (i > 0 && i % 8 == 0) rows += '/';
+      rows += tags[i] != 0 ? '#' : '.';
+    }
+    std::string padded;
+    for (std::size_t row = 0, at = 0; row < 4; ++row) {
+      const std::size_t end = std::min(expected.find('/', at), expected.size());
+      padded +=
+          (row > 0 ? "/" : "") + expected.substr(at, end - at) + std::string(8 - (end - at), '.');
+      at = std::min(end + 1, expected.size());
+    }
+    EXPECT_EQ(rows, padded) << name;
+  }
+}
+
+/// The steps down an edge are cut off at 1/16384 pixel each, from the row where it begins.
+TEST(ScanConverter, AnEdgeStraysByNoMoreThanItsRowsDividedBy16384) {
+  constexpr std::int32_t kSize = 64;
+  CRandom random(9);
+  CScanConverter converter;
+  CSpanBuffer spans;
+  for (int round = 0; round < 3000; ++round) {
+    const double far = std::pow(10.0, random.Real(1.0, 6.0));
+    // From a point above through a point of the viewport to one below; the rest lies to the left.
+    const double x = random.Real(0.0, kSize);
+    const double y = random.Real(0.0, kSize);
+    const double dx = random.Real(-2.0, 2.0);
+    const CProjectedPoly::Point top{x - dx * far, y - far, 1.0};
+    const CProjectedPoly::Point bottom{x + dx * far, y + far, 1.0};
+    spans.ResetSpans(kSize, kSize);
+    converter.ScanConvert(Polygon({top, bottom, {-9e6, y + far, 1.0}, {-9e6, y - far, 1.0}}),
+                          nullptr, spans);
+    TagsOf(spans);
+    for (std::int32_t row = 0; row < kSize; ++row) {
+      if (row < top.y || row >= bottom.y) continue;
+      const double edge = std::ceil(std::clamp(x + dx * (row - y), 0.0, 1.0 * kSize));
+      ASSERT_NEAR(spans.Coverage(row), edge, 1.0 + (row - top.y) / 16384.0) << far << ' ' << dx;
+    }
+  }
+}
+
+TEST(ScanConverter, HostileCoordinatesStayWithinTheViewport) {
+  constexpr double kOdd[] = {0.0,   -0.0,   5e-324,  -5e-324,  1e-300, 0.5,   -0.5,  3.0,   7.999,
+                             8.0,   1e5,    -1e5,    2e9,      -2e9,   1e18,  -1e18, 1e100, -1e100,
+                             1e300, -1e300, 1.7e308, -1.7e308, kInf,   -kInf, kNaN};
+  CRandom random(3);
+  CScanConverter converter;
+  CSpanBuffer spans;
+  const auto odd = [&] {
+    return kOdd[static_cast<std::size_t>(
+        random.Between(0, static_cast<std::int32_t>(std::size(kOdd)) - 1))];
+  };
+  std::int64_t covered = 0;
+  for (int round = 0; round < 50'000; ++round) {
+    spans.ResetSpans(random.Between(1, 9), random.Between(1, 9));
+    Points points(static_cast<std::size_t>(random.Between(3, 6)));
+    for (auto& point : points) point = {odd(), odd(), 16.0};
+    converter.ScanConvert(Polygon(points), nullptr, spans);
+    for (const std::uint32_t tag : TagsOf(spans)) covered += tag;
+  }
+  EXPECT_GT(covered, 10'000);
+}
+
+}  // namespace
+}  // namespace zando

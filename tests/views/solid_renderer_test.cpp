@@ -1,0 +1,246 @@
+#include "views/solid_renderer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/csg_testing.h"
+#include "support/depth_buffer.h"
+#include "support/random_level.h"
+#include "support/recording_dc.h"
+#include "views/span_testing.h"
+
+namespace zando {
+namespace {
+
+using testing::Build;
+using testing::CDepthBuffer;
+using testing::CRandom;
+using testing::CRecordingDC;
+using testing::LevelOptions;
+using testing::TagsOf;
+
+/// Gives every polygon of the tree a tag of its own; returns them by tag.
+std::vector<const CBspNode*> NumberPolygons(const CConstructiveBsp& world) {
+  std::vector<const CBspNode*> polygons{nullptr};
+  WalkBackFrontNode(world.root, [&polygons](CBspNode* node) {
+    for (; node != nullptr; node = node->chain) {
+      node->polygon.tag = static_cast<std::uint32_t>(polygons.size());
+      polygons.push_back(node);
+    }
+  });
+  return polygons;
+}
+
+double DistanceToEdge(const std::vector<CDepthBuffer::Point>& outline, double x, double y) {
+  double nearest = 1e9;
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const auto& a = outline[i];
+    const auto& b = outline[(i + 1) % outline.size()];
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    const double square = dx * dx + dy * dy;
+    const double along = square > 0.0 ? ((x - a.x) * dx + (y - a.y) * dy) / square : 0.0;
+    const double t = std::clamp(along, 0.0, 1.0);
+    nearest = std::min(nearest, std::hypot(a.x + t * dx - x, a.y + t * dy - y));
+  }
+  return nearest;
+}
+
+void PlaceCamera(CCamera& camera, CRandom& random, bool inside) {
+  const auto coordinate = [&] {
+    return inside ? random.Real(0.0, 256.0) : random.Real(-300.0, 560.0);
+  };
+  camera.Position = {coordinate(), coordinate(), coordinate()};
+  camera.Yaw = random.Real(0.0, 8192.0);
+  camera.Pitch = random.Real(-2048.0, 2048.0);
+  camera.Roll = random.Percent(30) ? random.Real(0.0, 8192.0) : 0.0;
+  if (!inside) {
+    const Vector to = Vector{128.0, 128.0, 128.0} - camera.Position;
+    camera.Yaw = std::atan2(-to.x, to.z) * 8192.0 / 6.283185307179586;
+    camera.Pitch = std::atan2(to.y, std::hypot(to.x, to.z)) * 8192.0 / 6.283185307179586;
+  }
+  camera.BuildViewMatrix();
+}
+
+/// Faces of two brushes can fill the same place; either may show.
+bool AreInOnePlane(const CBspNode& a, const CBspNode& b) {
+  return std::all_of(a.polygon.Vertices().begin(), a.polygon.Vertices().end(),
+                     [&b](const Vector& v) { return ClassifyPoint(b.plane, v) == PointClass::On; });
+}
+
+struct LevelCase {
+  const char* name;
+  LevelOptions::Layout layout;
+  std::int32_t turned;
+  Build build;
+};
+
+class SolidRendererLevels : public ::testing::TestWithParam<LevelCase> {
+ protected:
+  /// Whether one of the polygons that the two renderers show at a pixel has an edge there.
+  static bool LiesOnEdge(const CDepthBuffer& depths, const CCamera& camera,
+                         const CBspNode* const (&shown)[2], double x, double y) {
+    return std::any_of(std::begin(shown), std::end(shown), [&](const CBspNode* node) {
+      return node != nullptr && DistanceToEdge(depths.Outline(camera, node->polygon), x, y) < 1.0;
+    });
+  }
+};
+
+TEST_P(SolidRendererLevels, ShowThePolygonsThatADepthBufferShows) {
+  LevelOptions options;
+  options.layout = GetParam().layout;
+  options.brushes = 30;
+  options.tapered = GetParam().turned / 2;
+  options.turned = GetParam().turned;
+  CSolidRenderer renderer;
+  std::int64_t drawn = 0;
+  std::int64_t differences = 0;
+  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+    CRandom random(seed);
+    const CBrushList brushes = RandomLevel(seed, options);
+    CConstructiveBsp world;
+    testing::BuildWorld(world, brushes, GetParam().build);
+    const std::vector<const CBspNode*> polygons = NumberPolygons(world);
+    CCamera camera;
+    camera.SetViewport(0, 0, random.Between(1, 320), random.Between(1, 200));
+    ASSERT_TRUE(renderer.SetViewport(camera.Width(), camera.Height(), ColorTable{}));
+    CDepthBuffer depths(camera.Width(), camera.Height());
+    for (int frame = 0; frame < 12; ++frame) {
+      PlaceCamera(camera, random, frame % 2 == 0);
+      renderer.Render(camera, world, RenderMode::Solid);
+      depths.Draw(camera, world);
+      const std::vector<std::uint32_t> tags = TagsOf(renderer.Spans());
+      for (std::size_t i = 0; i < tags.size(); ++i) {
+        ASSERT_EQ(renderer.Surface().Pixels()[i], tags[i] & 0xFFU);
+        drawn += tags[i] != 0 ? 1 : 0;
+        if (tags[i] == depths.Tags()[i]) continue;
+        const CBspNode* const shown[] = {polygons[tags[i]], polygons[depths.Tags()[i]]};
+        if (shown[0] != nullptr && shown[1] != nullptr && AreInOnePlane(*shown[0], *shown[1])) {
+          continue;
+        }
+        ++differences;
+        const auto pixel = static_cast<std::int32_t>(i);
+        const std::int32_t x = pixel % camera.Width();
+        const std::int32_t y = pixel / camera.Width();
+        EXPECT_TRUE(LiesOnEdge(depths, camera, shown, x, y))
+            << "seed " << seed << ", frame " << frame << ", pixel " << x << ',' << y;
+      }
+    }
+  }
+  EXPECT_GT(drawn, 200'000);
+  EXPECT_LE(differences * 1000, drawn);
+  RecordProperty("drawn", std::to_string(drawn));
+  RecordProperty("differences", std::to_string(differences));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , SolidRendererLevels,
+    ::testing::Values(LevelCase{"General", LevelOptions::Layout::General, 0, Build::Optimal},
+                      LevelCase{"Turned", LevelOptions::Layout::General, 60, Build::Optimal},
+                      LevelCase{"TurnedQuick", LevelOptions::Layout::General, 60, Build::Quick},
+                      LevelCase{"Grid", LevelOptions::Layout::CoarseGrid, 0, Build::Optimal},
+                      LevelCase{"GridQuick", LevelOptions::Layout::CoarseGrid, 0, Build::Quick}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+/// A square that faces the camera of a new view, `size` to each side of (x, y), at depth z.
+CBspNode* Square(CConstructiveBsp& tree, double x, double y, double z, double size,
+                 std::uint32_t tag) {
+  CZandoPoly polygon;
+  for (const auto& [dx, dy] : {std::pair{-1, -1}, {-1, 1}, {1, 1}, {1, -1}}) {
+    polygon.Append({x + dx * size, y + dy * size, z});
+  }
+  CBspNode* node = tree.NewNode();
+  node->TakePolygon(polygon);
+  node->polygon.tag = tag;
+  return node;
+}
+
+class SolidRenderer : public ::testing::Test {
+ protected:
+  void SetSize(std::int32_t width, std::int32_t height) {
+    camera.SetViewport(0, 0, width, height);
+    camera.Position = {0.0, 0.0, 0.0};
+    camera.BuildViewMatrix();
+    renderer.SetViewport(camera.Width(), camera.Height(), ColorTable{});
+  }
+
+  /// The picture, a digit a pixel.
+  std::string Draw(RenderMode mode = RenderMode::Solid) {
+    renderer.Render(camera, world, mode);
+    std::string text;
+    const auto pixels = renderer.Surface().Pixels();
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+      text += static_cast<char>('0' + pixels[i]);
+      if ((i + 1) % static_cast<std::size_t>(camera.Width()) == 0) text += '\n';
+    }
+    return text;
+  }
+
+  CConstructiveBsp world;
+  CCamera camera;
+  CSolidRenderer renderer;
+};
+
+TEST_F(SolidRenderer, WhatIsNearerOrEarlierInAChainKeepsSharedPixels) {
+  SetSize(12, 6);
+  // At depth 96 a pixel is 16 units.
+  world.root = Square(world, 0.0, 0.0, 96.0, 32.0, 1);
+  world.root->back = Square(world, 32.0, 0.0, 192.0, 96.0, 2);
+  world.root->chain = Square(world, -32.0, 0.0, 96.0, 32.0, 3);
+  world.root->chain->chain = Square(world, 0.0, 0.0, 96.0, 96.0, 4);
+  world.root->chain->chain->nValid = 0;
+  EXPECT_EQ(Draw(),
+            "000022222200\n"
+            "003311112200\n"
+            "003311112200\n"
+            "003311112200\n"
+            "003311112200\n"
+            "000022222200\n");
+  const std::size_t spans = renderer.Spans().Spans().size();
+  EXPECT_EQ(Draw(RenderMode::Textured).find_first_not_of("0\n"), std::string::npos);
+  EXPECT_EQ(renderer.Spans().Spans().size(), spans);
+
+  camera.Position.z = 300.0;  // behind all of them
+  camera.Yaw = 4096.0;
+  camera.BuildViewMatrix();
+  EXPECT_EQ(Draw().find_first_not_of("0\n"), std::string::npos);
+  EXPECT_EQ(renderer.DrawnPolygons(), 0);
+}
+
+TEST_F(SolidRenderer, AFullPictureEndsTheWalkWhateverItsSize) {
+  world.root = Square(world, 0.0, 0.0, 20.0, 1e6, 7);
+  world.root->back = Square(world, 0.0, 0.0, 30.0, 10.0, 8);
+  for (const auto& [width, height] :
+       {std::pair{8, 8}, {1, 1}, {5, 3}, {8192, 1}, {8192, 40}, {4, 5000}, {1023, 600}}) {
+    SetSize(width, height);
+    const std::string picture = Draw();
+    EXPECT_EQ(picture.find_first_not_of("7\n"), std::string::npos) << width << 'x' << height;
+    EXPECT_TRUE(renderer.Spans().ScreenFull());
+    EXPECT_EQ(renderer.DrawnPolygons(), 1);
+    EXPECT_EQ(renderer.Spans().Spans().size(), static_cast<std::size_t>(height));
+    CRecordingDC dc(width, height);
+    EXPECT_TRUE(renderer.Present(dc));
+    EXPECT_EQ(dc.Lines, std::vector<std::string>{"dib 0,0 " + std::to_string((width + 3) / 4 * 4) +
+                                                 'x' + std::to_string(height)});
+  }
+}
+
+TEST_F(SolidRenderer, WithoutAPictureNothingIsDrawnOrPresented) {
+  world.root = Square(world, 0.0, 0.0, 20.0, 1e6, 7);
+  SetSize(8, 8);
+  for (const auto& [width, height] : {std::pair{0, 0}, {0, 8}, {8, 0}}) {
+    SetSize(width, height);
+    EXPECT_EQ(Draw(), "");
+    CRecordingDC dc(8, 8);
+    EXPECT_FALSE(renderer.Present(dc));
+    EXPECT_TRUE(dc.Lines.empty());
+  }
+}
+
+}  // namespace
+}  // namespace zando
