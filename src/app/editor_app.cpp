@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "app/app_text.h"
 #include "app/frame_commands.h"
 
 namespace zando {
@@ -24,11 +25,13 @@ std::string GridText(const CZANDODoc& document) {
          (document.UseGrid != 0 ? " Snap On" : " Snap Off");
 }
 
-/// The editing views of a document, in order; a copy, because windows come and go meanwhile.
-std::vector<CZANDOView*> EditingViews(const CZANDODoc& document) {
-  std::vector<CZANDOView*> views;
+/// The views of a document that are of this class, in order; a copy, because windows come and go
+/// meanwhile.
+template <typename View>
+std::vector<View*> ViewsOf(const CZANDODoc& document) {
+  std::vector<View*> views;
   for (CView* view : document.Views()) {
-    if (auto* editing = dynamic_cast<CZANDOView*>(view)) views.push_back(editing);
+    if (auto* wanted = dynamic_cast<View*>(view)) views.push_back(wanted);
   }
   return views;
 }
@@ -56,7 +59,7 @@ bool CEditorApp::Start(const std::filesystem::path& file) {
 
 std::vector<CCmdTarget*> CEditorApp::Targets() {
   std::vector<CCmdTarget*> targets;
-  if (CZANDOView* view = window_.ActiveView()) {
+  if (CChildView* view = window_.ActiveView()) {
     targets.push_back(view);
     // A document that is being closed takes no more commands.
     const auto level = levels_.find(&view->Document());
@@ -89,7 +92,7 @@ CCmdUI CEditorApp::Query(CommandId id) {
 }
 
 CZANDODoc* CEditorApp::ActiveDocument() const {
-  CZANDOView* view = window_.ActiveView();
+  const CChildView* view = window_.ActiveView();
   return view == nullptr ? nullptr : &view->Document();
 }
 
@@ -101,21 +104,37 @@ CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStam
   level.stamp = stamp;
   adopted.Frame = this;
   adopted.RefreshColors();
+  LoadTextures(adopted);
   OpenView(adopted);
   OnActiveViewChanged();
   return adopted;
+}
+
+void CEditorApp::LoadTextures(CZANDODoc& document) {
+  document.Textures.Create(settings_.PalettePath, settings_.WadPath);
+  const std::vector<std::string>& complaints = document.Textures.Complaints();
+  if (complaints.empty()) return;
+  desktop_.SetStatusText(FileNameText(settings_.WadPath) + ": " + complaints.front() +
+                         (complaints.size() > 1 ? "; and more" : ""));
 }
 
 void CEditorApp::OpenView(CZANDODoc& document) {
   window_.OpenChild(std::make_unique<CZANDOView>(document, settings_, desktop_));
 }
 
+void CEditorApp::OpenTextureBrowser(CZANDODoc& document) {
+  window_.OpenChild(std::make_unique<CTextureView>(document, desktop_));
+  if (document.Textures.TextureCount() > 0) return;
+  desktop_.SetStatusText("There are no textures: " + PathText(settings_.WadPath) +
+                         " holds none that can be shown, or was not there for this level");
+}
+
 void CEditorApp::OpenFourViews(CZANDODoc& document) {
   constexpr std::array kinds{ViewKind::Side, ViewKind::Top, ViewKind::Front, ViewKind::Solid};
-  for (CZANDOView* view : EditingViews(document)) window_.Minimize(*view);
+  for (CChildView* view : ViewsOf<CChildView>(document)) window_.Minimize(*view);
   for (std::size_t i = 0; i < kinds.size(); ++i) OpenView(document);
   auto kind = kinds.begin();
-  for (CZANDOView* view : EditingViews(document)) {
+  for (CZANDOView* view : ViewsOf<CZANDOView>(document)) {
     if (kind == kinds.end()) break;
     if (!window_.IsMinimized(*view)) view->SetKind(*kind++);
   }
@@ -124,11 +143,13 @@ void CEditorApp::OpenFourViews(CZANDODoc& document) {
 
 void CEditorApp::Activate(CZANDODoc& document) {
   if (ActiveDocument() == &document) return;
-  const auto views = EditingViews(document);
+  const auto editing = ViewsOf<CZANDOView>(document);
+  if (!editing.empty()) return window_.Activate(*editing.front());
+  const auto views = ViewsOf<CChildView>(document);
   if (!views.empty()) window_.Activate(*views.front());
 }
 
-bool CEditorApp::MayClose(CZANDOView& view) {
+bool CEditorApp::MayClose(CChildView& view) {
   return view.Document().Views().size() > 1 || AskSaveChanges(view.Document());
 }
 
@@ -156,7 +177,7 @@ std::unique_ptr<CZANDODoc> CEditorApp::Release(const CZANDODoc& document) {
 }
 
 void CEditorApp::CloseViews(CZANDODoc& document) {
-  for (CZANDOView* view : EditingViews(document)) window_.CloseChild(*view);
+  for (CChildView* view : ViewsOf<CChildView>(document)) window_.CloseChild(*view);
 }
 
 void CEditorApp::OnViewClosed(CZANDODoc& document) {

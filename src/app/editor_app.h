@@ -63,7 +63,7 @@ class CEditorApp : public CFrameDisplay {
 
   /// Whether the view's window may be closed: asks for unsaved changes when it is the last one of
   /// its document, and saves when the user wants that.
-  [[nodiscard]] bool MayClose(CZANDOView& view);
+  [[nodiscard]] bool MayClose(CChildView& view);
 
   /// The same for all documents, before the program ends.
   [[nodiscard]] bool MayExit();
@@ -103,7 +103,9 @@ class CEditorApp : public CFrameDisplay {
 
   CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);
   void Activate(CZANDODoc& document);
+  void LoadTextures(CZANDODoc& document);
   void OpenView(CZANDODoc& document);
+  void OpenTextureBrowser(CZANDODoc& document);
   void OpenFourViews(CZANDODoc& document);
 
   void NewDocument();

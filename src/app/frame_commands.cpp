@@ -30,6 +30,9 @@ bool CEditorApp::CFrameCommands::OnCommand(CommandId id) {
     case ID_FOUR_VIEWS:
       if (document != nullptr) app_.OpenFourViews(*document);
       return true;
+    case ID_TEXTURE_BROWSER:
+      if (document != nullptr) app_.OpenTextureBrowser(*document);
+      return true;
     case ID_WINDOW_NEW:
       if (document != nullptr) app_.OpenView(*document);
       return true;
@@ -56,6 +59,7 @@ bool CEditorApp::CFrameCommands::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
       ui.SetCheck(app_.window_.IsStatusBarVisible());
       return true;
     case ID_FOUR_VIEWS:
+    case ID_TEXTURE_BROWSER:
     case ID_WINDOW_NEW:
     case ID_WINDOW_CASCADE:
     case ID_WINDOW_TILE:

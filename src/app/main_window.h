@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "views/texture_view.h"
 #include "views/zando_view.h"
 
 namespace zando {
@@ -29,16 +30,17 @@ class CMainWindow {
 
   /// Opens a child frame with the view, active, and gives the view its window and first update.
   virtual void OpenChild(std::unique_ptr<CZANDOView> view) = 0;
+  virtual void OpenChild(std::unique_ptr<CTextureView> view) = 0;
 
   /// Closes the child frame of a view without asking; the view is destroyed.
-  virtual void CloseChild(CZANDOView& view) = 0;
+  virtual void CloseChild(CChildView& view) = 0;
 
   /// The view that commands go to, or null when no child frame is open.
-  [[nodiscard]] virtual CZANDOView* ActiveView() const = 0;
-  virtual void Activate(CZANDOView& view) = 0;
+  [[nodiscard]] virtual CChildView* ActiveView() const = 0;
+  virtual void Activate(CChildView& view) = 0;
 
-  virtual void Minimize(CZANDOView& view) = 0;
-  [[nodiscard]] virtual bool IsMinimized(const CZANDOView& view) const = 0;
+  virtual void Minimize(CChildView& view) = 0;
+  [[nodiscard]] virtual bool IsMinimized(const CChildView& view) const = 0;
   virtual void TileHorizontally() = 0;
   virtual void Tile() = 0;
   virtual void Cascade() = 0;

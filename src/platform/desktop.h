@@ -63,20 +63,24 @@ class CDesktop {
   [[nodiscard]] virtual bool IsShiftDown() const = 0;
 };
 
-/// The window of one view as the view sees it.
-class CViewWindow {
+/// The window of one view as the view sees it, whatever kind of view that is.
+class CChildWindow {
  public:
-  CViewWindow() = default;
-  CViewWindow(const CViewWindow&) = delete;
-  CViewWindow& operator=(const CViewWindow&) = delete;
-  virtual ~CViewWindow() = default;
+  CChildWindow() = default;
+  CChildWindow(const CChildWindow&) = delete;
+  CChildWindow& operator=(const CChildWindow&) = delete;
+  virtual ~CChildWindow() = default;
 
   /// Paints soon, or before the call returns.
   virtual void Invalidate() = 0;
   virtual void RedrawNow() = 0;
 
   virtual void SetFrameTitle(std::string_view title) = 0;
+};
 
+/// The window of a view whose picture is as large as the window.
+class CViewWindow : public CChildWindow {
+ public:
   /// Shows an inverted frame, 2 pixels thick, over the picture, in place of the one before.
   virtual void DrawDragRect(const ScreenRect& rect) = 0;
   virtual void EraseDragRect() = 0;
@@ -84,6 +88,16 @@ class CViewWindow {
   virtual void SetCapture() = 0;
   virtual void ReleaseCapture() = 0;
   [[nodiscard]] virtual bool HasCapture() const = 0;
+};
+
+/// The window of a view that shows a part of a larger picture and scrolls over the rest.
+class CScrollWindow : public CChildWindow {
+ public:
+  /// The size of the whole picture, in pixels.
+  virtual void SetScrollSizes(std::int32_t width, std::int32_t height) = 0;
+
+  /// Scrolls no further than it takes to show this part of the picture.
+  virtual void ScrollTo(const ScreenRect& part) = 0;
 };
 
 /// Buttons and keys held during a mouse message.

@@ -74,7 +74,7 @@ class EditorApp : public ::testing::Test {
 
 TEST_F(EditorApp, ASavedLevelComesBackAsItWas) {
   ASSERT_TRUE(app->Start({}));
-  EXPECT_EQ(window.ActiveView()->Kind(), ViewKind::Solid);
+  EXPECT_EQ(window.Editing(0).Kind(), ViewKind::Solid);
   EXPECT_FALSE(Active().IsModified());
   desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
   app->Run(ID_CUBE);
@@ -190,7 +190,7 @@ TEST_F(EditorApp, AFileThatCannotBeReadLeavesOpenLevelsAloneAndSaysWhy) {
 TEST_F(EditorApp, OpeningAnOpenFileActivatesItsWindow) {
   const fs::path path = Sample("a.3dz");
   ASSERT_TRUE(app->Start(path));
-  CZANDOView* view = window.ActiveView();
+  CChildView* view = window.ActiveView();
   app->Run(ID_FILE_NEW);
   window.Minimize(*view);
   fs::create_symlink(path, folder / "link.3dz");
@@ -259,14 +259,13 @@ TEST_F(EditorApp, WhatAnotherProgramWroteIsNotOverwrittenUnasked) {
 TEST_F(EditorApp, FourViewsMinimizeTheOldOnesAndTileTheNew) {
   ASSERT_TRUE(app->Start({}));
   app->Run(ID_WINDOW_NEW);
-  CZANDOView* second = window.ActiveView();
-  second->SetKind(ViewKind::Wireframe);
+  window.Editing(1).SetKind(ViewKind::Wireframe);
   app->Run(ID_FOUR_VIEWS);
   ASSERT_EQ(window.Children.size(), 6U);
   const std::vector<ViewKind> kinds{ViewKind::Solid, ViewKind::Wireframe, ViewKind::Side,
                                     ViewKind::Top,   ViewKind::Front,     ViewKind::Solid};
   for (std::size_t i = 0; i < kinds.size(); ++i) {
-    EXPECT_EQ(window.Children[i].view->Kind(), kinds[i]) << i;
+    EXPECT_EQ(window.Editing(i).Kind(), kinds[i]) << i;
     EXPECT_EQ(window.Children[i].minimized, i < 2) << i;
     EXPECT_EQ(window.Children[i].window->Titles.back(), CZANDOView::FrameTitle(kinds[i]));
   }
@@ -322,12 +321,11 @@ TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
 }
 
 TEST_F(EditorApp, CommandsGoToTheFirstThatKnowsThemAndOthersDoNothing) {
-  const std::vector<CommandId> needLevel{ID_FILE_CLOSE, ID_FILE_SAVE,  ID_FILE_SAVE_AS,
-                                         ID_FOUR_VIEWS, ID_WINDOW_NEW, ID_WINDOW_TILE,
-                                         ID_CUBE,       ID_AXIS_X,     ID_ADD_TO_WORLD};
-  const std::vector<CommandId> later{
-      ID_EDIT_CUT,        ID_TEXTURE_BROWSER, ID_TEXTURES,  ID_SPHEROID,
-      ID_HIDE_NON_LIGHTS, ID_MAP_SETTINGS,    ID_EDIT_UNDO, 12345};
+  const std::vector<CommandId> needLevel{
+      ID_FILE_CLOSE, ID_FILE_SAVE,   ID_FILE_SAVE_AS, ID_FOUR_VIEWS, ID_TEXTURE_BROWSER,
+      ID_WINDOW_NEW, ID_WINDOW_TILE, ID_CUBE,         ID_AXIS_X,     ID_ADD_TO_WORLD};
+  const std::vector<CommandId> later{ID_EDIT_CUT,     ID_TEXTURES,  ID_SPHEROID, ID_HIDE_NON_LIGHTS,
+                                     ID_MAP_SETTINGS, ID_EDIT_UNDO, 12345};
   for (const bool open : {false, true}) {
     ASSERT_TRUE(!open || app->Start({}));
     for (const CommandId id : needLevel) EXPECT_EQ(Check(id) != "disabled", open) << id;

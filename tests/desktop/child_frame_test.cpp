@@ -75,7 +75,7 @@ TEST_F(EditorTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
   for (std::size_t i = 0; i < kinds.size(); ++i) {
     const CChildFrame& frame = *frames[i + 2];
     EXPECT_FALSE(frame.isMinimized());
-    EXPECT_EQ(frame.View()->Kind(), kinds[i]);
+    EXPECT_EQ(dynamic_cast<CZANDOView&>(*frame.View()).Kind(), kinds[i]);
     EXPECT_EQ(frame.x() > area.width() / 4, i % 2 == 1);
     EXPECT_EQ(frame.y() > area.height() / 4, i >= 2);
     EXPECT_NEAR(frame.width(), area.width() / 2, 1);

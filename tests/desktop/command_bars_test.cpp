@@ -184,7 +184,7 @@ TEST_F(EditorTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   field.setFocus();
   QTest::keyClicks(&field, QStringLiteral("xg"));
   EXPECT_EQ(field.text(), QStringLiteral("xg"));
-  EXPECT_EQ(window_.ActiveView()->AxisFlags(), kAxisX | kAxisY | kAxisZ);
+  EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisX | kAxisY | kAxisZ);
   EXPECT_EQ(Document().GroupMovementMode, 0);
 
   QDialog dialog(&window_);
@@ -193,12 +193,12 @@ TEST_F(EditorTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
     shown.accept();
   });
   dialog.exec();
-  EXPECT_EQ(window_.ActiveView()->AxisFlags(), kAxisX | kAxisY | kAxisZ);
+  EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisX | kAxisY | kAxisZ);
 
   QApplication::setActiveWindow(&window_);
   ActiveWidget().setFocus();
   QTest::keyClick(&ActiveWidget(), Qt::Key_X);
-  EXPECT_EQ(window_.ActiveView()->AxisFlags(), kAxisY | kAxisZ);
+  EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisY | kAxisZ);
   EXPECT_EQ(app_.Settings().ActiveAxisMask, kAxisY | kAxisZ);
   QTest::keyClick(&ActiveWidget(), Qt::Key_G);
   EXPECT_EQ(Document().GroupMovementMode, 1);

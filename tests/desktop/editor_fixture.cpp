@@ -79,6 +79,10 @@ std::vector<CChildFrame*> EditorTest::Frames() const {
   return frames;
 }
 
+CZANDOView& EditorTest::ActiveEditingView() const {
+  return dynamic_cast<CZANDOView&>(*window_.ActiveView());
+}
+
 CViewWidget& EditorTest::ActiveWidget() const {
   for (const CChildFrame* frame : Frames()) {
     if (frame->View() == window_.ActiveView()) return dynamic_cast<CViewWidget&>(*frame->widget());

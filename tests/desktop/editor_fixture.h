@@ -56,6 +56,7 @@ class EditorTest : public ::testing::Test {
 
   [[nodiscard]] CZANDODoc& Document() const { return *app_.Documents().back(); }
   [[nodiscard]] std::vector<CChildFrame*> Frames() const;
+  [[nodiscard]] CZANDOView& ActiveEditingView() const;
   [[nodiscard]] CViewWidget& ActiveWidget() const;
   [[nodiscard]] std::filesystem::path FileIn(const char* name) const;
 

@@ -40,7 +40,7 @@ TEST_F(EditorTest, DraggingInATopViewPansItsCamera) {
   app_.Start({});
   Choose(static_cast<CommandId>(ViewKind::Top));
   CViewWidget& widget = ActiveWidget();
-  const Vector before = window_.ActiveView()->Camera().Position;
+  const Vector before = ActiveEditingView().Camera().Position;
   Mouse mouse(widget);
   mouse.Press({100, 100}, Qt::LeftButton);
   EXPECT_TRUE(widget.HasCapture());
@@ -50,7 +50,7 @@ TEST_F(EditorTest, DraggingInATopViewPansItsCamera) {
   mouse.Release(Qt::LeftButton);
   EXPECT_FALSE(widget.HasCapture());
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Vector after = window_.ActiveView()->Camera().Position;
+  const Vector after = ActiveEditingView().Camera().Position;
   EXPECT_EQ(after.x, before.x + 30.0);
   EXPECT_EQ(after.y, before.y);
   EXPECT_EQ(after.z, before.z - 8.0);
@@ -66,9 +66,9 @@ TEST_F(EditorTest, LosingTheFocusEndsADragAndBringsTheCursorBack) {
   QApplication::sendEvent(&widget, &lost);
   EXPECT_FALSE(widget.HasCapture());
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Vector before = window_.ActiveView()->Camera().Position;
+  const Vector before = ActiveEditingView().Camera().Position;
   mouse.MoveBy({10, 4});
-  EXPECT_EQ(window_.ActiveView()->Camera().Position.x, before.x);
+  EXPECT_EQ(ActiveEditingView().Camera().Position.x, before.x);
 
   // A window that closes in the middle of a drag must not take the cursor with it.
   mouse.Release(Qt::LeftButton);
@@ -92,7 +92,7 @@ TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {
   EXPECT_NE(grab(), top);
   Choose(static_cast<CommandId>(ViewKind::Top));
   EXPECT_EQ(grab(), top);
-  window_.ActiveView()->SetZoom(0.2);
+  ActiveEditingView().SetZoom(0.2);
   EXPECT_NE(grab(), top);
 }
 

@@ -19,8 +19,8 @@ namespace zando::testing {
 class CFakeMainWindow : public CMainWindow {
  public:
   struct Child {
-    std::unique_ptr<CZANDOView> view;
-    std::unique_ptr<CFakeViewWindow> window = std::make_unique<CFakeViewWindow>();
+    std::unique_ptr<CFakeViewWindow> window;  ///< outlives the view
+    std::unique_ptr<CChildView> view;
     bool minimized = false;
   };
 
@@ -35,20 +35,21 @@ class CFakeMainWindow : public CMainWindow {
   int Abouts = 0;
   int Closes = 0;
 
+  /// The view of a child frame that holds an editing view.
+  CZANDOView& Editing(std::size_t index) {
+    return dynamic_cast<CZANDOView&>(*Children.at(index).view);
+  }
+
   /// Does what the close button of a child frame does.
-  bool UserCloses(CZANDOView& view) {
+  bool UserCloses(CChildView& view) {
     if (!App->MayClose(view)) return false;
     CloseChild(view);
     return true;
   }
 
-  void OpenChild(std::unique_ptr<CZANDOView> view) override {
-    Child& child = Children.emplace_back(Child{std::move(view)});
-    child.view->SetWindow(child.window.get());
-    child.view->OnInitialUpdate();
-    SetActive(child.view.get());
-  }
-  void CloseChild(CZANDOView& view) override {
+  void OpenChild(std::unique_ptr<CZANDOView> view) override { Open(std::move(view)); }
+  void OpenChild(std::unique_ptr<CTextureView> view) override { Open(std::move(view)); }
+  void CloseChild(CChildView& view) override {
     CZANDODoc& document = view.Document();
     if (active_ == &view) active_ = nullptr;
     const auto closed = Find(view);
@@ -57,13 +58,13 @@ class CFakeMainWindow : public CMainWindow {
     App->OnViewClosed(document);
     if (active_ == nullptr && !Children.empty()) SetActive(Children.back().view.get());
   }
-  CZANDOView* ActiveView() const override { return active_; }
-  void Activate(CZANDOView& view) override {
+  CChildView* ActiveView() const override { return active_; }
+  void Activate(CChildView& view) override {
     Find(view)->minimized = false;
     SetActive(&view);
   }
-  void Minimize(CZANDOView& view) override { Find(view)->minimized = true; }
-  bool IsMinimized(const CZANDOView& view) const override {
+  void Minimize(CChildView& view) override { Find(view)->minimized = true; }
+  bool IsMinimized(const CChildView& view) const override {
     return std::any_of(Children.begin(), Children.end(), [&](const Child& child) {
       return child.view.get() == &view && child.minimized;
     });
@@ -89,18 +90,27 @@ class CFakeMainWindow : public CMainWindow {
   void Close() override { ++Closes; }
 
  private:
-  std::vector<Child>::iterator Find(const CZANDOView& view) {
+  template <typename View>
+  void Open(std::unique_ptr<View> view) {
+    auto window = std::make_unique<CFakeViewWindow>();
+    view->SetWindow(window.get());
+    view->OnInitialUpdate();
+    CChildView* opened = view.get();
+    Children.push_back({std::move(window), std::move(view)});
+    SetActive(opened);
+  }
+  std::vector<Child>::iterator Find(const CChildView& view) {
     return std::find_if(Children.begin(), Children.end(),
                         [&](const Child& child) { return child.view.get() == &view; });
   }
-  void SetActive(CZANDOView* view) {
-    if (active_ != nullptr) active_->OnActivate(CZANDOView::Activation::Deactivated);
+  void SetActive(CChildView* view) {
+    if (active_ != nullptr) active_->OnActivate(CChildView::Activation::Deactivated);
     active_ = view;
-    active_->OnActivate(CZANDOView::Activation::Activated);
+    active_->OnActivate(CChildView::Activation::Activated);
     App->OnActiveViewChanged();
   }
 
-  CZANDOView* active_ = nullptr;
+  CChildView* active_ = nullptr;
   bool toolbars_ = true;
   bool statusBar_ = true;
 };

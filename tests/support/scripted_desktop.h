@@ -49,20 +49,26 @@ class CScriptedDesktop : public CDesktop {
   bool IsShiftDown() const override { return ShiftDown; }
 };
 
-/// A view's window that counts what it is asked for.
-class CFakeViewWindow : public CViewWindow {
+/// The window of a view of either kind that counts what it is asked for.
+class CFakeViewWindow : public CViewWindow, public CScrollWindow {
  public:
   int Invalidations = 0;
   int Redraws = 0;
   bool Captured = false;
   std::vector<std::string> Titles;
   std::optional<ScreenRect> DragRect;  ///< the frame shown now
+  ScreenPoint ScrollSizes{-1, -1};
+  std::vector<ScreenRect> ScrolledTo;
 
   void Invalidate() override { ++Invalidations; }
   void RedrawNow() override { ++Redraws; }
   void SetFrameTitle(std::string_view title) override { Titles.emplace_back(title); }
   void DrawDragRect(const ScreenRect& rect) override { DragRect = rect; }
   void EraseDragRect() override { DragRect.reset(); }
+  void SetScrollSizes(std::int32_t width, std::int32_t height) override {
+    ScrollSizes = {width, height};
+  }
+  void ScrollTo(const ScreenRect& part) override { ScrolledTo.push_back(part); }
   void SetCapture() override { Captured = true; }
   void ReleaseCapture() override { Captured = false; }
   bool HasCapture() const override { return Captured; }

@@ -5,20 +5,30 @@
 
 #include "platform/qt/main_window.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/texture_widget.h"
 #include "platform/qt/view_widget.h"
 
 namespace zando {
 
-CChildFrame::CChildFrame(CQtMainWindow& main, std::unique_ptr<CZANDOView> view)
-    : main_(main),
-      view_(std::move(view)),
-      widget_(new CViewWidget(*view_, [this](std::string_view title) { SetTitle(title); })) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setWidget(widget_);
-  setFocusProxy(widget_);
+CChildFrame::CChildFrame(CQtMainWindow& main, std::unique_ptr<CZANDOView> view) : main_(main) {
+  Hold<CViewWidget>(std::move(view));
 }
 
-CChildFrame::~CChildFrame() { widget_->Detach(); }
+CChildFrame::CChildFrame(CQtMainWindow& main, std::unique_ptr<CTextureView> view) : main_(main) {
+  Hold<CTextureWidget>(std::move(view));
+}
+
+template <typename Widget, typename Held>
+void CChildFrame::Hold(std::unique_ptr<Held> view) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* widget = new Widget(*view, [this](std::string_view title) { SetTitle(title); });
+  detachWidget_ = [widget] { widget->Detach(); };
+  setWidget(widget);
+  setFocusProxy(widget);
+  view_ = std::move(view);
+}
+
+CChildFrame::~CChildFrame() { detachWidget_(); }
 
 void CChildFrame::SetTitle(std::string_view title) {
   if (!title.starts_with('-')) return;
@@ -53,7 +63,7 @@ void CChildFrame::CloseNow() {
 void CChildFrame::DestroyView() {
   if (view_ == nullptr) return;
   CZANDODoc& document = view_->Document();
-  widget_->Detach();
+  detachWidget_();
   main_.Forget(*this);
   view_.reset();
   main_.OnViewGone(document);

@@ -161,7 +161,7 @@ void CQtMainWindow::RefreshCommands() {
 void CQtMainWindow::UpdateTitle() {
   QString title = QLatin1String(kTitle);
   bool modified = false;
-  if (const CZANDOView* view = ActiveView()) {
+  if (const CChildView* view = ActiveView()) {
     const CZANDODoc& document = view->Document();
     const QString name = PathToQt(document.GetPathName().filename());
     title += QLatin1String(" - ") + (name.isEmpty() ? TextToQt(app_->NameOf(document)) : name);
@@ -228,7 +228,14 @@ void CQtMainWindow::ShowAbout() { ShowAboutDialog(this); }
 // ---- child frames
 
 void CQtMainWindow::OpenChild(std::unique_ptr<CZANDOView> view) {
-  auto* frame = new CChildFrame(*this, std::move(view));
+  OpenFrame(new CChildFrame(*this, std::move(view)));
+}
+
+void CQtMainWindow::OpenChild(std::unique_ptr<CTextureView> view) {
+  OpenFrame(new CChildFrame(*this, std::move(view)));
+}
+
+void CQtMainWindow::OpenFrame(CChildFrame* frame) {
   frames_.push_back(frame);
   area_->addSubWindow(frame);
   frame->resize(size() * 3 / 5);
@@ -239,15 +246,15 @@ void CQtMainWindow::OpenChild(std::unique_ptr<CZANDOView> view) {
   SetActiveFrame(frame);
 }
 
-void CQtMainWindow::CloseChild(CZANDOView& view) {
+void CQtMainWindow::CloseChild(CChildView& view) {
   if (CChildFrame* frame = FrameOf(view)) frame->CloseNow();
 }
 
-CZANDOView* CQtMainWindow::ActiveView() const {
+CChildView* CQtMainWindow::ActiveView() const {
   return activeFrame_ == nullptr ? nullptr : activeFrame_->View();
 }
 
-void CQtMainWindow::Activate(CZANDOView& view) {
+void CQtMainWindow::Activate(CChildView& view) {
   CChildFrame* frame = FrameOf(view);
   if (frame == nullptr) return;
   if (frame->isMinimized()) frame->showNormal();
@@ -259,13 +266,13 @@ void CQtMainWindow::SetActiveFrame(CChildFrame* frame) {
   if (frame == activeFrame_ || (frame != nullptr && frame->View() == nullptr)) return;
   CChildFrame* before = activeFrame_;
   activeFrame_ = frame;
-  if (before != nullptr) before->View()->OnActivate(CZANDOView::Activation::Deactivated);
-  if (frame != nullptr) frame->View()->OnActivate(CZANDOView::Activation::Activated);
+  if (before != nullptr) before->View()->OnActivate(CChildView::Activation::Deactivated);
+  if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
   if (app_ != nullptr) app_->OnActiveViewChanged();
   RefreshCommands();
 }
 
-bool CQtMainWindow::MayClose(CZANDOView& view) { return app_ == nullptr || app_->MayClose(view); }
+bool CQtMainWindow::MayClose(CChildView& view) { return app_ == nullptr || app_->MayClose(view); }
 
 void CQtMainWindow::Forget(CChildFrame& frame) {
   std::erase(frames_, &frame);
@@ -284,17 +291,17 @@ void CQtMainWindow::OnViewGone(CZANDODoc& document) {
   RefreshCommands();
 }
 
-CChildFrame* CQtMainWindow::FrameOf(const CZANDOView& view) const {
+CChildFrame* CQtMainWindow::FrameOf(const CChildView& view) const {
   const auto found = std::find_if(frames_.begin(), frames_.end(),
                                   [&view](const CChildFrame* f) { return f->View() == &view; });
   return found == frames_.end() ? nullptr : *found;
 }
 
-void CQtMainWindow::Minimize(CZANDOView& view) {
+void CQtMainWindow::Minimize(CChildView& view) {
   if (CChildFrame* frame = FrameOf(view)) frame->showMinimized();
 }
 
-bool CQtMainWindow::IsMinimized(const CZANDOView& view) const {
+bool CQtMainWindow::IsMinimized(const CChildView& view) const {
   const CChildFrame* frame = FrameOf(view);
   return frame != nullptr && frame->isMinimized();
 }

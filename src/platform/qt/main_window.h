@@ -39,11 +39,12 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void SetStatusText(const QString& text);
 
   void OpenChild(std::unique_ptr<CZANDOView> view) override;
-  void CloseChild(CZANDOView& view) override;
-  [[nodiscard]] CZANDOView* ActiveView() const override;
-  void Activate(CZANDOView& view) override;
-  void Minimize(CZANDOView& view) override;
-  [[nodiscard]] bool IsMinimized(const CZANDOView& view) const override;
+  void OpenChild(std::unique_ptr<CTextureView> view) override;
+  void CloseChild(CChildView& view) override;
+  [[nodiscard]] CChildView* ActiveView() const override;
+  void Activate(CChildView& view) override;
+  void Minimize(CChildView& view) override;
+  [[nodiscard]] bool IsMinimized(const CChildView& view) const override;
   void TileHorizontally() override { TileFrames(TileOrder::Stacked); }
   void Tile() override { TileFrames(TileOrder::SideBySide); }
   void Cascade() override { area_->cascadeSubWindows(); }
@@ -59,7 +60,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void Close() override { close(); }
 
   /// For the child frames: whether one may close, that one is closing, and that its view is gone.
-  [[nodiscard]] bool MayClose(CZANDOView& view);
+  [[nodiscard]] bool MayClose(CChildView& view);
   void Forget(CChildFrame& frame);
   void OnViewGone(CZANDODoc& document);
 
@@ -75,11 +76,12 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void BuildGroupBox();
   void BuildStatusBar();
   void ShowMenusForDocuments();
+  void OpenFrame(CChildFrame* frame);
   void SetActiveFrame(CChildFrame* frame);
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
   void TileFrames(TileOrder order);
-  [[nodiscard]] CChildFrame* FrameOf(const CZANDOView& view) const;
+  [[nodiscard]] CChildFrame* FrameOf(const CChildView& view) const;
   [[nodiscard]] int HeightOfIcons() const;
 
   CEditorApp* app_ = nullptr;
