@@ -72,7 +72,7 @@ std::vector<CCmdTarget*> CEditorApp::Targets() {
 
 void CEditorApp::Run(CommandId id) {
   // A key may bring a command while a mouse button is down.
-  if (CZANDOView* view = window_.ActiveView()) view->EndDrag();
+  if (CChildView* view = window_.ActiveView()) view->EndDrag();
   for (CCmdTarget* target : Targets()) {
     CCmdUI ui;
     if (!target->OnUpdateCommandUI(id, ui)) continue;

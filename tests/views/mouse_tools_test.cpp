@@ -189,7 +189,9 @@ TEST_F(MouseTools, EveryStepChangesWhatItsViewAndButtonsSayUnderEveryAxisMask) {
       Motion(row.held, 3, 2);
       EXPECT_EQ(window.Redraws, redraws + 1) << what;
       EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400})) << what;
-      if (row.tool == kMove) EXPECT_EQ(document.LastDragWasRotate, row.angles == kZero ? 0 : 1);
+      if (row.tool == kMove) {
+        EXPECT_EQ(document.LastDragWasRotate, row.angles == kZero ? 0 : 1) << what;
+      }
       const Vector moved = Masked3(row.position, axes);
       const bool ofEntity = row.tool == kEntity;
       ExpectNear(brush.WorkPos[0] - brush.Pos[0], ofEntity ? kZero : moved, what);
