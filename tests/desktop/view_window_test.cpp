@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QImage>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include "desktop/editor_fixture.h"
@@ -75,6 +76,90 @@ TEST_F(EditorTest, LosingTheFocusEndsADragAndBringsTheCursorBack) {
   mouse.Press({100, 100}, Qt::LeftButton);
   Choose(ID_FILE_CLOSE);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(EditorTest, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
+  app_.Start({});
+  Choose(static_cast<CommandId>(ViewKind::Top));
+  CViewWidget& widget = ActiveWidget();
+  CZandoBrush& brush = Document().WorkingBrush;
+  Mouse mouse(widget);
+  const auto drag = [&](Qt::MouseButton button, QPoint from, QPoint by) {
+    mouse.Press(from, button);
+    mouse.MoveBy(by);
+    mouse.Release(button);
+  };
+  Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
+  EXPECT_TRUE(MenuItem(ID_TOOL_MOVE_ROTATE_BRUSH)->isChecked());
+  Choose(ID_USE_GRID);
+  drag(Qt::LeftButton, {100, 100}, {70, -33});
+  EXPECT_EQ(brush.Pos[0], (Vector{64.0, 0.0, 64.0}));
+  drag(Qt::RightButton, {100, 100}, {-50, 0});
+  EXPECT_NEAR(brush.Rot[0].x, 341.333333, 1e-5);
+  EXPECT_EQ(window_.ActiveView()->Document().IsModified(), true);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+
+  Choose(ID_ADD_TO_WORLD);
+  Choose(ID_TOOL_SELECT_GROUP);
+  const QImage before = widget.grab().toImage();
+  mouse.Press({20, 20}, Qt::LeftButton);
+  mouse.MoveBy({widget.width() - 40, widget.height() - 40});
+  const QImage framed = widget.grab().toImage();
+  EXPECT_EQ(framed.pixel(21, 30) & 0xFFFFFFU, ~before.pixel(21, 30) & 0xFFFFFFU);
+  EXPECT_EQ(framed.pixel(22, 30), before.pixel(22, 30));
+  EXPECT_FALSE(Document().AnySelected());
+  mouse.Release(Qt::LeftButton);
+  EXPECT_TRUE(Document().AnySelected());
+  EXPECT_EQ(widget.grab().toImage().pixel(21, 30), before.pixel(21, 30));
+}
+
+TEST_F(EditorTest, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
+  app_.Start({});
+  CViewWidget& widget = ActiveWidget();
+  const auto press = [&](int key, Qt::KeyboardModifiers keys = {}, bool repeated = false) {
+    QKeyEvent event(QEvent::KeyPress, key, keys, {}, repeated);
+    QApplication::sendEvent(&widget, &event);
+  };
+  press(Qt::Key_Space);
+  EXPECT_EQ(Document().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  press(Qt::Key_Space, {}, true);
+  EXPECT_EQ(Document().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  press(Qt::Key_Plus);
+  EXPECT_EQ(Document().GridSize, 64.0);
+  press(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(Document().GridSize, 128.0);
+  press(Qt::Key_Minus, Qt::KeypadModifier);
+  press(Qt::Key_Minus, Qt::KeypadModifier, true);
+  EXPECT_EQ(Document().GridSize, 32.0);
+  Choose(ID_ADD_TO_WORLD);
+  Document().SetCurrentBrush(*Document().BrushList.Head());
+
+  // In the middle of a drag: the brush goes, the mouse and the cursor come back.
+  Mouse mouse(widget);
+  mouse.Press({100, 100}, Qt::LeftButton);
+  mouse.MoveBy({9, 9});
+  press(Qt::Key_Delete);
+  EXPECT_EQ(Document().BrushCount(), 0);
+  EXPECT_FALSE(widget.HasCapture());
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  mouse.MoveBy({9, 9});
+  mouse.Release(Qt::LeftButton);
+  EXPECT_EQ(Document().WorkingBrush.Pos[0], (Vector{0.0, 0.0, 0.0}));
+}
+
+TEST_F(EditorTest, ACommandInTheMiddleOfADragCommitsItFirst) {
+  app_.Start({});
+  Choose(static_cast<CommandId>(ViewKind::Top));
+  Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
+  Mouse mouse(ActiveWidget());
+  mouse.Press({100, 100}, Qt::LeftButton);
+  mouse.MoveBy({9, 0});
+  Choose(ID_ADD_TO_WORLD);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  ASSERT_EQ(Document().BrushCount(), 1);
+  EXPECT_EQ(Document().BrushList.Head()->Pos[0], (Vector{9.0, 0.0, 0.0}));
+  EXPECT_EQ(Document().BrushList.Head()->DragMatrix, Transform::Identity());
+  mouse.Release(Qt::LeftButton);
 }
 
 TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {
