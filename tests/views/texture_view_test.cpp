@@ -1,0 +1,205 @@
+#include "views/texture_view.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "support/made_up_wad.h"
+#include "support/recording_dc.h"
+#include "support/scripted_desktop.h"
+
+namespace zando {
+namespace {
+
+using testing::CRecordingDC;
+using Step = CTextureView::Step;
+
+/// Width and height of textures, or what a view is told of them.
+using Sizes = std::vector<ScreenPoint>;
+
+class CCountingView : public CView {
+ public:
+  int Updates = 0;
+  void OnUpdate(const CView* /*sender*/, int /*hint*/) override { ++Updates; }
+};
+
+class TextureView : public ::testing::Test {
+ protected:
+  TextureView() {
+    view.SetWindow(&window);
+    document.AddView(other);
+  }
+
+  /// An archive with textures "t0", "t1" and so on.
+  void Load(const Sizes& sizes) {
+    std::vector<testing::Lump> lumps;
+    for (const ScreenPoint& size : sizes) {
+      const auto width = static_cast<std::uint32_t>(size.x);
+      const auto height = static_cast<std::uint32_t>(size.y);
+      lumps.push_back({testing::MipHead("t" + std::to_string(lumps.size()), width, height) +
+                       std::string(std::size_t{width} * height, '\1')});
+    }
+    ASSERT_TRUE(document.Textures.LoadBytes(testing::Archive(lumps)));
+  }
+  void LoadFourInTwoRows() {
+    Load({{128, 128}, {128, 128}, {128, 128}, {128, 128}});
+    view.OnSize(300);
+  }
+
+  CZANDODoc document;
+  CCountingView other;
+  testing::CScriptedDesktop desktop;
+  testing::CFakeViewWindow window;
+  CTextureView view{document, desktop};
+};
+
+TEST_F(TextureView, ARowEndsBehindTheTextureThatReachesPastTheWindow) {
+  struct Case {
+    Sizes textures;
+    std::int32_t width;
+    Sizes places;
+    ScreenPoint total;
+  };
+  const Sizes four(4, {128, 128});
+  for (const Case& c : std::vector<Case>{
+           {four, 300, {{0, 0}, {144, 0}, {288, 0}, {0, 144}}, {432, 288}},
+           {four, 288, {{0, 0}, {144, 0}, {288, 0}, {0, 144}}, {432, 288}},
+           {four, 287, {{0, 0}, {144, 0}, {0, 144}, {144, 144}}, {288, 288}},
+           {four, 0, {{0, 0}, {0, 144}, {0, 288}, {0, 432}}, {144, 576}},
+           {{{64, 32}, {32, 96}, {16, 16}}, 100, {{0, 0}, {80, 0}, {0, 112}}, {128, 144}},
+           {{{16, 8}}, 500, {{0, 0}}, {32, 24}},
+           {{}, 300, {}, {0, 0}}}) {
+    Load(c.textures);
+    view.OnSize(c.width);
+    for (std::size_t i = 0; i < c.places.size(); ++i) {
+      const auto [x, y] = c.places[i];
+      EXPECT_EQ(view.PlaceOf(static_cast<std::int32_t>(i)),
+                (ScreenRect{x, y, x + c.textures[i].x, y + c.textures[i].y}))
+          << i << " in " << c.width;
+    }
+    EXPECT_EQ(view.TotalSize(), c.total) << c.width;
+    EXPECT_EQ(window.ScrollSizes, c.total) << c.width;
+  }
+}
+
+TEST_F(TextureView, AClickWithinATextureSelectsItAndNamesTheCurrentBrush) {
+  LoadFourInTwoRows();
+  struct Click {
+    ScreenPoint point;
+    std::optional<std::int32_t> hit;
+  };
+  for (const auto& [point, hit] :
+       {Click{{1, 1}, 0}, Click{{127, 127}, 0}, Click{{0, 64}, {}}, Click{{64, 0}, {}},
+        Click{{128, 64}, {}}, Click{{64, 128}, {}}, Click{{136, 64}, {}}, Click{{64, 136}, {}},
+        Click{{145, 1}, 1}, Click{{400, 100}, 2}, Click{{100, 150}, 3}, Click{{200, 200}, {}},
+        Click{{-5, 5}, {}}, Click{{64, 100000}, {}}}) {
+    view.OnLeftButtonUp({350, 64});
+    document.CurrentBrush->Name = "before";
+    document.SetModifiedFlag(false);
+    window.Redraws = other.Updates = 0;
+    EXPECT_EQ(view.TextureAt(point), hit);
+    view.OnLeftButtonUp(point);
+    const int hits = hit ? 1 : 0;
+    EXPECT_EQ(view.Selected(), hit.value_or(2)) << point.x << "," << point.y;
+    EXPECT_EQ(document.CurrentBrush->Name, hit ? "t" + std::to_string(*hit) : "before");
+    EXPECT_EQ(document.IsModified(), hit.has_value());
+    EXPECT_EQ(window.Redraws, hits);
+    EXPECT_EQ(other.Updates, hits);
+  }
+  EXPECT_EQ(desktop.StatusText, "Texture of the current brush: t2");
+  // The brush has the name already: the level stays as it is.
+  view.OnLeftButtonUp({350, 64});
+  document.SetModifiedFlag(false);
+  view.OnLeftButtonUp({350, 64});
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(TextureView, OnlyTheCurrentBrushIsNamedAndNoneWhenThereIsNone) {
+  LoadFourInTwoRows();
+  document.AddToWorld();
+  CZandoBrush& listed = *document.BrushList.Head();
+  document.SetCurrentBrush(listed);
+  const std::string working = document.WorkingBrush.Name;
+  view.OnLeftButtonUp({200, 64});
+  EXPECT_EQ(listed.Name, "t1");
+  EXPECT_EQ(document.WorkingBrush.Name, working);
+  document.CurrentBrush = nullptr;
+  document.SetModifiedFlag(false);
+  view.OnLeftButtonUp({350, 64});
+  EXPECT_EQ(view.Selected(), 2);
+  EXPECT_EQ(listed.Name, "t1");
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(TextureView, OnlyWhatIsVisibleIsDrawnWithAFrameWithinTheSelectedTexture) {
+  LoadFourInTwoRows();
+  view.OnLeftButtonUp({64, 200});
+  using Lines = std::vector<std::string>;
+  const Lines frame{"fill 0,144 128x1 FF0000", "fill 0,271 128x1 FF0000", "fill 0,144 1x128 FF0000",
+                    "fill 127,144 1x128 FF0000"};
+  struct Case {
+    ScreenRect visible;
+    Lines drawn;
+    bool framed;
+  };
+  for (const Case& c :
+       {Case{
+            {0, 0, 300, 144}, {"dib 0,0 128x128", "dib 144,0 128x128", "dib 288,0 128x128"}, false},
+        Case{{100, 100, 200, 200},
+             {"dib 0,0 128x128", "dib 144,0 128x128", "dib 0,144 128x128"},
+             true},
+        Case{{0, 150, 100, 160}, {"dib 0,144 128x128"}, true},
+        Case{{128, 128, 144, 600}, {}, false}}) {
+    CRecordingDC dc(400, 400);
+    view.OnDraw(dc, c.visible);
+    Lines expected{"org " + std::to_string(-c.visible.left) + "," + std::to_string(-c.visible.top)};
+    expected.insert(expected.end(), c.drawn.begin(), c.drawn.end());
+    if (c.framed) expected.insert(expected.end(), frame.begin(), frame.end());
+    EXPECT_EQ(dc.Lines, expected);
+  }
+}
+
+TEST_F(TextureView, ResizingKeepsTheSelection) {
+  LoadFourInTwoRows();
+  view.OnLeftButtonUp({350, 64});
+  view.OnSize(100);
+  EXPECT_EQ(view.PlaceOf(2), (ScreenRect{0, 288, 128, 416}));
+  EXPECT_EQ(view.Selected(), 2);
+}
+
+TEST_F(TextureView, KeysMoveTheSelectionAndOnlyUsingItNamesTheBrush) {
+  // 0 1 2 / 3 4 5 / 6, the last row shorter.
+  Load({{128, 16}, {128, 16}, {128, 16}, {192, 16}, {64, 16}, {64, 16}, {64, 16}});
+  view.OnSize(300);
+  const std::string before = document.CurrentBrush->Name;
+  const std::vector<std::pair<Step, std::int32_t>> steps{
+      {Step::Left, 0}, {Step::Up, 0},    {Step::Right, 1}, {Step::Down, 4}, {Step::Down, 6},
+      {Step::Down, 6}, {Step::Right, 6}, {Step::Up, 3},    {Step::Left, 2}, {Step::Down, 5},
+      {Step::Up, 2},   {Step::First, 0}, {Step::Last, 6}};
+  for (const auto& [step, selected] : steps) {
+    view.MoveSelection(step);
+    EXPECT_EQ(view.Selected(), selected);
+    EXPECT_EQ(window.ScrolledTo.back(), view.PlaceOf(selected));
+  }
+  EXPECT_EQ(document.CurrentBrush->Name, before);
+  view.UseSelected();
+  EXPECT_EQ(document.CurrentBrush->Name, "t6");
+}
+
+TEST_F(TextureView, WithoutTexturesThereIsNothingToDrawOrToSelect) {
+  view.OnSize(300);
+  CRecordingDC dc(300, 200);
+  view.OnDraw(dc, {0, 0, 300, 200});
+  EXPECT_TRUE(dc.Lines.empty());
+  const std::string before = document.CurrentBrush->Name;
+  view.OnLeftButtonUp({5, 5});
+  view.MoveSelection(Step::Down);
+  view.UseSelected();
+  EXPECT_EQ(document.CurrentBrush->Name, before);
+  EXPECT_FALSE(document.IsModified());
+}
+
+}  // namespace
+}  // namespace zando
