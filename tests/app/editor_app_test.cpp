@@ -14,6 +14,7 @@
 #include "document/document_file.h"
 #include "platform/file_io.h"
 #include "support/fake_main_window.h"
+#include "support/made_up_wad.h"
 
 namespace zando {
 namespace {
@@ -270,6 +271,83 @@ TEST_F(EditorApp, FourViewsMinimizeTheOldOnesAndTileTheNew) {
     EXPECT_EQ(window.Children[i].window->Titles.back(), CZANDOView::FrameTitle(kinds[i]));
   }
   EXPECT_EQ(window.Arrangement, "H");
+}
+
+TEST_F(EditorApp, TexturesComeWithALevelAndADamagedArchiveIsToldInTheStatusBar) {
+  using testing::Archive;
+  using testing::MipHead;
+  const std::string good = MipHead("brick", 2, 1) + "ab";
+  const std::string cut = MipHead("cut", 900, 900);
+  struct Case {
+    std::string archive;
+    std::int32_t textures;
+    std::string told;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"", 0, ""},
+           {Archive({{good}, {good}}), 2, ""},
+           {"WAD3 and more bytes", 0, "my.wad: no WAD2 archive"},
+           {Archive({{cut}, {good}}), 1,
+            "my.wad: lump 0 left out: its 900 x 900 pixels do not lie in the file"},
+           {Archive({{cut}, {cut}}), 0,
+            "my.wad: lump 0 left out: its 900 x 900 pixels do not lie in the file; and more"}}) {
+    Restart();
+    desktop.StatusText.clear();
+    app->Settings().WadPath = folder / "my.wad";
+    app->Settings().PalettePath = folder / "none.lmp";
+    if (!c.archive.empty()) {
+      ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive), "");
+    }
+    ASSERT_TRUE(app->Start({}));
+    EXPECT_EQ(Active().Textures.TextureCount(), c.textures);
+    EXPECT_EQ(desktop.StatusText, c.told);
+  }
+  EXPECT_TRUE(desktop.Calls.empty());
+}
+
+TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
+  const fs::path path = Sample("a.3dz");
+  ASSERT_TRUE(app->Start(path));
+  const CZANDODoc* first = &Active();
+  app->Run(ID_TEXTURE_BROWSER);
+  app->Run(ID_TEXTURE_BROWSER);
+  ASSERT_EQ(window.Children.size(), 3U);
+  for (const std::size_t i : {1, 2}) {
+    EXPECT_NE(dynamic_cast<CTextureView*>(window.Children[i].view.get()), nullptr);
+    EXPECT_EQ(window.Children[i].window->Titles, std::vector<std::string>{"-Textures-"});
+    EXPECT_EQ(&window.Children[i].view->Document(), first);
+  }
+  EXPECT_TRUE(desktop.StatusText.starts_with("There are no textures: "));
+
+  // Commands of an editing view have no target now, those of the level and the frame have.
+  for (const CommandId id : {ID_AXIS_X, static_cast<CommandId>(ViewKind::Top)}) {
+    EXPECT_EQ(Check(id), "disabled");
+  }
+  for (const CommandId id : {ID_CUBE, ID_FILE_SAVE, ID_WINDOW_NEW, ID_TEXTURE_BROWSER}) {
+    EXPECT_EQ(Check(id), "enabled") << id;
+  }
+  app->Run(ID_USE_GRID);
+  EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap On");
+  app->Run(ID_FOUR_VIEWS);
+  ASSERT_EQ(window.Children.size(), 7U);
+  for (std::size_t i = 0; i < 7; ++i) EXPECT_EQ(window.Children[i].minimized, i < 3) << i;
+  EXPECT_EQ(window.Editing(3).Kind(), ViewKind::Side);
+
+  // The last window asks, though it is a browser, and stands for its level until then.
+  app->Run(ID_ADD_TO_WORLD);
+  while (window.Children.size() > 3) ASSERT_TRUE(window.UserCloses(*window.Children[3].view));
+  ASSERT_TRUE(window.UserCloses(*window.Children[0].view));
+  ASSERT_TRUE(window.UserCloses(*window.Children[0].view));
+  app->Run(ID_FILE_NEW);
+  EXPECT_TRUE(app->OpenDocument(path));
+  EXPECT_EQ(&Active(), first);
+  EXPECT_FALSE(window.Children[0].minimized);
+  desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Discard};
+  EXPECT_FALSE(window.UserCloses(*window.Children[0].view));
+  app->Run(ID_TEXTURE_BROWSER);
+  app->Run(ID_FILE_CLOSE);
+  EXPECT_EQ(app->Documents().size(), 1U);
+  EXPECT_EQ(window.Children.size(), 1U);
 }
 
 TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {

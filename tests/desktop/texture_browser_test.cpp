@@ -1,0 +1,147 @@
+// The window of the texture browser: what it shows, its mouse, wheel and keys.
+#include <QApplication>
+#include <QImage>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include "desktop/editor_fixture.h"
+#include "platform/file_io.h"
+#include "platform/qt/texture_widget.h"
+#include "support/made_up_wad.h"
+
+namespace zando::testing {
+namespace {
+
+/// The editor with an open level, its archive of 120 textures of 64 x 48 pixels of the index that
+/// is their number plus 16, and a browser.
+class TextureBrowserTest : public EditorTest {
+ protected:
+  TextureBrowserTest() {
+    std::vector<Lump> lumps;
+    for (int i = 0; i < 120; ++i) {
+      const std::string name = i == 1 ? "<b>bold%1" : "t" + std::to_string(i);
+      lumps.push_back(
+          {MipHead(name, 64, 48) + std::string(std::size_t{64} * 48, static_cast<char>(i + 16))});
+    }
+    app_.Settings().WadPath = FileIn("my.wad");
+    EXPECT_EQ(WriteFileAtomically(FileIn("my.wad"), Archive(lumps)), "");
+    app_.Start({});
+    Choose(ID_TEXTURE_BROWSER);
+  }
+
+  [[nodiscard]] CTextureWidget& Browser() const {
+    return dynamic_cast<CTextureWidget&>(*Frames().back()->widget());
+  }
+  [[nodiscard]] CTextureView& View() const {
+    return dynamic_cast<CTextureView&>(*Frames().back()->View());
+  }
+  [[nodiscard]] QImage Picture() const { return Browser().viewport()->grab().toImage(); }
+  void Click(QPoint position) const {
+    QTest::mouseClick(Browser().viewport(), Qt::LeftButton, {}, position);
+  }
+  [[nodiscard]] QRgb ColorOf(int texture) const {
+    const RgbQuad& c =
+        Document().Textures.GetPalette().colors[static_cast<std::size_t>(texture) + 16];
+    return qRgb(c.red, c.green, c.blue);
+  }
+};
+
+constexpr QRgb kBlack = qRgb(0, 0, 0);
+constexpr QRgb kRed = qRgb(255, 0, 0);
+
+TEST_F(TextureBrowserTest, ShowsTexturesOnBlackInTheirColoursAndTheSelectedOneFramed) {
+  EXPECT_EQ(Frames().back()->windowTitle(), QStringLiteral("-Textures-"));
+  const QImage picture = Picture();
+  EXPECT_EQ(picture.pixel(63, 47), kRed);
+  EXPECT_EQ(picture.pixel(62, 46), ColorOf(0));
+  EXPECT_EQ(picture.pixel(64, 47), kBlack);
+  EXPECT_EQ(picture.pixel(79, 0), kBlack);
+  EXPECT_EQ(picture.pixel(80, 0), ColorOf(1));
+  EXPECT_EQ(picture.pixel(0, 63), kBlack);
+  EXPECT_NE(picture.pixel(0, 64), kBlack);
+}
+
+TEST_F(TextureBrowserTest, AClickSelectsAtOnceWhereverTheWindowHasScrolledTo) {
+  CTextureWidget& browser = Browser();
+  QWidget& viewport = *browser.viewport();
+  const int shown = browser.verticalScrollBar()->pageStep();
+  EXPECT_EQ(browser.verticalScrollBar()->maximum(), View().TotalSize().y - shown);
+  EXPECT_EQ(browser.horizontalScrollBar()->maximum(), View().TotalSize().x - viewport.width());
+  QWheelEvent wheel({9, 9}, viewport.mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, {},
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&viewport, &wheel);
+  const int top = browser.verticalScrollBar()->value();
+  EXPECT_GT(top, 0);
+  browser.horizontalScrollBar()->setValue(10);
+  const ScreenRect place = View().PlaceOf(30);
+  const QPoint corner(place.left - 10, place.top - top);
+  Click(corner + QPoint(5, 5));
+  EXPECT_EQ(View().Selected(), 30);
+  EXPECT_EQ(Document().CurrentBrush->Name, "t30");
+  EXPECT_EQ(Picture().pixel(corner), kRed);
+  EXPECT_EQ(Picture().pixel(corner + QPoint(1, 1)), ColorOf(30));
+  Click(corner - QPoint(8, 0));
+  QTest::mouseClick(&viewport, Qt::RightButton, {}, corner + QPoint(85, 5));
+  EXPECT_EQ(View().Selected(), 30);
+}
+
+TEST_F(TextureBrowserTest, KeysSelectScrollAndUse) {
+  QTest::keyClick(&Browser(), Qt::Key_End);
+  EXPECT_EQ(View().Selected(), 119);
+  EXPECT_EQ(Browser().verticalScrollBar()->value() + Browser().viewport()->height(),
+            View().PlaceOf(119).bottom);
+  QTest::keyClick(&Browser(), Qt::Key_Left);
+  QTest::keyClick(&Browser(), Qt::Key_Return);
+  EXPECT_EQ(Document().CurrentBrush->Name, "t118");
+  QTest::keyClick(&Browser(), Qt::Key_Home);
+  EXPECT_EQ(Browser().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(TextureBrowserTest, AToolTipTellsTheNameAsItIsWrittenAndTheSize) {
+  QWidget& viewport = *Browser().viewport();
+  const auto hover = [&](QPoint position) {
+    QHelpEvent event(QEvent::ToolTip, position, viewport.mapToGlobal(position));
+    QApplication::sendEvent(&viewport, &event);
+  };
+  hover({90, 10});
+  EXPECT_TRUE(QToolTip::isVisible());
+  EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;bold%1, 64 x 48")))
+      << QToolTip::text().toStdString();
+}
+
+TEST_F(TextureBrowserTest, RowsFollowTheWidthOfTheWindow) {
+  CChildFrame& frame = *Frames().back();
+  Click({90, 10});
+  for (const int width : {500, 200, 400}) {
+    frame.resize(width, 300);
+    const std::int32_t room = Browser().viewport()->width();
+    EXPECT_LT(room, width);
+    std::int32_t inRow = 0;
+    while (View().PlaceOf(inRow).top == 0) ++inRow;
+    EXPECT_EQ(inRow, room / 80 + 1);
+    EXPECT_EQ(View().Selected(), 1);
+  }
+  frame.showMinimized();
+  frame.showNormal();
+  EXPECT_EQ(View().Selected(), 1);
+}
+
+TEST_F(TextureBrowserTest, ClosesLikeAnyWindowAndWithItsLevel) {
+  EXPECT_FALSE(MenuItem(ID_AXIS_X)->isEnabled());
+  Choose(ID_TEXTURE_BROWSER);
+  Frames().back()->close();
+  EXPECT_EQ(Frames().size(), 2U);
+  Frames().front()->close();
+  Document().SetModifiedFlag();
+  desktop_.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Discard};
+  Frames().back()->close();
+  EXPECT_EQ(app_.Documents().size(), 1U);
+  Frames().back()->close();
+  EXPECT_TRUE(app_.Documents().empty());
+  EXPECT_EQ(window_.ActiveView(), nullptr);
+}
+
+}  // namespace
+}  // namespace zando::testing
