@@ -25,6 +25,14 @@ std::string GridText(const CZANDODoc& document) {
          (document.UseGrid != 0 ? " Snap On" : " Snap Off");
 }
 
+/// What was wrong with an archive of textures in one line, or nothing.
+std::string ComplaintText(const CWad2& textures, const std::filesystem::path& archive) {
+  const std::vector<std::string>& complaints = textures.Complaints();
+  if (complaints.empty()) return {};
+  return FileNameText(archive) + ": " + complaints.front() +
+         (complaints.size() > 1 ? "; and more" : "");
+}
+
 /// The views of a document that are of this class, in order; a copy, because windows come and go
 /// meanwhile.
 template <typename View>
@@ -112,10 +120,8 @@ CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStam
 
 void CEditorApp::LoadTextures(CZANDODoc& document) {
   document.Textures.Create(settings_.PalettePath, settings_.WadPath);
-  const std::vector<std::string>& complaints = document.Textures.Complaints();
-  if (complaints.empty()) return;
-  desktop_.SetStatusText(FileNameText(settings_.WadPath) + ": " + complaints.front() +
-                         (complaints.size() > 1 ? "; and more" : ""));
+  const std::string complaint = ComplaintText(document.Textures, settings_.WadPath);
+  if (!complaint.empty()) desktop_.SetStatusText(complaint);
 }
 
 void CEditorApp::OpenView(CZANDODoc& document) {
@@ -125,8 +131,10 @@ void CEditorApp::OpenView(CZANDODoc& document) {
 void CEditorApp::OpenTextureBrowser(CZANDODoc& document) {
   window_.OpenChild(std::make_unique<CTextureView>(document, desktop_));
   if (document.Textures.TextureCount() > 0) return;
-  desktop_.SetStatusText("There are no textures: " + PathText(settings_.WadPath) +
-                         " holds none that can be shown, or was not there for this level");
+  const std::string complaint = ComplaintText(document.Textures, settings_.WadPath);
+  desktop_.SetStatusText(!complaint.empty() ? complaint
+                                            : "No textures: " + PathText(settings_.WadPath) +
+                                                  " was not found or holds none");
 }
 
 void CEditorApp::OpenFourViews(CZANDODoc& document) {

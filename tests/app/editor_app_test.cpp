@@ -301,6 +301,10 @@ TEST_F(EditorApp, TexturesComeWithALevelAndADamagedArchiveIsToldInTheStatusBar) 
     ASSERT_TRUE(app->Start({}));
     EXPECT_EQ(Active().Textures.TextureCount(), c.textures);
     EXPECT_EQ(desktop.StatusText, c.told);
+    // Opening a browser tells why it is empty.
+    desktop.StatusText.clear();
+    app->Run(ID_TEXTURE_BROWSER);
+    EXPECT_EQ(desktop.StatusText.empty(), c.textures > 0);
   }
   EXPECT_TRUE(desktop.Calls.empty());
 }
@@ -317,7 +321,7 @@ TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
     EXPECT_EQ(window.Children[i].window->Titles, std::vector<std::string>{"-Textures-"});
     EXPECT_EQ(&window.Children[i].view->Document(), first);
   }
-  EXPECT_TRUE(desktop.StatusText.starts_with("There are no textures: "));
+  EXPECT_TRUE(desktop.StatusText.starts_with("No textures: "));
 
   // Commands of an editing view have no target now, those of the level and the frame have.
   for (const CommandId id : {ID_AXIS_X, static_cast<CommandId>(ViewKind::Top)}) {

@@ -51,6 +51,14 @@ TEST_F(EditorTest, ClosingTwiceAndFromWithinIsHarmless) {
   EXPECT_TRUE(window_.close());
 }
 
+TEST_F(EditorTest, ANewWindowIsSeenWhole) {
+  app_.Start({});
+  Choose(ID_WINDOW_NEW);
+  Choose(ID_TEXTURE_BROWSER);
+  const QRect area = window_.findChild<QMdiArea*>()->viewport()->rect();
+  for (const CChildFrame* frame : Frames()) EXPECT_TRUE(area.contains(frame->geometry()));
+}
+
 TEST_F(EditorTest, OnlyTheLastWindowOfALevelAsks) {
   app_.Start({});
   Document().PlaceLight();

@@ -237,8 +237,9 @@ void CQtMainWindow::OpenChild(std::unique_ptr<CTextureView> view) {
 
 void CQtMainWindow::OpenFrame(CChildFrame* frame) {
   frames_.push_back(frame);
-  area_->addSubWindow(frame);
+  // With its size before the area looks for a place where all of it is seen.
   frame->resize(size() * 3 / 5);
+  area_->addSubWindow(frame);
   ShowMenusForDocuments();
   frame->View()->OnInitialUpdate();
   frame->show();
