@@ -20,4 +20,7 @@ struct PngImage {
 [[nodiscard]] PngImage PaintPng(std::int32_t width, std::int32_t height,
                                 const std::function<void(CDC&)>& paint);
 
+/// A picture with its indices and its colours as they are, and the same errors.
+[[nodiscard]] PngImage PackPng(const IndexedPicture& picture);
+
 }  // namespace zando

@@ -1,10 +1,17 @@
 #include "cli/png_image.h"
 
 namespace zando {
+namespace {
+
+PngImage NoImages() { return {std::nullopt, "this zando-cli was built without images"}; }
+
+}  // namespace
 
 PngImage PaintPng(std::int32_t /*width*/, std::int32_t /*height*/,
                   const std::function<void(CDC&)>& /*paint*/) {
-  return {std::nullopt, "this zando-cli was built without images"};
+  return NoImages();
 }
+
+PngImage PackPng(const IndexedPicture& /*picture*/) { return NoImages(); }
 
 }  // namespace zando

@@ -8,6 +8,7 @@
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
 #include "cli/subcommands.h"
+#include "cli/texture_commands.h"
 
 namespace zando {
 namespace {
@@ -25,6 +26,7 @@ struct Request {
   bool optimal = false;
   bool water = false;
   PictureRequest picture;
+  TextureRequest textures;
   std::function<void(std::ostream&)> run;
 };
 
@@ -170,6 +172,24 @@ int Fail(std::ostream& err, const std::string& reason, int status = kCliFailed) 
   return status;
 }
 
+void AddTextures(CLI::App& app, Request& request, std::ostream& err) {
+  CLI::App* textures = app.add_subcommand("textures", "List the textures of a WAD2 archive");
+  textures->add_option("--palette", request.textures.palette,
+                       "palette file of 768 bytes, instead of the built-in one");
+  textures->add_option("--png", request.output, "write each texture into this folder, as NAME.png");
+  textures->add_option("ARCHIVE", request.textures.archive, "a .wad file")->required();
+  textures->callback([&request, &err] {
+    request.textures.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
+    request.run = [&request](std::ostream& out) {
+      if (request.output.empty()) {
+        ListTextures(request.textures, out);
+      } else {
+        WriteTextures(request.textures, request.output, out);
+      }
+    };
+  });
+}
+
 /// Prints the help or the version that was asked for, or says what is wrong with the arguments.
 int EndParsing(const CLI::App& app, const CLI::ParseError& error, const std::string& first,
                std::ostream& out, std::ostream& err) {
@@ -195,6 +215,7 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   AddExport(app, request);
   AddConvert(app, request);
   AddRender(app, request);
+  AddTextures(app, request, err);
   AddRun(app, request);
 
   const std::string first = arguments.empty() ? std::string() : arguments.front();

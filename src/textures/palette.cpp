@@ -1,17 +1,59 @@
 #include "textures/palette.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
-#include <numbers>
+#include <cstdint>
 
 #include "platform/file_io.h"
 
 namespace zando {
 namespace {
 
-constexpr int kRamps = 16;
-constexpr int kShades = 16;
+struct Color {
+  int red;
+  int green;
+  int blue;
+};
+
+/// A run of indices from dark over middle to bright.
+struct Ramp {
+  int size;
+  Color dark;
+  Color middle;
+  Color bright;
+};
+
+constexpr std::array<Ramp, 17> kRamps{{
+    {16, {0, 0, 0}, {108, 108, 108}, {236, 236, 236}},    // grey
+    {16, {14, 10, 6}, {92, 66, 42}, {196, 158, 114}},     // wood and earth
+    {16, {9, 10, 13}, {76, 83, 94}, {194, 204, 216}},     // steel
+    {16, {18, 14, 8}, {120, 100, 68}, {232, 212, 166}},   // sandstone
+    {16, {16, 6, 4}, {112, 50, 36}, {212, 140, 110}},     // brick
+    {16, {8, 12, 4}, {66, 80, 40}, {168, 184, 116}},      // moss
+    {16, {18, 9, 4}, {114, 66, 34}, {234, 170, 104}},     // rust
+    {16, {4, 14, 4}, {44, 108, 34}, {154, 222, 98}},      // slime
+    {16, {4, 6, 20}, {36, 62, 116}, {136, 176, 226}},     // water
+    {16, {4, 14, 16}, {34, 92, 98}, {142, 208, 204}},     // copper green
+    {16, {12, 6, 18}, {82, 54, 110}, {192, 162, 218}},    // violet
+    {16, {18, 2, 4}, {126, 18, 22}, {236, 110, 94}},      // cloth and blood
+    {16, {20, 14, 2}, {136, 104, 26}, {248, 222, 120}},   // gold
+    {16, {10, 11, 9}, {84, 86, 76}, {190, 192, 174}},     // stone
+    {16, {72, 8, 0}, {255, 124, 0}, {255, 252, 204}},     // fire, and from here on
+    {8, {0, 48, 128}, {112, 192, 255}, {255, 255, 255}},  // blue and
+    {8, {16, 104, 16}, {112, 255, 80}, {240, 255, 224}},  // green lamps: colours that glow
+}};
+
+/// The colour between two, `step` of `steps` on the way.
+Color Between(const Color& from, const Color& to, int step, int steps) {
+  const auto mix = [&](int a, int b) { return (a * (steps - step) + b * step) / steps; };
+  return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
+}
+
+Color Shade(const Ramp& ramp, int shade) {
+  const int middle = ramp.size / 2;
+  return shade < middle ? Between(ramp.dark, ramp.middle, shade, middle)
+                        : Between(ramp.middle, ramp.bright, shade - middle, middle - 1);
+}
 
 void BuildColorTable(Palette& palette) {
   palette.colors = {};
@@ -23,45 +65,16 @@ void BuildColorTable(Palette& palette) {
   }
 }
 
-/// Hue, saturation and value, each 0 to 1, as three bytes.
-std::array<std::uint8_t, 3> FromHsv(double hue, double saturation, double value) {
-  const auto channel = [&](double offset) {
-    // A trapezium over the circle of hues, a third of it apart for each channel.
-    const double place = std::fmod(offset + hue * 6.0, 6.0);
-    const double drop = std::clamp(std::min(place, 4.0 - place), 0.0, 1.0);
-    return static_cast<std::uint8_t>(std::lround(255.0 * value * (1.0 - saturation * drop)));
-  };
-  return {channel(5.0), channel(3.0), channel(1.0)};
-}
-
 Palette MakeBuiltInPalette() {
-  // Browns and other earthy hues first: walls and floors are made of them.
-  struct Ramp {
-    double hue;
-    double saturation;
-  };
-  constexpr std::array<Ramp, kRamps> ramps{{{0.00, 0.00},
-                                            {0.08, 0.30},
-                                            {0.08, 0.60},
-                                            {0.11, 0.45},
-                                            {0.05, 0.75},
-                                            {0.13, 0.70},
-                                            {0.22, 0.45},
-                                            {0.31, 0.55},
-                                            {0.42, 0.40},
-                                            {0.50, 0.50},
-                                            {0.57, 0.30},
-                                            {0.60, 0.60},
-                                            {0.69, 0.45},
-                                            {0.80, 0.40},
-                                            {0.93, 0.55},
-                                            {0.00, 0.80}}};
   Palette palette;
-  for (int i = 1; i < kRamps * kShades; ++i) {
-    const Ramp& ramp = ramps[static_cast<std::size_t>(i / kShades)];
-    const double shade = static_cast<double>(i % kShades + 1) / kShades;
-    const auto color = FromHsv(ramp.hue, ramp.saturation, shade);
-    std::copy(color.begin(), color.end(), palette.raw.begin() + std::ptrdiff_t{3} * i);
+  auto next = palette.raw.begin();
+  for (const Ramp& ramp : kRamps) {
+    for (int shade = 0; shade < ramp.size; ++shade) {
+      const Color color = Shade(ramp, shade);
+      for (const int channel : {color.red, color.green, color.blue}) {
+        *next++ = static_cast<std::uint8_t>(channel);
+      }
+    }
   }
   BuildColorTable(palette);
   return palette;

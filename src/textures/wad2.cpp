@@ -26,9 +26,9 @@ class CBytes {
   [[nodiscard]] std::size_t Size() const { return bytes_.size(); }
 
   /// `size` bytes from `offset` on, or none when they are not all there.
-  [[nodiscard]] std::optional<CBytes> Part(std::size_t offset, std::size_t size) const {
+  [[nodiscard]] std::optional<CBytes> Part(std::uint64_t offset, std::uint64_t size) const {
     if (offset > bytes_.size() || size > bytes_.size() - offset) return std::nullopt;
-    return CBytes(bytes_.substr(offset, size));
+    return CBytes(bytes_.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(size)));
   }
 
   /// Little-endian; the four bytes must be there.
@@ -61,7 +61,7 @@ Directory FindDirectory(const CBytes& file) {
   const std::string name = "the directory of " + std::to_string(static_cast<std::int32_t>(lumps)) +
                            " lumps at " + std::to_string(offset);
   if (lumps > 0 && offset < kHeaderBytes) return {std::nullopt, name + " lies in the header"};
-  auto entries = file.Part(offset, std::size_t{lumps} * kEntryBytes);
+  auto entries = file.Part(offset, std::uint64_t{lumps} * kEntryBytes);
   if (!entries && lumps > 0) return {std::nullopt, name + " reaches past the end of the file"};
   return {entries.value_or(CBytes({})), ""};
 }
@@ -79,7 +79,7 @@ struct ReadTexture {
 
 /// Reads the lump at `offset`. It takes no more than `room` pixels: those of all textures together
 /// fit into the file, unless lumps lie over each other.
-ReadTexture Read(const CBytes& file, std::size_t offset, std::size_t room,
+ReadTexture Read(const CBytes& file, std::uint64_t offset, std::size_t room,
                  const ColorTable& colors) {
   const auto header = file.Part(offset, kMipHeaderBytes);
   if (!header) return {std::nullopt, "its header reaches past the end of the file"};
@@ -88,7 +88,8 @@ ReadTexture Read(const CBytes& file, std::size_t offset, std::size_t room,
   const std::uint32_t image = header->Unsigned(kNameBytes + 8);
   // Sizes beyond the file are no sizes; below that their product fits 64 bits.
   const bool sized = width > 0 && height > 0 && width <= file.Size() && height <= file.Size();
-  const auto pixels = sized ? file.Part(offset + image, std::size_t{width} * height) : std::nullopt;
+  const auto pixels =
+      sized ? file.Part(offset + image, std::uint64_t{width} * height) : std::nullopt;
   const std::string size = std::to_string(width) + " x " + std::to_string(height) + " pixels";
   if (!pixels) return {std::nullopt, "its " + size + " do not lie in the file"};
   if (pixels->Size() > room) return {std::nullopt, "its " + size + " lie over other lumps"};
@@ -129,7 +130,7 @@ bool CWad2::LoadBytes(std::string_view bytes) {
     complaints_.push_back(directory.error);
     return false;
   }
-  textures_.clear();
+  std::vector<Texture> textures;
   std::size_t room = file.Size();
   std::size_t damaged = 0;
   for (std::size_t i = 0; i < directory.entries->Size() / kEntryBytes; ++i) {
@@ -138,11 +139,12 @@ bool CWad2::LoadBytes(std::string_view bytes) {
     ReadTexture read = Read(file, entry.Unsigned(0), room, palette_.colors);
     if (read.texture) {
       room -= read.texture->surface.Pixels().size();
-      textures_.push_back(std::move(*read.texture));
+      textures.push_back(std::move(*read.texture));
     } else if (++damaged <= kMostComplaints) {
       complaints_.push_back("lump " + std::to_string(i) + " left out: " + read.error);
     }
   }
+  textures_ = std::move(textures);
   if (damaged > kMostComplaints) {
     complaints_.push_back("and " + std::to_string(damaged - kMostComplaints) + " more lumps");
   }

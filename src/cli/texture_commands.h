@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace zando {
+
+/// The archive and the palette that `zando-cli textures` is asked about.
+struct TextureRequest {
+  std::filesystem::path archive;
+  std::filesystem::path palette;  ///< empty for the built-in one
+  /// Takes what is damaged but does not end the command, a line each: `file: what`.
+  std::function<void(const std::string&)> warn;
+};
+
+/// Lists the textures of an archive: index, name and size, then how many there are. A name is one
+/// word of printable ASCII, with other bytes as \xHH and an empty one as "". Throws
+/// CCommandFailure.
+void ListTextures(const TextureRequest& request, std::ostream& out);
+
+/// Writes each texture into the folder, made if it is missing, as an indexed NAME.png. In a file's
+/// name `*` is `#`, and whatever is not a letter, a digit, `_`, `+` or `-` is `_`; a name that is
+/// empty or there already gets a number. Throws CCommandFailure.
+void WriteTextures(const TextureRequest& request, const std::filesystem::path& folder,
+                   std::ostream& out);
+
+}  // namespace zando

@@ -1,0 +1,154 @@
+#include "textures/wad2.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/file_io.h"
+#include "support/made_up_wad.h"
+
+namespace zando {
+namespace {
+
+using testing::Archive;
+using testing::Entry;
+using testing::Header;
+using testing::MipHead;
+
+/// Width, height, name and pixels of every texture, a line each.
+std::string Held(const CWad2& wad) {
+  std::string text;
+  for (const Texture& texture : wad.Textures()) {
+    text += std::to_string(texture.width) + 'x' + std::to_string(texture.height) + ' ' +
+            texture.name + ' ';
+    for (const std::uint8_t pixel : texture.surface.Pixels()) text += static_cast<char>(pixel);
+    text += '\n';
+  }
+  return text;
+}
+
+const std::string kTwoByTwo = MipHead("old", 2, 2) + "abcd";
+
+TEST(Wad2, TakesMipTexturesInDirectoryOrder) {
+  const std::string bytes = Archive({{"a palette", '@'},
+                                     {MipHead("rock", 3, 2, 43) + "---pixels"},
+                                     {kTwoByTwo, 'B'},
+                                     {MipHead("*water", 1, 4) + "wave"},
+                                     {MipHead("exactly16letters", 2, 1) + "ab"}});
+  CWad2 wad;
+  ASSERT_TRUE(wad.LoadBytes(bytes));
+  EXPECT_EQ(Held(wad), "3x2 rock pixels\n1x4 *water wave\n2x1 exactly16letters ab\n");
+  EXPECT_EQ(wad.TextureCount(), 3);
+  EXPECT_TRUE(wad.Complaints().empty());
+  EXPECT_EQ(wad.Textures()[0].surface.Colors(), BuiltInPalette().colors);
+
+  // Two entries may share a lump as long as the file is large enough for both.
+  const std::string shared = Header(2, 12) + Entry(76) + Entry(76) + kTwoByTwo;
+  ASSERT_TRUE(wad.LoadBytes(shared));
+  EXPECT_EQ(Held(wad), "2x2 old abcd\n2x2 old abcd\n");
+  ASSERT_TRUE(wad.LoadBytes(Header(0, 0xFFFFFFFF)));
+  EXPECT_EQ(wad.TextureCount(), 0);
+}
+
+TEST(Wad2, RefusedArchiveKeepsWhatIsHeld) {
+  const std::string good = Archive({{kTwoByTwo}});
+  std::vector<std::string> refused{"",
+                                   good.substr(0, 11),
+                                   good.substr(0, good.size() - 1),
+                                   Header(0xFFFFFFFF, 12) + std::string(64, 'D'),
+                                   Header(0x80000000, 12) + std::string(64, 'D'),
+                                   Header(0x7FFFFFFF, 12) + std::string(64, 'D'),
+                                   Header(0x08000001, 12) + std::string(64, 'D'),
+                                   Header(2, 13) + std::string(64, 'D'),
+                                   Header(1, 0) + std::string(64, 'D'),
+                                   Header(1, 11) + std::string(64, 'D'),
+                                   Header(1, 0xFFFFFFF4) + std::string(64, 'D')};
+  for (std::size_t i = 0; i < 4; ++i) {
+    refused.push_back(good);
+    refused.back()[i] ^= '\x20';
+  }
+  CWad2 wad;
+  ASSERT_TRUE(wad.LoadBytes(good));
+  for (const std::string& bytes : refused) {
+    EXPECT_FALSE(wad.LoadBytes(bytes)) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(wad.Complaints().size(), 1U) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(Held(wad), "2x2 old abcd\n");
+  }
+}
+
+TEST(Wad2, DamagedTextureIsLeftOutWithAReason) {
+  constexpr std::uint32_t kMost = 0xFFFFFFFF;
+  const std::string nowhere = " pixels do not lie in the file";
+  const struct {
+    std::string bytes;
+    std::string reason;
+  } cases[] = {
+      {Header(1, 12) + Entry(kMost), "its header reaches past the end of the file"},
+      {Header(1, 12) + Entry(44) + kTwoByTwo.substr(0, 39),
+       "its header reaches past the end of the file"},
+      {Header(1, 12) + Entry(44) + kTwoByTwo.substr(0, 43), "its 2 x 2" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", 2, 2, kMost), "its 2 x 2" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", 0, 2), "its 0 x 2" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", 2, 0), "its 2 x 0" + nowhere},
+      // Products that are 0 or 4 in 32 bits, and 4 as signed numbers.
+      {Header(1, 12) + Entry(44) + MipHead("", 0x10000, 0x10000), "its 65536 x 65536" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", 0x40000001, 4), "its 1073741825 x 4" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", kMost - 1, kMost - 1),
+       "its 4294967294 x 4294967294" + nowhere},
+      {Header(1, 12) + Entry(44) + MipHead("", 1, kMost), "its 1 x 4294967295" + nowhere},
+  };
+  CWad2 wad;
+  for (const auto& [bytes, reason] : cases) {
+    ASSERT_TRUE(wad.LoadBytes(bytes)) << reason;
+    EXPECT_EQ(wad.TextureCount(), 0) << reason;
+    EXPECT_EQ(wad.Complaints(), std::vector<std::string>{"lump 0 left out: " + reason});
+  }
+  // What is whole stays; the place in the directory counts lumps of every kind.
+  ASSERT_TRUE(wad.LoadBytes(Archive({{"", '@'}, {MipHead("", 99, 99)}, {kTwoByTwo}})));
+  EXPECT_EQ(Held(wad), "2x2 old abcd\n");
+  EXPECT_EQ(wad.Complaints(),
+            std::vector<std::string>{"lump 1 left out: its 99 x 99 pixels do not lie in the file"});
+}
+
+TEST(Wad2, LumpsOverEachOtherTakeNoMoreRoomThanTheFile) {
+  constexpr std::uint32_t kLumps = 1000;
+  std::string bytes = Header(kLumps, 12);
+  const std::uint32_t lump = 12 + 32 * kLumps;
+  for (std::uint32_t i = 0; i < kLumps; ++i) bytes += Entry(lump);
+  bytes += MipHead("same", 1000, 10) + std::string(10000, 'x');
+  CWad2 wad;
+  ASSERT_TRUE(wad.LoadBytes(bytes));
+  EXPECT_EQ(wad.TextureCount(), 4);
+  ASSERT_EQ(wad.Complaints().size(), 11U);
+  EXPECT_EQ(wad.Complaints().front(), "lump 4 left out: its 1000 x 10 pixels lie over other lumps");
+  EXPECT_EQ(wad.Complaints().back(), "and 986 more lumps");
+}
+
+TEST(Wad2, CreateTakesPaletteFirstAndPassesOverWhatIsMissing) {
+  const std::string folder = ::testing::TempDir();
+  const std::string palette = folder + "zando_wad2.lmp";
+  const std::string archive = folder + "zando_wad2.wad";
+  ASSERT_EQ(WriteFileAtomically(palette, std::string(kPaletteBytes, '\x33')), "");
+  ASSERT_EQ(WriteFileAtomically(archive, Archive({{kTwoByTwo}})), "");
+  CWad2 wad;
+  wad.Create(palette, archive);
+  EXPECT_EQ(Held(wad), "2x2 old abcd\n");
+  EXPECT_EQ(wad.Textures()[0].surface.Colors()[9],
+            (RgbQuad{.blue = 0x33, .green = 0x33, .red = 0x33}));
+
+  EXPECT_FALSE(wad.Load(folder + "zando_missing.wad"));
+  EXPECT_EQ(Held(wad), "2x2 old abcd\n");
+  CWad2 nothing;
+  nothing.Create(folder + "zando_missing.lmp", folder + "zando_missing.wad");
+  EXPECT_EQ(nothing.TextureCount(), 0);
+  EXPECT_EQ(nothing.GetPalette().colors, BuiltInPalette().colors);
+  EXPECT_TRUE(nothing.Complaints().empty());
+  std::filesystem::remove(palette);
+  std::filesystem::remove(archive);
+}
+
+}  // namespace
+}  // namespace zando
