@@ -1,6 +1,7 @@
 #include "views/zando_view.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "document/command_ids.h"
@@ -228,7 +229,7 @@ void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up)
   }
   if (!IsEditingTool(dragTool_)) return;
   if (const auto step = FindToolStep(dragTool_, kind_, flags, left, up)) {
-    (document_.*step->operation)(step->amount, settings_.ActiveAxisMask);
+    std::invoke(step->operation, document_, step->amount, settings_.ActiveAxisMask);
     entityMoved_ |= dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY;
   }
   window_->RedrawNow();
