@@ -84,7 +84,7 @@ class CFileNames {
     if (!base.empty() && taken_.insert(Lower(base)).second) return base;
     int& number = numbers_[Lower(base)];
     for (;;) {
-      const std::string name = base + (base.empty() ? "" : "_") + std::to_string(++number);
+      std::string name = base + (base.empty() ? "" : "_") + std::to_string(++number);
       if (taken_.insert(Lower(name)).second) return name;
     }
   }

@@ -45,6 +45,7 @@ constexpr std::array<Ramp, 17> kRamps{{
 
 /// The colour between two, `step` of `steps` on the way.
 Color Between(const Color& from, const Color& to, int step, int steps) {
+  if (steps <= 0) return to;
   const auto mix = [&](int a, int b) { return (a * (steps - step) + b * step) / steps; };
   return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
 }

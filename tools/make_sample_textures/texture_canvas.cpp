@@ -54,7 +54,9 @@ CCanvas::CCanvas(int width, int height)
       texels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
 
 Texel& CCanvas::At(int x, int y) {
-  return texels_[static_cast<std::size_t>(Wrap(y, height_) * width_ + Wrap(x, width_))];
+  const auto row = static_cast<std::size_t>(Wrap(y, height_));
+  return texels_[row * static_cast<std::size_t>(width_) +
+                 static_cast<std::size_t>(Wrap(x, width_))];
 }
 
 void CCanvas::Each(const std::function<void(int x, int y, Texel&)>& paint) {
@@ -85,7 +87,7 @@ int CCanvas::Clouds(int x, int y, int cell, int seed) const {
     sum += Hills(x, y, cell, seed + cell) * weight;
     most += weight;
   }
-  return sum / most;
+  return sum / std::max(most, 1);
 }
 
 CCanvas::Shard CCanvas::ShardAt(int x, int y, int cell, int seed) const {
