@@ -4,8 +4,11 @@
 #include <QPainter>
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <new>
+#include <vector>
 
 #include "bench_level.h"
 #include "document/zando_doc.h"
@@ -31,14 +34,23 @@ namespace {
 
 constexpr std::int32_t kBrushes = 1000;
 
-/// A level with its optimal world, made once.
-CZANDODoc& Level(Kind kind) {
-  static std::array<std::unique_ptr<CZANDODoc>, 2> levels;
+/// A level with its optimal world. Each polygon's tag is its index.
+struct Level {
+  CZANDODoc document;
+  std::vector<const CBspNode*> polygons{nullptr};
+};
+
+/// Made once.
+Level& LevelOf(Kind kind) {
+  static std::array<std::unique_ptr<Level>, 2> levels;
   auto& level = levels[static_cast<std::size_t>(kind)];
-  if (level == nullptr) {
-    level = std::make_unique<CZANDODoc>();
-    FillDocument(*level, kind, kBrushes);
-  }
+  if (level != nullptr) return *level;
+  level = std::make_unique<Level>();
+  FillDocument(level->document, kind, kBrushes);
+  WalkBackFrontNode(level->document.World.root, [&level](CBspNode* node) {
+    node->polygon.tag = static_cast<std::uint32_t>(level->polygons.size());
+    level->polygons.push_back(node);
+  });
   return *level;
 }
 
@@ -56,7 +68,7 @@ constexpr Eye kEyes[] = {
 };
 
 struct Scene {
-  CZANDODoc& document;
+  Level& level;
   CCamera camera;
 };
 
@@ -65,7 +77,7 @@ Scene MakeScene(const benchmark::State& state) {
   const auto kind = static_cast<Kind>(state.range(0));
   const auto width = static_cast<std::int32_t>(state.range(1));
   const Eye& eye = kEyes[state.range(2)];
-  Scene scene{Level(kind), {}};
+  Scene scene{LevelOf(kind), {}};
   scene.camera.SetViewport(0, 0, width, width * 9 / 16);
   scene.camera.Position = eye.place * (kind == Kind::OnGrid ? 2150.0 : 1800.0);
   scene.camera.Yaw = eye.yaw;
@@ -78,12 +90,12 @@ void SolidFrame(benchmark::State& state) {
   const Scene scene = MakeScene(state);
   CSolidRenderer renderer;
   renderer.SetViewport(scene.camera.Width(), scene.camera.Height(),
-                       scene.document.Textures.GetPalette().colors);
+                       scene.level.document.Textures.GetPalette().colors);
   QImage image(scene.camera.Width(), scene.camera.Height(), QImage::Format_RGB32);
   QPainter painter(&image);
   CPainterDC dc(painter, image.size());
   const auto draw = [&] {
-    renderer.Render(scene.camera, scene.document.World, RenderMode::Solid);
+    renderer.Render(scene.camera, scene.level.document.World, RenderMode::Solid);
     renderer.Present(dc);
   };
   draw();
@@ -96,21 +108,46 @@ void SolidFrame(benchmark::State& state) {
   state.counters["full"] = renderer.Spans().ScreenFull() ? 1.0 : 0.0;
 }
 
-/// What of a frame is neither filling nor copying the picture nor finding what to fill it with.
+/// The walk, scan conversion and the clearing of the picture: no filling, no copy.
 void SolidSpansOnly(benchmark::State& state) {
   const Scene scene = MakeScene(state);
   CSolidRenderer renderer;
   renderer.SetViewport(scene.camera.Width(), scene.camera.Height(), ColorTable{});
   for (auto step : state) {
-    renderer.Render(scene.camera, scene.document.World, RenderMode::Textured);
+    renderer.Render(scene.camera, scene.level.document.World, RenderMode::Textured);
   }
+}
+
+/// In parts of a million, the pixels of the spans for which the depth buffer has a polygon of
+/// another plane. Faces of two brushes can fill the same place; either may show.
+double Differing(const CSpanBuffer& spans, const std::vector<std::uint32_t>& tags,
+                 const std::vector<const CBspNode*>& polygons) {
+  std::int64_t covered = 0;
+  std::int64_t differing = 0;
+  for (const Span& span : spans.Spans()) {
+    const auto row = tags.begin() + std::ptrdiff_t{span.y} * spans.Width();
+    const CBspNode* shown = polygons[span.color];
+    differing += std::count_if(row + span.x0, row + span.x1, [&](std::uint32_t tag) {
+      if (tag == span.color) return false;
+      const CBspNode* other = polygons[tag];
+      return other == nullptr || Dot(other->plane.normal, shown->plane.normal) < 1.0 - 1e-9 ||
+             ClassifyPoint(other->plane, shown->polygon[0]) != PointClass::On;
+    });
+    covered += span.x1 - span.x0;
+  }
+  return 1e6 * static_cast<double>(differing) / static_cast<double>(covered);
 }
 
 /// The same polygons pixel by pixel, with a depth for each pixel. Tags of 32 bits, not shown.
 void DepthBufferFrame(benchmark::State& state) {
   const Scene scene = MakeScene(state);
   testing::CDepthBuffer depths(scene.camera.Width(), scene.camera.Height());
-  for (auto step : state) depths.Draw(scene.camera, scene.document.World);
+  for (auto step : state) depths.Draw(scene.camera, scene.level.document.World);
+  CSolidRenderer renderer;
+  renderer.SetViewport(scene.camera.Width(), scene.camera.Height(), ColorTable{});
+  renderer.Render(scene.camera, scene.level.document.World, RenderMode::Textured);
+  state.counters["differing_ppm"] =
+      Differing(renderer.Spans(), depths.Tags(), scene.level.polygons);
 }
 
 void FillSurface(benchmark::State& state) {
