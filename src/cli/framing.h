@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 
 #include "document/zando_doc.h"
@@ -19,13 +20,14 @@ struct ViewAngles {
 /// A picture of a level as it was asked for; what is left open is chosen so that the whole level
 /// fits.
 struct PictureRequest {
-  ViewKind kind = ViewKind::Wireframe;  ///< not solid, not texture
-  std::int32_t width = 1024;            ///< pixels
+  ViewKind kind = ViewKind::Wireframe;
+  std::int32_t width = 1024;  ///< pixels
   std::int32_t height = 768;
   std::optional<Vector> at;          ///< the eye; the middle of an orthographic picture
-  std::optional<ViewAngles> angles;  ///< of a wireframe
+  std::optional<ViewAngles> angles;  ///< of a picture in perspective
   std::optional<double> zoom;        ///< pixels per map unit, of an orthographic picture
   bool grid = true;                  ///< of an orthographic picture
+  std::optional<std::filesystem::path> palette;  ///< of a solid or texture picture
 };
 
 /// Puts the camera where the request wants it, ready to draw, and returns the zoom. Only what is

@@ -116,24 +116,31 @@ CLI::Option* AddText(CLI::App& app, const std::string& name, const std::string& 
 
 void CheckPicture(const PictureRequest& picture) {
   if (IsOrthographic(picture.kind)) {
-    if (picture.angles) throw CLI::ValidationError("--angles", "are for a wireframe only");
+    if (picture.angles) {
+      throw CLI::ValidationError("--angles", "are for wireframe, solid and texture only");
+    }
   } else if (picture.zoom) {
     throw CLI::ValidationError("--zoom", "is for top, side and front only");
+  }
+  const bool hasColors = picture.kind == ViewKind::Solid || picture.kind == ViewKind::Texture;
+  if (picture.palette && !hasColors) {
+    throw CLI::ValidationError("--palette", "is for solid and texture only");
   }
 }
 
 void AddRender(CLI::App& app, Request& request) {
-  static const std::map<std::string, ViewKind> kKinds{{"top", ViewKind::Top},
-                                                      {"side", ViewKind::Side},
-                                                      {"front", ViewKind::Front},
-                                                      {"wireframe", ViewKind::Wireframe}};
+  static const std::map<std::string, ViewKind> kKinds{
+      {"top", ViewKind::Top},     {"side", ViewKind::Side},
+      {"front", ViewKind::Front}, {"wireframe", ViewKind::Wireframe},
+      {"solid", ViewKind::Solid}, {"texture", ViewKind::Texture}};
   PictureRequest& picture = request.picture;
   CLI::App* render = app.add_subcommand("render", "Draw a level into a PNG file");
-  AddText(*render, "--view", "top, side, front or wireframe (default)", "VIEW",
+  AddText(*render, "--view", "top, side, front, wireframe (default), solid or texture", "VIEW",
           [&picture](const std::string& text) {
             const auto found = kKinds.find(text);
             if (found == kKinds.end()) {
-              throw CScriptError("expected top, side, front or wireframe, not '" + text + '\'');
+              throw CScriptError("expected top, side, front, wireframe, solid or texture, not '" +
+                                 text + '\'');
             }
             picture.kind = found->second;
           });
@@ -145,10 +152,13 @@ void AddRender(CLI::App& app, Request& request) {
           });
   AddText(*render, "--at", "the eye, or the middle of a top, side or front view", "X,Y,Z",
           [&picture](const std::string& text) { picture.at = ParsePlace(text); });
-  AddText(*render, "--angles", "where the eye of a wireframe looks, in degrees", "YAW,PITCH,ROLL",
+  AddText(*render, "--angles", "where the eye looks, in degrees; not for top, side and front",
+          "YAW,PITCH,ROLL",
           [&picture](const std::string& text) { picture.angles = ParseAngles(text); });
   AddText(*render, "--zoom", "pixels per map unit of a top, side or front view, 0.001 to 1000", "S",
           [&picture](const std::string& text) { picture.zoom = ParseZoom(text); });
+  render->add_option("--palette", picture.palette,
+                     "colours of a solid or texture view, a file of 768 bytes (built in)");
   render->add_flag("--no-grid{false}", picture.grid, "no grid and no axes of the world");
   render->add_option("LEVEL", request.input, kLevelFile)->required();
   render->add_option("OUT", request.output, "the .png file to write")->required();

@@ -6,11 +6,14 @@
 #include "cli/level_info.h"
 #include "cli/png_image.h"
 #include "cli/script.h"
+#include "csg/bsp_node.h"
 #include "document/document_file.h"
 #include "formats/map_writer.h"
 #include "platform/file_io.h"
 #include "platform/text.h"
+#include "textures/palette.h"
 #include "views/camera.h"
+#include "views/solid_renderer.h"
 #include "views/wireframe.h"
 
 namespace zando {
@@ -27,6 +30,20 @@ std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
 void Save(CZANDODoc& document, const fs::path& path) {
   const std::string error = SaveDocumentFile(document, path);
   if (!error.empty()) throw CCommandFailure(path, error);
+}
+
+bool IsSolid(ViewKind kind) { return kind == ViewKind::Solid || kind == ViewKind::Texture; }
+
+/// The world's polygons under the entities, as a solid or texture view shows them.
+void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Palette& palette) {
+  const CCamera& camera = drawing.camera;
+  CSolidRenderer renderer;
+  if (!renderer.SetViewport(camera.Width(), camera.Height(), palette.colors)) {
+    throw CCommandFailure("there is no memory for a picture of this size");
+  }
+  renderer.Render(camera, document.World,
+                  drawing.kind == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
+  renderer.Present(drawing.dc);
 }
 
 bool HasExtension(const fs::path& path, std::string_view extension) {
@@ -101,7 +118,13 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
 
 void RenderLevel(const fs::path& input, const fs::path& output, const PictureRequest& request,
                  std::ostream& out) {
+  // Polygons get their flat colours as they are loaded; the same level gives the same picture.
+  SeedColorTags(1);
   const std::unique_ptr<CZANDODoc> document = Load(input);
+  Palette palette = BuiltInPalette();
+  if (request.palette && !LoadPalette(*request.palette, palette)) {
+    throw CCommandFailure(*request.palette, "cannot be read");
+  }
   document->RefreshColors();
   CCamera camera;
   const double zoom = FrameLevel(*document, request, camera);
@@ -109,7 +132,11 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     const ViewDrawing drawing{dc, camera, request.kind, zoom, {request.width, request.height}};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
-    DrawBrushes(drawing, *document);
+    if (IsSolid(request.kind)) {
+      DrawWorld(drawing, *document, palette);
+    } else {
+      DrawBrushes(drawing, *document);
+    }
     if (document->ShowEntities != 0) DrawEntities(drawing, *document);
   });
   if (!image.bytes) throw CCommandFailure(output, image.error);

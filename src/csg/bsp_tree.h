@@ -70,6 +70,10 @@ struct WalkStep {
 };
 using CWalkStack = std::vector<WalkStep>;
 
+/// Replaces the last few nodes of the stack that are not to be drawn yet by their subtrees and,
+/// where they face the eye, themselves.
+void ExpandSteps(CWalkStack& stack, const Vector& eye);
+
 /// The same with a stack that the caller keeps from walk to walk.
 template <typename Visitor>
 void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack, Visitor&& visit);

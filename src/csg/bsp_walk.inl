@@ -28,25 +28,15 @@ void WalkBackFrontNode(CBspNode* root, Visitor&& visit) {
 template <typename Visitor>
 void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack, Visitor&& visit) {
   stack.clear();
-  const auto push = [&stack](const CBspNode* node) {
-    if (node != nullptr) stack.push_back({node, false});
-  };
-  push(root);
+  if (root != nullptr) stack.push_back({root, false});
   while (!stack.empty()) {
     const WalkStep step = stack.back();
-    stack.pop_back();
-    if (step.draw) {
-      if (visit(step.node)) return;
+    if (!step.draw) {
+      ExpandSteps(stack, eye);
       continue;
     }
-    if (ClassifyPoint(step.node->plane, eye) == PointClass::Front) {
-      push(step.node->back);
-      stack.push_back({step.node, true});
-      push(step.node->front);
-    } else {
-      push(step.node->front);
-      push(step.node->back);
-    }
+    stack.pop_back();
+    if (visit(step.node)) return;
   }
 }
 

@@ -22,7 +22,11 @@ constexpr double kSteepest = 1e300;
 
 double Limited(double coordinate) { return std::clamp(coordinate, -kFarthest, kFarthest); }
 
-std::int64_t Ceiling(double value) { return static_cast<std::int64_t>(std::ceil(value)); }
+/// Of a coordinate within the limits.
+std::int64_t Ceiling(double value) {
+  const auto whole = static_cast<std::int64_t>(value);
+  return whole + (static_cast<double>(whole) < value ? 1 : 0);
+}
 
 std::int64_t ToStep(double slope) {
   return static_cast<std::int64_t>(std::clamp(slope * kOne, -kLongestStep, kLongestStep));
@@ -49,61 +53,48 @@ void TraceEdge(const Point& from, const Point& to, std::int32_t height,
   }
 }
 
-/// Indices of the first of the least and of the first of the greatest.
+/// Indices of the first of the points with the least and the greatest coordinates.
 struct Extremes {
-  std::int32_t least;
-  std::int32_t greatest;
+  std::size_t left = 0;
+  std::size_t right = 0;
+  std::size_t top = 0;
+  std::size_t bottom = 0;
+  bool finite = true;
 };
 
-Extremes FindExtremes(const CProjectedPoly& polygon, double Point::*coordinate) {
-  Extremes result{0, 0};
-  const auto at = [&](std::int32_t i) {
-    return polygon.points[static_cast<std::size_t>(i)].*coordinate;
-  };
-  for (std::int32_t i = 1; i < polygon.count; ++i) {
-    if (at(i) < at(result.least)) result.least = i;
-    if (at(i) > at(result.greatest)) result.greatest = i;
+Extremes FindExtremes(std::span<const Point> points) {
+  Extremes result;
+  double sum = 0.0;  // of zeros, unless a coordinate is not finite
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const Point& point = points[i];
+    if (point.x < points[result.left].x) result.left = i;
+    if (point.x > points[result.right].x) result.right = i;
+    if (point.y < points[result.top].y) result.top = i;
+    if (point.y > points[result.bottom].y) result.bottom = i;
+    sum += point.x * 0.0 + point.y * 0.0;
   }
+  result.finite = sum == 0.0;
   return result;
-}
-
-bool AreFinite(std::span<const Point> points) {
-  return std::all_of(points.begin(), points.end(), [](const Point& point) {
-    return std::isfinite(point.x) && std::isfinite(point.y);
-  });
 }
 
 }  // namespace
 
-void CScanConverter::TraceChain(const CProjectedPoly& polygon, std::int32_t top,
-                                std::int32_t bottom, std::int32_t step, std::int32_t height,
-                                CChain& chain) {
-  const auto at = [&](std::int32_t i) -> const Point& {
-    return polygon.points[static_cast<std::size_t>(i)];
-  };
-  for (std::int32_t i = top; i != bottom;) {
-    const std::int32_t next = (i + step + polygon.count) % polygon.count;
-    TraceEdge(at(i), at(next), height, chain);
-    i = next;
-  }
-}
-
 void CScanConverter::ScanConvert(const CProjectedPoly& polygon, const BrushFace* face,
                                  CSpanBuffer& spans) {
-  if (polygon.count < 3 || !AreFinite(polygon.Points())) return;
-  const Extremes across = FindExtremes(polygon, &Point::x);
-  const Extremes down = FindExtremes(polygon, &Point::y);
-  if (across.least == across.greatest || down.least == down.greatest) return;
+  const std::span<const Point> points = polygon.Points();
+  if (points.size() < 3) return;
+  const Extremes extremes = FindExtremes(points);
+  if (!extremes.finite) return;
+  if (extremes.left == extremes.right || extremes.top == extremes.bottom) return;
 
-  const auto at = [&](std::int32_t i) { return polygon.points[static_cast<std::size_t>(i)]; };
-  const double top = at(down.least).y;
-  const double bottom = at(down.greatest).y;
+  const double top = points[extremes.top].y;
+  const double bottom = points[extremes.bottom].y;
   const std::int32_t width = spans.Width();
   const std::int32_t height = spans.Height();
-  if (std::floor(at(across.least).x) >= width || std::floor(at(across.greatest).x) < 0.0) return;
-  if (std::floor(top) >= height || std::floor(bottom) < 0.0) return;
-  const double first = std::ceil(top);
-  const double last = std::ceil(bottom);
+  if (points[extremes.left].x >= width || points[extremes.right].x < 0.0) return;
+  if (top >= height || bottom < 0.0) return;
+  const std::int64_t first = Ceiling(Limited(top));
+  const std::int64_t last = Ceiling(Limited(bottom));
   if (first == last) return;
 
   const auto rows = static_cast<std::size_t>(height);
@@ -111,10 +102,19 @@ void CScanConverter::ScanConvert(const CProjectedPoly& polygon, const BrushFace*
     left_.resize(rows);
     right_.resize(rows);
   }
-  TraceChain(polygon, down.least, down.greatest, -1, height, left_);
-  TraceChain(polygon, down.least, down.greatest, 1, height, right_);
-  const auto y1 = static_cast<std::int32_t>(std::min<double>(last, height));
-  for (auto y = static_cast<std::int32_t>(std::max(first, 0.0)); y < y1; ++y) {
+  const std::size_t count = points.size();
+  for (std::size_t i = extremes.top; i != extremes.bottom;) {
+    const std::size_t previous = (i == 0 ? count : i) - 1;
+    TraceEdge(points[i], points[previous], height, left_);
+    i = previous;
+  }
+  for (std::size_t i = extremes.top; i != extremes.bottom;) {
+    const std::size_t next = i + 1 == count ? 0 : i + 1;
+    TraceEdge(points[i], points[next], height, right_);
+    i = next;
+  }
+  const auto y1 = static_cast<std::int32_t>(std::min<std::int64_t>(last, height));
+  for (auto y = static_cast<std::int32_t>(std::max<std::int64_t>(first, 0)); y < y1; ++y) {
     const auto row = static_cast<std::size_t>(y);
     const std::int64_t x0 = std::max<std::int64_t>(left_[row], 0);
     const std::int64_t x1 = std::min<std::int64_t>(right_[row], width);

@@ -24,11 +24,6 @@ class CScanConverter {
   /// places far outside do not wrap.
   using CChain = std::vector<std::int64_t>;
 
-  /// The edges from vertex `top` to vertex `bottom`, with the vertex list walked in steps of
-  /// `step`.
-  static void TraceChain(const CProjectedPoly& polygon, std::int32_t top, std::int32_t bottom,
-                         std::int32_t step, std::int32_t height, CChain& chain);
-
   CChain left_;
   CChain right_;
 };

@@ -59,7 +59,7 @@ TEST_F(Render, WholeLevelFitsWhateverTheView) {
       MakeLevel("far.3dz",
                 "box x=64 y=640 z=64\nposition 5000 200 -3000\nadd\nentity light\n"
                 "entity origin 4000 100 -2000\n");
-  for (const char* view : {"top", "side", "front", "wireframe"}) {
+  for (const char* view : {"top", "side", "front", "wireframe", "solid"}) {
     ASSERT_EQ(Draw({"--view", view, "--size", "80x60", "--no-grid"}, level).err, "");
     const QImage image(QString::fromStdString(Path("out.png")));
     int inside = 0;
@@ -77,10 +77,38 @@ TEST_F(Render, WholeLevelFitsWhateverTheView) {
 
 TEST_F(Render, SameLevelGivesTheSameBytes) {
   const std::string level = MakeLevel("box.3dz", "box\nadd\n");
-  ASSERT_EQ(Draw({}, level).status, kCliDone);
-  const std::string first = Read(Path("out.png"));
-  ASSERT_EQ(Draw({}, level).status, kCliDone);
-  EXPECT_EQ(Read(Path("out.png")), first);
+  for (const char* view : {"wireframe", "solid"}) {
+    ASSERT_EQ(Draw({"--view", view}, level).status, kCliDone);
+    const std::string first = Read(Path("out.png"));
+    ASSERT_EQ(Draw({"--view", view}, level).status, kCliDone);
+    EXPECT_EQ(Read(Path("out.png")), first);
+  }
+}
+
+TEST_F(Render, SolidShowsTheStoredWorldInThePalettesColours) {
+  // The box is moved after it was built into the world. Its front is 16 units away, where a pixel
+  // is two units: at that width the picture reaches over the edge, to a multiple of four.
+  const std::string level =
+      MakeLevel("box.3dz", "box x=16 y=8 z=8\nadd\npick last\nposition 0 100 0\n");
+  const std::string palette = Write("bright.lmp", std::string(3, '\0') + std::string(765, '\x77'));
+  const std::vector<std::string> options{"--at", "0,0,-20",   "--angles", "0,0,0", "--size",
+                                         "14x6", "--palette", palette,    "--view"};
+  const auto with = [&options](const std::string& view) {
+    std::vector<std::string> all = options;
+    all.push_back(view);
+    return all;
+  };
+  EXPECT_EQ(Draw(with("solid"), level).err, "");
+  EXPECT_EQ(Picture(),
+            "..............\n"
+            "....########..\n"
+            "....########..\n"
+            "....########..\n"
+            "....########..\n"
+            "..............\n");
+  EXPECT_EQ(QImage(QString::fromStdString(Path("out.png"))).pixel(5, 2), 0xFF777777U);
+  EXPECT_EQ(Draw(with("texture"), level).err, "");
+  EXPECT_EQ(Picture().find('#'), std::string::npos);
 }
 
 TEST_F(Render, OptionsThatMeanNothingAreRefused) {
@@ -92,7 +120,9 @@ TEST_F(Render, OptionsThatMeanNothingAreRefused) {
                                              {"--size", "10"},
                                              {"--size", "10x-5"},
                                              {"--size", "99999999999x1"},
-                                             {"--view", "solid"},
+                                             {"--view", "flat"},
+                                             {"--view", "solid", "--zoom", "1"},
+                                             {"--palette", "PALETTE.LMP"},
                                              {"--at", "1,2"},
                                              {"--at", "1,2,nan"},
                                              {"--at", "1,2,3,4"},
@@ -105,6 +135,9 @@ TEST_F(Render, OptionsThatMeanNothingAreRefused) {
     EXPECT_NE(outcome.err, "");
   }
   EXPECT_EQ(Draw({}, Path("missing.3dz")).status, kCliFailed);
+  const std::string missing = Path("missing.lmp");
+  EXPECT_EQ(Draw({"--view", "solid", "--palette", missing}, level).err,
+            missing + ": cannot be read\n");
   EXPECT_EQ(FilesHere(), before);
 }
 

@@ -26,7 +26,7 @@ struct PixelModel {
          ++x) {
       std::uint32_t& tag = Tags[static_cast<std::size_t>(y * Width + x)];
       const bool free = tag == 0;
-      if (free && !open) Records.push_back({x, x, y, color, nullptr, kNoSpan});
+      if (free && !open) Records.push_back({x, x, y, color, nullptr});
       if (free) {
         tag = color;
         Records.back().x1 = x + 1;
@@ -45,7 +45,7 @@ TEST(SpanBuffer, EveryPixelBelongsToTheFirstSpanThatReachedIt) {
   CRandom random(5);
   CSpanBuffer spans;
   for (int round = 0; round < 400; ++round) {
-    const std::int32_t width = random.Between(0, 60);
+    const std::int32_t width = random.Between(0, 200);
     const std::int32_t height = random.Between(0, 3);
     PixelModel model(width, height);
     spans.ResetSpans(width, height);
