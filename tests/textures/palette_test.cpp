@@ -27,7 +27,7 @@ TEST(PaletteFile, IsRedGreenBlueForEachIndex) {
 
 TEST(PaletteFile, ReplacesWhatItHoldsAndNothingElse) {
   const std::string path = ::testing::TempDir() + "zando_palette.lmp";
-  for (const std::size_t size : {0, 1, 300, 767, 768, 800}) {
+  for (const std::size_t size : {0U, 1U, 300U, 767U, 768U, 800U}) {
     ASSERT_EQ(WriteFileAtomically(path, std::string(size, '\x5A')), "");
     Palette palette = BuiltInPalette();
     ASSERT_TRUE(LoadPalette(path, palette));
