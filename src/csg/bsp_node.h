@@ -10,22 +10,26 @@ namespace zando {
 /// One polygon of a BSP tree, with its links. In a node tree every polygon is a node and a null
 /// child is an empty half-space. In a leaf tree a child may be a cell instead: a list of polygons
 /// through `link` whose head has nLeaf set. Nodes belong to the tree that handed them out.
-struct CBspNode {
+///
+/// What a walk reads of every node comes first, in one cache line: a walk of a large tree does
+/// little but wait for memory.
+struct alignas(64) CBspNode {
+  Plane plane{};
   CBspNode* front = nullptr;  ///< the side into which the plane's normal points
   CBspNode* back = nullptr;
   CBspNode* chain = nullptr;  ///< next further polygon kept at this node
-  CBspNode* link = nullptr;   ///< next node of a flat list, or next polygon of a leaf cell
+  std::int32_t nValid = 1;    ///< 1 visible, 0 hidden
+  std::int32_t nFresh = 1;    ///< made during the brush insertion under way
 
-  std::int32_t nFresh = 1;        ///< made during the brush insertion under way
-  std::int32_t nValid = 1;        ///< 1 visible, 0 hidden
-  std::int32_t nLeaf = 0;         ///< leaf tree: heads a cell
-  std::int32_t nSide = 0;         ///< carving tree: 0 behind the face it was made from, 1 in front
   std::int32_t nBid = -1;         ///< BBid of the brush that the polygon came from, -1 for none
   std::int32_t nPolNum = 0;       ///< index of the face within that brush
   CZandoBrush* pBrush = nullptr;  ///< that brush, or null after it was deleted; not owned
 
-  Plane plane{};
   CZandoPoly polygon;
+
+  CBspNode* link = nullptr;  ///< next node of a flat list, or next polygon of a leaf cell
+  std::int32_t nLeaf = 0;    ///< leaf tree: heads a cell
+  std::int32_t nSide = 0;    ///< carving tree: 0 behind the face it was made from, 1 in front
 
   /// Takes a copy of the polygon: with a fresh colour tag and its own plane.
   void TakePolygon(const CZandoPoly& source);

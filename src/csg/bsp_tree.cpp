@@ -62,7 +62,7 @@ SplitResult CConstructiveBsp::Split(const Plane& plane, CZandoPoly& polygon, CZa
 
 // More than the topmost, so that their memory is on its way at the same time.
 void ExpandSteps(CWalkStack& stack, const Vector& eye) {
-  constexpr std::size_t kAhead = 8;
+  constexpr std::size_t kAhead = 16;
   std::array<WalkStep, kAhead> steps;
   const std::size_t count = std::min(stack.size(), kAhead);
   std::copy(stack.end() - static_cast<std::ptrdiff_t>(count), stack.end(), steps.begin());
@@ -70,7 +70,6 @@ void ExpandSteps(CWalkStack& stack, const Vector& eye) {
   const auto push = [&stack](const CBspNode* node) {
     if (node == nullptr) return;
     Prefetch(node);
-    Prefetch(&node->plane.d);
     stack.push_back({node, false});
   };
   for (std::size_t i = 0; i < count; ++i) {
@@ -80,7 +79,7 @@ void ExpandSteps(CWalkStack& stack, const Vector& eye) {
     } else if (ClassifyPoint(node->plane, eye) == PointClass::Front) {
       push(node->back);
       stack.push_back({node, true});
-      Prefetch(&node->polygon.verts[1]);
+      Prefetch(&node->nBid);
       Prefetch(&node->polygon.verts[3]);
       push(node->front);
     } else {
