@@ -71,7 +71,6 @@ create_box() {
 four_views() {
   start_editor "$program" "$level"
   keys alt+v 4
-  keys alt+v Down Down Down Return # 3D Wireframe, for the view that shows nothing but marks
   shoot four_views
 }
 
@@ -85,6 +84,22 @@ tools_menu() {
   start_editor "$program" "$level"
   keys alt+v 4 alt+v t t # both Toolbar and Tools begin with a T
   shoot tools_menu
+}
+
+solid_view() {
+  start_editor "$program" "$level"
+  keys alt+w t
+  # Both buttons and up: the camera rises out of the floor.
+  xdotool mousemove 660 460 mousedown 1 mousedown 3 sleep 0.3 mousemove_relative -- 0 -40 sleep 0.3 \
+    mouseup 3 mouseup 1
+  shoot solid_view
+}
+
+textures() {
+  cp examples/MYWAD.WAD examples/PALETTE.LMP "$scratch"
+  start_editor "$program" "$level"
+  keys alt+v b alt+w t # the browser, beside the level
+  shoot textures
 }
 
 group_attributes() {
@@ -118,8 +133,8 @@ dark_desktop() {
 make_home
 start_display
 mkdir -p "$folder"
-for picture in ${ONLY:-new_level create_box four_views view_menu tools_menu group_attributes about \
-  large_font dark_desktop}; do
+for picture in ${ONLY:-new_level create_box four_views solid_view textures view_menu tools_menu \
+  group_attributes about large_font dark_desktop}; do
   "$picture"
   stop_editor
 done

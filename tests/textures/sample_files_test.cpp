@@ -80,7 +80,7 @@ TEST(SampleFiles, TexturesHaveFourSizesOfTheSamePicture) {
       }
       return static_cast<double>(sum) / static_cast<double>(count);
     };
-    EXPECT_NEAR(brightness(40, all), brightness(40 + all * 21 / 16, all / 64), 8.0) << sample.name;
+    EXPECT_NEAR(brightness(40, all), brightness(40 + all * 21 / 16, all / 64), 10.0) << sample.name;
     lump += 40 + all * 85 / 64;
   }
   EXPECT_EQ(file.size(), lump + 32 * samples::SampleTextures().size());
