@@ -316,7 +316,7 @@ TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
   app->Run(ID_TEXTURE_BROWSER);
   app->Run(ID_TEXTURE_BROWSER);
   ASSERT_EQ(window.Children.size(), 3U);
-  for (const std::size_t i : {1, 2}) {
+  for (const std::size_t i : {std::size_t{1}, std::size_t{2}}) {
     EXPECT_NE(dynamic_cast<CTextureView*>(window.Children[i].view.get()), nullptr);
     EXPECT_EQ(window.Children[i].window->Titles, std::vector<std::string>{"-Textures-"});
     EXPECT_EQ(&window.Children[i].view->Document(), first);
