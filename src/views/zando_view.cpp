@@ -197,7 +197,7 @@ void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint 
 
 void CZANDOView::BeginMotion() {
   drag_ = Drag::Motion;
-  entityMoved_ = false;
+  stepped_ = false;
   anchor_ = desktop_.GetCursorPos();
   desktop_.ShowCursor(false);
 }
@@ -229,8 +229,15 @@ void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up)
   }
   if (!IsEditingTool(dragTool_)) return;
   if (const auto step = FindToolStep(dragTool_, kind_, flags, left, up)) {
+    const bool turns = step->operation == &CZANDODoc::RotateBrush;
+    // Another button turned a move into a rotation or back: what was begun must not be left
+    // pending.
+    if (dragTool_ == ID_TOOL_MOVE_ROTATE_BRUSH && stepped_ &&
+        turns != (document_.LastDragWasRotate != 0)) {
+      EndBrushStep();
+    }
     std::invoke(step->operation, document_, step->amount, settings_.ActiveAxisMask);
-    entityMoved_ |= dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY;
+    stepped_ = true;
   }
   window_->RedrawNow();
 }
@@ -259,7 +266,7 @@ void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
       break;
     case Drag::Motion:
       // A click that picks an entity leaves it where it is; a drag may end with either button.
-      if (dragTool_ != ID_TOOL_MOVE_SELECT_ENTITY || isLeft || entityMoved_) FinishTool();
+      if (dragTool_ != ID_TOOL_MOVE_SELECT_ENTITY || isLeft || stepped_) FinishTool();
       desktop_.SetCursorPos(anchor_);
       desktop_.ShowCursor(true);
       break;
@@ -271,15 +278,19 @@ Commit CZANDOView::CommitNow() const {
   return desktop_.IsShiftDown() ? Commit::DominantAxis : Commit::AllAxes;
 }
 
+void CZANDOView::EndBrushStep() {
+  if (document_.LastDragWasRotate != 0) {
+    document_.EndRotateBrush(settings_.ActiveAxisMask, CommitNow());
+  } else {
+    document_.EndMoveBrush(settings_.ActiveAxisMask, CommitNow());
+  }
+}
+
 void CZANDOView::FinishTool() {
   const std::uint32_t axes = settings_.ActiveAxisMask;
   switch (dragTool_) {
     case ID_TOOL_MOVE_ROTATE_BRUSH:
-      if (document_.LastDragWasRotate != 0) {
-        document_.EndRotateBrush(axes, CommitNow());
-      } else {
-        document_.EndMoveBrush(axes, CommitNow());
-      }
+      EndBrushStep();
       document_.EndMoveEntity(axes, CommitNow());
       return;
     case ID_TOOL_SCALE_BRUSH:

@@ -89,6 +89,7 @@ class CZANDOView : public CChildView {
   void ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up);
   void FinishDrag(MouseButton button, ScreenPoint position);
   void FinishTool();
+  void EndBrushStep();
   void SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection);
   void DeleteCurrent();
   void Rotate90();
@@ -109,7 +110,7 @@ class CZANDOView : public CChildView {
   ScreenPoint client_;  ///< width and height of the window
   Drag drag_ = Drag::None;
   CommandId dragTool_ = 0;  ///< the tool of the drag, whatever becomes of the document's
-  bool entityMoved_ = false;
+  bool stepped_ = false;    ///< the drag has changed something
   ScreenPoint anchor_;  ///< where the drag began: on the screen, or in the client area for a box
 };
 

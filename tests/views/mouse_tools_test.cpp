@@ -428,6 +428,22 @@ TEST_F(MouseTools, TheLastButtonUpEndsTheDragWhateverTheOrder) {
   }
 }
 
+TEST_F(MouseTools, AMoveThatBecomesATurnIsCommittedFirst) {
+  document.RotationSnap = 6.0;
+  view.OnButtonDown(Button::Left, kL, {});
+  Motion(kL, 7, 0);
+  view.OnButtonDown(Button::Right, kLR, {});
+  Motion(kLR, 2, 0);
+  view.OnButtonUp(Button::Left, kR, {});
+  Motion(kR, -5, 0);
+  EXPECT_EQ(brush.Pos[0], (Vector{9, 0, 0}));
+  EXPECT_EQ(brush.DragMatrix, Transform::Identity());
+  view.OnButtonUp(Button::Right, kNone, {});
+  EXPECT_EQ(brush.Rot[0], (Vector{30, 0, 0}));
+  EXPECT_EQ(brush.WorkPos[0], brush.Pos[0]);
+  ExpectAtRest();
+}
+
 TEST_F(MouseTools, ADragThatIsCutShortIsCommittedAndLeavesNothingBehind) {
   CZandoBrush& picked = AddBox({10, 0, 0});
   const auto start = [&] {
