@@ -1,6 +1,7 @@
 #include "cli/subcommands.h"
 
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "cli/level_info.h"
@@ -30,6 +31,13 @@ std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
 void Save(CZANDODoc& document, const fs::path& path) {
   const std::string error = SaveDocumentFile(document, path);
   if (!error.empty()) throw CCommandFailure(path, error);
+}
+
+Palette ReadPalette(const std::optional<fs::path>& path) {
+  if (!path) return BuiltInPalette();
+  const FileContents file = ReadWholeFile(*path);
+  if (!file.bytes) throw CCommandFailure(*path, file.error);
+  return WithEntries(BuiltInPalette(), *file.bytes);
 }
 
 bool IsSolid(ViewKind kind) { return kind == ViewKind::Solid || kind == ViewKind::Texture; }
@@ -121,10 +129,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   // Polygons get their flat colours as they are loaded; the same level gives the same picture.
   SeedColorTags(1);
   const std::unique_ptr<CZANDODoc> document = Load(input);
-  Palette palette = BuiltInPalette();
-  if (request.palette && !LoadPalette(*request.palette, palette)) {
-    throw CCommandFailure(*request.palette, "cannot be read");
-  }
+  const Palette palette = ReadPalette(request.palette);
   document->RefreshColors();
   CCamera camera;
   const double zoom = FrameLevel(*document, request, camera);

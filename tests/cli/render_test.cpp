@@ -135,9 +135,12 @@ TEST_F(Render, OptionsThatMeanNothingAreRefused) {
     EXPECT_NE(outcome.err, "");
   }
   EXPECT_EQ(Draw({}, Path("missing.3dz")).status, kCliFailed);
-  const std::string missing = Path("missing.lmp");
-  EXPECT_EQ(Draw({"--view", "solid", "--palette", missing}, level).err,
-            missing + ": cannot be read\n");
+  const std::pair<std::string, const char*> palettes[] = {
+      {Path("missing.lmp"), "No such file or directory"}, {Path(""), "Is a directory"}};
+  for (const auto& [palette, reason] : palettes) {
+    EXPECT_EQ(Draw({"--view", "solid", "--palette", palette}, level).err,
+              palette + ": " + reason + '\n');
+  }
   EXPECT_EQ(FilesHere(), before);
 }
 
