@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <optional>
 
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
@@ -27,6 +28,7 @@ struct Request {
   bool water = false;
   PictureRequest picture;
   TextureRequest textures;
+  std::optional<std::string> textureFolder;
   std::function<void(std::ostream&)> run;
 };
 
@@ -186,15 +188,16 @@ void AddTextures(CLI::App& app, Request& request, std::ostream& err) {
   CLI::App* textures = app.add_subcommand("textures", "List the textures of a WAD2 archive");
   textures->add_option("--palette", request.textures.palette,
                        "palette file of 768 bytes, instead of the built-in one");
-  textures->add_option("--png", request.output, "write each texture into this folder, as NAME.png");
+  textures->add_option("--png", request.textureFolder,
+                       "write each texture into this folder, as NAME.png");
   textures->add_option("ARCHIVE", request.textures.archive, "a .wad file")->required();
   textures->callback([&request, &err] {
     request.textures.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
     request.run = [&request](std::ostream& out) {
-      if (request.output.empty()) {
-        ListTextures(request.textures, out);
+      if (request.textureFolder) {
+        WriteTextures(request.textures, *request.textureFolder, out);
       } else {
-        WriteTextures(request.textures, request.output, out);
+        ListTextures(request.textures, out);
       }
     };
   });

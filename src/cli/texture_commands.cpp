@@ -37,10 +37,10 @@ CWad2 ReadArchive(const TextureRequest& request) {
 }
 
 Palette ReadPalette(const TextureRequest& request) {
-  if (request.palette.empty()) return BuiltInPalette();
-  const std::string bytes = Contents(request.palette);
+  if (!request.palette) return BuiltInPalette();
+  const std::string bytes = Contents(*request.palette);
   if (bytes.size() < kPaletteBytes) {
-    request.warn(request.palette.string() + ": holds " + std::to_string(bytes.size()) + " of " +
+    request.warn(request.palette->string() + ": holds " + std::to_string(bytes.size()) + " of " +
                  std::to_string(kPaletteBytes) + " bytes; the other colours are the built-in ones");
   }
   return WithEntries(BuiltInPalette(), bytes);

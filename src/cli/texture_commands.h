@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -10,7 +11,7 @@ namespace zando {
 /// The archive and the palette that `zando-cli textures` is asked about.
 struct TextureRequest {
   std::filesystem::path archive;
-  std::filesystem::path palette;  ///< empty for the built-in one
+  std::optional<std::filesystem::path> palette;  ///< the built-in one otherwise
   /// Takes what is damaged but does not end the command, a line each: `file: what`.
   std::function<void(const std::string&)> warn;
 };

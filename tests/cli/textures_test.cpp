@@ -73,6 +73,8 @@ TEST_F(Textures, DamageIsAWarningAndARefusedFileAnError) {
   } cases[] = {{{palette}, palette},
                {{Path("none.wad")}, Path("none.wad")},
                {{"--palette", Path("none.lmp"), wad}, Path("none.lmp")},
+               {{"--palette", "", wad}, ""},
+               {{"--png", "", wad}, ""},
                {{"--png", palette, wad}, palette},
                {{"--png", palette + "/in", wad}, palette + "/in"}};
   for (auto [arguments, file] : cases) {
