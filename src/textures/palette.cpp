@@ -15,31 +15,33 @@ struct Color {
   int blue;
 };
 
-/// A run of indices from dark over middle to bright. The dark end is no black: the solid view shows
-/// walls in any of these colours.
+/// A run of indices between two ends over a middle. No dark end but the first is black: the solid
+/// view shows walls in any of these colours.
 struct Ramp {
   int size;
-  Color dark;
+  Color first;
   Color middle;
-  Color bright;
+  Color last;
 };
 
+// Which hue lies where, and which end is the dark one, follows what the archives of the game
+// expect, so that they look sensible before the game's own palette is found.
 constexpr std::array<Ramp, 17> kRamps{{
     {16, {0, 0, 0}, {108, 108, 108}, {236, 236, 236}},    // grey
     {16, {34, 25, 16}, {92, 66, 42}, {196, 158, 114}},    // wood and earth
     {16, {28, 31, 37}, {76, 83, 94}, {194, 204, 216}},    // steel
-    {16, {44, 35, 22}, {120, 100, 68}, {232, 212, 166}},  // sandstone
-    {16, {42, 18, 13}, {112, 50, 36}, {212, 140, 110}},   // brick
     {16, {24, 32, 14}, {66, 80, 40}, {168, 184, 116}},    // moss
-    {16, {44, 24, 12}, {114, 66, 34}, {234, 170, 104}},   // rust
-    {16, {14, 38, 12}, {44, 108, 34}, {154, 222, 98}},    // slime
-    {16, {14, 20, 48}, {36, 62, 116}, {136, 176, 226}},   // water
-    {16, {13, 38, 42}, {34, 92, 98}, {142, 208, 204}},    // copper green
-    {16, {32, 18, 44}, {82, 54, 110}, {192, 162, 218}},   // violet
     {16, {48, 8, 12}, {126, 18, 22}, {236, 110, 94}},     // cloth and blood
-    {16, {50, 37, 8}, {136, 104, 26}, {248, 222, 120}},   // gold
-    {16, {30, 32, 27}, {84, 86, 76}, {190, 192, 174}},    // stone
-    {16, {72, 8, 0}, {255, 124, 0}, {255, 252, 204}},     // fire, and from here on
+    {16, {14, 38, 12}, {44, 108, 34}, {154, 222, 98}},    // slime
+    {16, {44, 24, 12}, {114, 66, 34}, {234, 170, 104}},   // rust
+    {16, {44, 35, 22}, {120, 100, 68}, {232, 212, 166}},  // sandstone
+    {16, {192, 162, 218}, {82, 54, 110}, {32, 18, 44}},   // violet, and from here on bright first
+    {16, {212, 140, 110}, {112, 50, 36}, {42, 18, 13}},   // brick
+    {16, {190, 192, 174}, {84, 86, 76}, {30, 32, 27}},    // stone
+    {16, {142, 208, 204}, {34, 92, 98}, {13, 38, 42}},    // copper green
+    {16, {248, 222, 120}, {136, 104, 26}, {50, 37, 8}},   // gold
+    {16, {136, 176, 226}, {36, 62, 116}, {14, 20, 48}},   // water
+    {16, {72, 8, 0}, {255, 124, 0}, {255, 252, 204}},     // fire, and from here on dark first
     {8, {0, 48, 128}, {112, 192, 255}, {255, 255, 255}},  // blue and
     {8, {16, 104, 16}, {112, 255, 80}, {240, 255, 224}},  // green lamps: colours that glow
 }};
@@ -51,10 +53,10 @@ Color Between(const Color& from, const Color& to, int step, int steps) {
   return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
 }
 
-Color Shade(const Ramp& ramp, int shade) {
+Color At(const Ramp& ramp, int place) {
   const int middle = ramp.size / 2;
-  return shade < middle ? Between(ramp.dark, ramp.middle, shade, middle)
-                        : Between(ramp.middle, ramp.bright, shade - middle, middle - 1);
+  return place < middle ? Between(ramp.first, ramp.middle, place, middle)
+                        : Between(ramp.middle, ramp.last, place - middle, middle - 1);
 }
 
 void BuildColorTable(Palette& palette) {
@@ -71,8 +73,8 @@ Palette MakeBuiltInPalette() {
   Palette palette;
   auto next = palette.raw.begin();
   for (const Ramp& ramp : kRamps) {
-    for (int shade = 0; shade < ramp.size; ++shade) {
-      const Color color = Shade(ramp, shade);
+    for (int place = 0; place < ramp.size; ++place) {
+      const Color color = At(ramp, place);
       for (const int channel : {color.red, color.green, color.blue}) {
         *next++ = static_cast<std::uint8_t>(channel);
       }

@@ -18,10 +18,10 @@ struct Palette {
   ColorTable colors{};                            ///< the same, made from raw
 };
 
-/// The palette of our own that stands in for a missing file: ramps from dark to bright, sixteen
-/// colours each. The first is grey and begins with black. The last 32 colours, which the game shows
-/// at full brightness wherever they are, are those of fire and lamps; lamps have two ramps of
-/// eight.
+/// The palette of our own that stands in for a missing file: ramps of sixteen colours each. The
+/// first is grey and begins with black; those from 128 to 223 go from bright to dark, all others
+/// from dark to bright. The last 32 colours, which the game shows at full brightness wherever they
+/// are, are those of fire and lamps; lamps have two ramps of eight.
 [[nodiscard]] const Palette& BuiltInPalette();
 
 /// The palette with its first entries replaced by these bytes, three an entry; what they do not

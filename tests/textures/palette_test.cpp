@@ -42,12 +42,21 @@ TEST(PaletteFile, ReplacesWhatItHoldsAndNothingElse) {
   EXPECT_EQ(palette.colors[0], (RgbQuad{.blue = 'c', .green = 'b', .red = 'a'}));
 }
 
-TEST(BuiltInPalette, BeginsBlackAndHasManyColors) {
+TEST(BuiltInPalette, BeginsBlackAndRunsThroughManyColors) {
   const ColorTable& colors = BuiltInPalette().colors;
   EXPECT_EQ(colors[0], RgbQuad{});
   std::set<std::array<int, 3>> seen;
   for (const RgbQuad& color : colors) seen.insert({color.red, color.green, color.blue});
   EXPECT_GT(seen.size(), 240U);
+  const auto brightness = [&](std::size_t index) {
+    return colors[index].red + colors[index].green + colors[index].blue;
+  };
+  for (std::size_t first = 0; first < 240; first += 16) {
+    const bool brightFirst = first >= 128 && first < 224;
+    for (std::size_t i = first; i < first + 15; ++i) {
+      EXPECT_EQ(brightness(i) > brightness(i + 1), brightFirst) << i;
+    }
+  }
 }
 
 TEST(Surface, HasPixelsOnlyWhenBothSidesArePositive) {

@@ -25,8 +25,11 @@ std::uint8_t IndexOf(const Texel& texel) {
     case Ramp::GreenLamp:
       return static_cast<std::uint8_t>(248 + shade / 32);
     default:
-      return static_cast<std::uint8_t>(16 * static_cast<int>(texel.ramp) + shade / 16);
+      break;
   }
+  const bool brightFirst = texel.ramp >= Ramp::Violet && texel.ramp <= Ramp::Water;
+  const int place = brightFirst ? 15 - shade / 16 : shade / 16;
+  return static_cast<std::uint8_t>(16 * static_cast<int>(texel.ramp) + place);
 }
 
 int Mix(int a, int b, int t) { return (a * (256 - t) + b * t) / 256; }
