@@ -109,7 +109,8 @@ void CZANDOView::OnDraw(CDC& dc) {
   } else {
     const RenderMode mode = kind_ == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured;
     renderer_.Render(camera_, document_.World, mode);
-    renderer_.Present(dc);
+    // Without memory for its surface the view stays empty.
+    if (!renderer_.Present(dc)) dc.FillSolidRect(0, 0, client_.x, client_.y, Rgb(0, 0, 0));
   }
   if (document_.ShowEntities != 0) DrawEntities(drawing, document_);
   if (document_.ShowBrush != 0) DrawCurrentBrush(drawing, document_);
