@@ -158,17 +158,7 @@ bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
     ui.SetCheck((axisFlags_ & axis) != 0);
     return true;
   }
-  switch (id) {
-    case ID_ROTATE_90:
-      return true;
-    case ID_ADD_TO_GROUP:
-    case ID_CREATE_GROUP:
-    case ID_REMOVE_FROM_GROUP:
-      ui.Enable(document_.AnySelected());
-      return true;
-    default:
-      return false;
-  }
+  return id == ID_ROTATE_90;
 }
 
 void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position) {

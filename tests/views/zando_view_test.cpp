@@ -114,19 +114,6 @@ TEST_F(View, ActivationBothWaysSetsTheTitleAndRefreshesTheGroups) {
   view.OnActivate(Activation::Activated);
 }
 
-TEST_F(View, GroupCommandsNeedASelectionAndAreLeftToTheDocument) {
-  for (const bool selected : {false, true}) {
-    document.Entities.assign(1, CEntity());
-    if (selected) document.Entities[0].eFlags |= EF_SELECTED;
-    for (const CommandId id : {32832, 32833, 32871}) {
-      CCmdUI ui;
-      EXPECT_TRUE(view.OnUpdateCommandUI(id, ui));
-      EXPECT_EQ(ui.IsEnabled(), selected);
-      EXPECT_FALSE(view.OnCommand(id));
-    }
-  }
-}
-
 TEST_F(View, CameraDragsMoveByKindAndButtons) {
   struct Row {
     ViewKind kind;
