@@ -399,6 +399,23 @@ TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
   }
 }
 
+TEST_F(EditorApp, ALevelThatIsBeingDraggedAsksWhenItCloses) {
+  ASSERT_TRUE(app->Start(Sample("a.3dz")));
+  app->Run(ID_TOOL_MOVE_ROTATE_BRUSH);
+  const auto drag = [&] {
+    window.Editing(0).OnButtonDown(CZANDOView::MouseButton::Left, {.left = true}, {});
+    desktop.Cursor.x += 9;
+    window.Editing(0).OnMouseMove({.left = true}, {});
+    Active().SetModifiedFlag(false);
+  };
+  drag();
+  desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel};
+  EXPECT_FALSE(window.UserCloses(*window.ActiveView()));
+  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 9.0);
+  drag();
+  EXPECT_FALSE(app->MayExit());
+}
+
 TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
   ASSERT_TRUE(app->Start({}));
   EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
