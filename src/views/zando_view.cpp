@@ -203,12 +203,10 @@ void CZANDOView::FollowMotion(MouseFlags flags) {
   const std::int32_t left = anchor_.x - cursor.x;
   const std::int32_t up = anchor_.y - cursor.y;
   if (left != 0 || up != 0) ApplyStep(flags, left, up);
-  if (desktop_.CanPlaceCursor()) {
-    desktop_.SetCursorPos(anchor_);
-  } else {
-    // The cursor stays where the hand put it, so the next step counts from there.
-    anchor_ = cursor;
-  }
+  desktop_.SetCursorPos(anchor_);
+  // A cursor that stays where the hand put it has the next step count from there. Only the attempt
+  // may have shown that it does.
+  if (!desktop_.CanPlaceCursor()) anchor_ = cursor;
 }
 
 void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up) {

@@ -255,6 +255,21 @@ TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 404}));
 }
 
+TEST_F(View, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
+  class CRefusing : public CScriptedDesktop {
+    void SetCursorPos(ScreenPoint /*point*/) override { CursorPlaceable = false; }
+  } refusing;
+  CZANDOView other(document, settings, refusing);
+  other.SetWindow(&window);
+  other.SetKind(ViewKind::Top);
+  other.OnButtonDown(Button::Left, kLeft, {});
+  for (int i = 0; i < 2; ++i) {
+    refusing.Cursor.x += 3;
+    other.OnMouseMove(kLeft, {});
+  }
+  EXPECT_EQ(other.Camera().Position.x, 12.0);
+}
+
 TEST_F(View, AToolChangedOrAViewClosedInADragLeavesNoCursorHidden) {
   view.OnButtonDown(Button::Left, kLeft, {});
   document.ToolMode = ID_TOOL_SELECT_BRUSH;
