@@ -250,7 +250,7 @@ void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
       SelectInBox(position, isLeft ? CZANDODoc::Selection::Select : CZANDODoc::Selection::Deselect);
       return;
     case Drag::Click:
-      document_.PickBrush(camera_.ScreenToWorld(position));
+      if (isLeft) document_.PickBrush(camera_.ScreenToWorld(position));
       break;
     case Drag::Motion:
       // A click that picks an entity leaves it where it is; a drag may end with either button.

@@ -542,6 +542,11 @@ TEST_F(MouseTools, AClickPicksTheSmallestBrushAndARightPressTheNearestEntity) {
   Motion(kR, 5, 5);
   Release(kR);
   EXPECT_EQ(small.Pos[0], (Vector{50, 0, 50}));
+  document.CurrentBrush = &brush;
+  document.ToolMode = ID_TOOL_SELECT_BRUSH;
+  Press(kL, {250, 100});
+  Release(kLR, {250, 100});
+  EXPECT_EQ(document.CurrentBrush, &brush) << "the right button ended it";
 
   AddEntityAt("100 0 0");
   AddEntityAt("-20 500 0");
