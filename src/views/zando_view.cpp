@@ -306,7 +306,8 @@ void CZANDOView::SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection)
 void CZANDOView::EndDrag() {
   if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
   if (drag_ == Drag::Motion) {
-    FinishDrag(MouseButton::Left, {});
+    // Not the left one, whose release snaps an entity that was only clicked on.
+    FinishDrag(MouseButton::Right, {});
     return;
   }
   if (drag_ == Drag::Box && window_ != nullptr) window_->EraseDragRect();

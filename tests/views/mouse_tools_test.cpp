@@ -302,6 +302,8 @@ TEST_F(MouseTools, AReleaseSnapsTheCurrentEntityAndWritesItsOrigin) {
   EXPECT_EQ(entity.GetValue("origin"), "24 0 32");
   document.GridSize = 10.0;
   DragBy(kR, 5, 0);
+  Press(kR);
+  view.EndDrag();
   EXPECT_EQ(entity.GetValue("origin"), "24 0 32");
   Use(kMove, kFront);
   DragBy(kL, 1, 0);
