@@ -216,7 +216,7 @@ TEST_F(MouseTools, AReleasedMoveSnapsHalvesUpAndOnlyAlongAllowedAxes) {
   };
   for (const Case& c : {Case{1, 16, 0.9, 23, 16}, Case{1, 16, 0, 24, 32}, Case{1, 16, 0, -24, -16},
                         Case{1, 16, 0, -25, -32}, Case{0, 16, 0.4, 5, 5}, Case{0, 16, 0.5, 5, 6},
-                        Case{1, 0, 0.4, 5, 5}}) {
+                        Case{1, 0, 0.4, 5, 5}, Case{1, HUGE_VAL, 0.4, 5, 5}}) {
     document.UseGrid = c.useGrid;
     document.GridSize = c.grid;
     brush.MoveTo({c.from, 3.3, 4.4});
