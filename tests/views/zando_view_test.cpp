@@ -18,9 +18,9 @@ using testing::CScriptedDesktop;
 using Button = CZANDOView::MouseButton;
 using Activation = CZANDOView::Activation;
 
-constexpr MouseFlags kLeft{true, false, false, false, false};
-constexpr MouseFlags kRight{false, false, true, false, false};
-constexpr MouseFlags kBoth{true, false, true, false, false};
+constexpr MouseFlags kLeft{.left = true};
+constexpr MouseFlags kRight{.right = true};
+constexpr MouseFlags kBoth{.left = true, .right = true};
 constexpr MouseFlags kNone{};
 
 class CCountingFrame : public CFrameDisplay {
