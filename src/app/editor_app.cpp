@@ -158,10 +158,13 @@ void CEditorApp::Activate(CZANDODoc& document) {
 }
 
 bool CEditorApp::MayClose(CChildView& view) {
+  // What is being dragged is a change too.
+  view.EndDrag();
   return view.Document().Views().size() > 1 || AskSaveChanges(view.Document());
 }
 
 bool CEditorApp::MayExit() {
+  if (CChildView* view = window_.ActiveView()) view->EndDrag();
   return std::all_of(documents_.begin(), documents_.end(),
                      [this](const auto& document) { return AskSaveChanges(*document); });
 }

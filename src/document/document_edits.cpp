@@ -1,5 +1,6 @@
 // What the mouse tools do to a level.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "document/zando_doc.h"
@@ -19,8 +20,11 @@ constexpr double kFreeRotationStep = kRotationUnitsPerTurn / 360.0;
 constexpr double kPickReach = 100.0;
 constexpr double kBeyondAnyEntity = 200000.0;
 
-/// Steps come from files and dialogs; one that is no step would leave no coordinate.
-double StepOr(double step, double fallback) { return step > 0.0 ? step : fallback; }
+/// Steps come from dialogs and double without a limit; one that is no step would leave no
+/// coordinate.
+double StepOr(double step, double fallback) {
+  return step > 0.0 && std::isfinite(step) ? step : fallback;
+}
 
 void MarkSelected(std::int32_t& flags, std::int32_t bit, CZANDODoc::Selection selection) {
   flags = selection == CZANDODoc::Selection::Select ? flags | bit : flags & ~bit;

@@ -100,13 +100,10 @@ class CScrollWindow : public CChildWindow {
   virtual void ScrollTo(const ScreenRect& part) = 0;
 };
 
-/// Buttons and keys held during a mouse message.
+/// Buttons held during a mouse message.
 struct MouseFlags {
   bool left = false;
-  bool middle = false;
   bool right = false;
-  bool shift = false;
-  bool control = false;
 };
 
 }  // namespace zando

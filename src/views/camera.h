@@ -78,7 +78,7 @@ class CCamera {
   void BuildViewMatrix();
   [[nodiscard]] const Transform& ViewMatrix() const { return viewMatrix_; }
 
-  /// How the mappings below work: set at the start of every paint and before every mouse message.
+  /// How the mappings below work, until it is said anew.
   void BeginDraw(ViewKind kind, double zoom);
 
   /// Perspective projection of one point; (-32, -32) when it is not in front of the camera.

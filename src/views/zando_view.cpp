@@ -159,17 +159,7 @@ bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
     ui.SetCheck((axisFlags_ & axis) != 0);
     return true;
   }
-  switch (id) {
-    case ID_ROTATE_90:
-      return true;
-    case ID_ADD_TO_GROUP:
-    case ID_CREATE_GROUP:
-    case ID_REMOVE_FROM_GROUP:
-      ui.Enable(document_.AnySelected());
-      return true;
-    default:
-      return false;
-  }
+  return id == ID_ROTATE_90;
 }
 
 void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position) {
@@ -214,12 +204,10 @@ void CZANDOView::FollowMotion(MouseFlags flags) {
   const std::int32_t left = anchor_.x - cursor.x;
   const std::int32_t up = anchor_.y - cursor.y;
   if (left != 0 || up != 0) ApplyStep(flags, left, up);
-  if (desktop_.CanPlaceCursor()) {
-    desktop_.SetCursorPos(anchor_);
-  } else {
-    // The cursor stays where the hand put it, so the next step counts from there.
-    anchor_ = cursor;
-  }
+  desktop_.SetCursorPos(anchor_);
+  // A cursor that stays where the hand put it has the next step count from there. Only the attempt
+  // may have shown that it does.
+  if (!desktop_.CanPlaceCursor()) anchor_ = cursor;
 }
 
 void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up) {
@@ -263,7 +251,7 @@ void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
       SelectInBox(position, isLeft ? CZANDODoc::Selection::Select : CZANDODoc::Selection::Deselect);
       return;
     case Drag::Click:
-      document_.PickBrush(camera_.ScreenToWorld(position));
+      if (isLeft) document_.PickBrush(camera_.ScreenToWorld(position));
       break;
     case Drag::Motion:
       // A click that picks an entity leaves it where it is; a drag may end with either button.
@@ -319,7 +307,8 @@ void CZANDOView::SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection)
 void CZANDOView::EndDrag() {
   if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
   if (drag_ == Drag::Motion) {
-    FinishDrag(MouseButton::Left, {});
+    // Not the left one, whose release snaps an entity that was only clicked on.
+    FinishDrag(MouseButton::Right, {});
     return;
   }
   if (drag_ == Drag::Box && window_ != nullptr) window_->EraseDragRect();

@@ -62,7 +62,7 @@ class CZANDOView : public CChildView {
   bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
 
   enum class MouseButton { Left, Middle, Right };
-  /// Positions are in client pixels; flags are the buttons and keys held after the event.
+  /// Positions are in client pixels; flags are the buttons held after the event.
   void OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position);
   void OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position);
   void OnMouseMove(MouseFlags flags, ScreenPoint position);

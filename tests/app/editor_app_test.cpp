@@ -386,6 +386,36 @@ TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
   EXPECT_EQ(window.SelectedGroup, 1);
 }
 
+TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
+  ASSERT_TRUE(app->Start({}));
+  Active().AddToWorld();
+  CZandoBrush& brush = *Active().BrushList.Head();
+  desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
+  for (const CommandId id : {ID_CREATE_GROUP, ID_REMOVE_FROM_GROUP, ID_ADD_TO_GROUP}) {
+    EXPECT_EQ(Check(id), "disabled");
+    brush.BFlags |= BF_SELECTED;
+    app->Run(id);
+    EXPECT_EQ(brush.BGroup, id == ID_REMOVE_FROM_GROUP ? -1 : 0) << id;
+  }
+}
+
+TEST_F(EditorApp, ALevelThatIsBeingDraggedAsksWhenItCloses) {
+  ASSERT_TRUE(app->Start(Sample("a.3dz")));
+  app->Run(ID_TOOL_MOVE_ROTATE_BRUSH);
+  const auto drag = [&] {
+    window.Editing(0).OnButtonDown(CZANDOView::MouseButton::Left, {.left = true}, {});
+    desktop.Cursor.x += 9;
+    window.Editing(0).OnMouseMove({.left = true}, {});
+    Active().SetModifiedFlag(false);
+  };
+  drag();
+  desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel};
+  EXPECT_FALSE(window.UserCloses(*window.ActiveView()));
+  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 9.0);
+  drag();
+  EXPECT_FALSE(app->MayExit());
+}
+
 TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
   ASSERT_TRUE(app->Start({}));
   EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");

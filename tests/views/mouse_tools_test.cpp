@@ -216,7 +216,7 @@ TEST_F(MouseTools, AReleasedMoveSnapsHalvesUpAndOnlyAlongAllowedAxes) {
   };
   for (const Case& c : {Case{1, 16, 0.9, 23, 16}, Case{1, 16, 0, 24, 32}, Case{1, 16, 0, -24, -16},
                         Case{1, 16, 0, -25, -32}, Case{0, 16, 0.4, 5, 5}, Case{0, 16, 0.5, 5, 6},
-                        Case{1, 0, 0.4, 5, 5}}) {
+                        Case{1, 0, 0.4, 5, 5}, Case{1, HUGE_VAL, 0.4, 5, 5}}) {
     document.UseGrid = c.useGrid;
     document.GridSize = c.grid;
     brush.MoveTo({c.from, 3.3, 4.4});
@@ -302,6 +302,8 @@ TEST_F(MouseTools, AReleaseSnapsTheCurrentEntityAndWritesItsOrigin) {
   EXPECT_EQ(entity.GetValue("origin"), "24 0 32");
   document.GridSize = 10.0;
   DragBy(kR, 5, 0);
+  Press(kR);
+  view.EndDrag();
   EXPECT_EQ(entity.GetValue("origin"), "24 0 32");
   Use(kMove, kFront);
   DragBy(kL, 1, 0);
@@ -542,6 +544,11 @@ TEST_F(MouseTools, AClickPicksTheSmallestBrushAndARightPressTheNearestEntity) {
   Motion(kR, 5, 5);
   Release(kR);
   EXPECT_EQ(small.Pos[0], (Vector{50, 0, 50}));
+  document.CurrentBrush = &brush;
+  document.ToolMode = ID_TOOL_SELECT_BRUSH;
+  Press(kL, {250, 100});
+  Release(kLR, {250, 100});
+  EXPECT_EQ(document.CurrentBrush, &brush) << "the right button ended it";
 
   AddEntityAt("100 0 0");
   AddEntityAt("-20 500 0");

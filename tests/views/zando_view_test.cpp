@@ -18,9 +18,9 @@ using testing::CScriptedDesktop;
 using Button = CZANDOView::MouseButton;
 using Activation = CZANDOView::Activation;
 
-constexpr MouseFlags kLeft{true, false, false, false, false};
-constexpr MouseFlags kRight{false, false, true, false, false};
-constexpr MouseFlags kBoth{true, false, true, false, false};
+constexpr MouseFlags kLeft{.left = true};
+constexpr MouseFlags kRight{.right = true};
+constexpr MouseFlags kBoth{.left = true, .right = true};
 constexpr MouseFlags kNone{};
 
 class CCountingFrame : public CFrameDisplay {
@@ -112,19 +112,6 @@ TEST_F(View, ActivationBothWaysSetsTheTitleAndRefreshesTheGroups) {
   EXPECT_EQ(frame.Groups, 2);
   document.Frame = nullptr;
   view.OnActivate(Activation::Activated);
-}
-
-TEST_F(View, GroupCommandsNeedASelectionAndAreLeftToTheDocument) {
-  for (const bool selected : {false, true}) {
-    document.Entities.assign(1, CEntity());
-    if (selected) document.Entities[0].eFlags |= EF_SELECTED;
-    for (const CommandId id : {32832, 32833, 32871}) {
-      CCmdUI ui;
-      EXPECT_TRUE(view.OnUpdateCommandUI(id, ui));
-      EXPECT_EQ(ui.IsEnabled(), selected);
-      EXPECT_FALSE(view.OnCommand(id));
-    }
-  }
 }
 
 TEST_F(View, CameraDragsMoveByKindAndButtons) {
@@ -266,6 +253,21 @@ TEST_F(View, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   view.OnButtonUp(Button::Left, kNone, {});
   EXPECT_EQ(desktop.CursorHidden, 0);
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{506, 404}));
+}
+
+TEST_F(View, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
+  class CRefusing : public CScriptedDesktop {
+    void SetCursorPos(ScreenPoint /*point*/) override { CursorPlaceable = false; }
+  } refusing;
+  CZANDOView other(document, settings, refusing);
+  other.SetWindow(&window);
+  other.SetKind(ViewKind::Top);
+  other.OnButtonDown(Button::Left, kLeft, {});
+  for (int i = 0; i < 2; ++i) {
+    refusing.Cursor.x += 3;
+    other.OnMouseMove(kLeft, {});
+  }
+  EXPECT_EQ(other.Camera().Position.x, 12.0);
 }
 
 TEST_F(View, AToolChangedOrAViewClosedInADragLeavesNoCursorHidden) {

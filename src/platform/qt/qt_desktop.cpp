@@ -19,6 +19,9 @@ constexpr auto kTitle = "ZANDO";
 /// Scaled screens may round the place of the cursor by this much.
 constexpr int kCursorSlack = 2;
 
+/// Refusals in a row until the desktop is taken not to place the cursor.
+constexpr int kCursorAttempts = 5;
+
 QMessageBox::StandardButton Ask(QWidget& parent, QMessageBox::Icon icon, const QString& text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton proposed) {
@@ -125,9 +128,13 @@ ScreenPoint CQtDesktop::GetCursorPos() const {
 void CQtDesktop::SetCursorPos(ScreenPoint point) {
   if (!canPlaceCursor_) return;
   const QPoint wanted(point.x, point.y);
-  QCursor::setPos(wanted);
+  // A hand that moves on may have carried the cursor off again before it is looked for.
+  for (int attempt = 0; attempt < kCursorAttempts; ++attempt) {
+    QCursor::setPos(wanted);
+    if ((QCursor::pos() - wanted).manhattanLength() <= kCursorSlack) return;
+  }
   // Remote desktops and some compositors take the request and ignore it.
-  canPlaceCursor_ = (QCursor::pos() - wanted).manhattanLength() <= kCursorSlack;
+  canPlaceCursor_ = false;
 }
 
 void CQtDesktop::ShowCursor(bool visible) {

@@ -30,12 +30,8 @@ std::optional<CZANDOView::MouseButton> ButtonOf(Qt::MouseButton button) {
   }
 }
 
-MouseFlags FlagsOf(Qt::MouseButtons buttons, Qt::KeyboardModifiers keys) {
-  return {.left = buttons.testFlag(Qt::LeftButton),
-          .middle = buttons.testFlag(Qt::MiddleButton),
-          .right = buttons.testFlag(Qt::RightButton),
-          .shift = keys.testFlag(Qt::ShiftModifier),
-          .control = keys.testFlag(Qt::ControlModifier)};
+MouseFlags FlagsOf(Qt::MouseButtons buttons) {
+  return {.left = buttons.testFlag(Qt::LeftButton), .right = buttons.testFlag(Qt::RightButton)};
 }
 
 std::optional<CZANDOView::Key> KeyOf(const QKeyEvent& event) {
@@ -130,7 +126,7 @@ void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {
 void CViewWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(event->button());
   if (view_ == nullptr || !button) return;
-  view_->OnButtonDown(*button, FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
+  view_->OnButtonDown(*button, FlagsOf(event->buttons()), PositionOf(*event));
 }
 
 void CViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
@@ -138,12 +134,11 @@ void CViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(ev
 void CViewWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto button = ButtonOf(event->button());
   if (view_ == nullptr || !button) return;
-  view_->OnButtonUp(*button, FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
+  view_->OnButtonUp(*button, FlagsOf(event->buttons()), PositionOf(*event));
 }
 
 void CViewWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (view_ != nullptr)
-    view_->OnMouseMove(FlagsOf(event->buttons(), event->modifiers()), PositionOf(*event));
+  if (view_ != nullptr) view_->OnMouseMove(FlagsOf(event->buttons()), PositionOf(*event));
 }
 
 void CViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -155,7 +150,7 @@ void CViewWidget::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
     return;
   }
-  view_->OnKeyDown(*key, FlagsOf(QGuiApplication::mouseButtons(), event->modifiers()));
+  view_->OnKeyDown(*key, FlagsOf(QGuiApplication::mouseButtons()));
 }
 
 void CViewWidget::LoseCapture() {
