@@ -26,19 +26,10 @@ CDepthBuffer::CDepthBuffer(std::int32_t width, std::int32_t height)
       tags_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       nearness_(tags_.size()) {}
 
-/// The camera's axes in the world: turned by roll, then pitch, then yaw.
-CDepthBuffer::Basis CDepthBuffer::BasisOf(const CCamera& camera) {
-  const auto turn = [&](const Vector& axis) {
-    const Vector rolled = Turned(axis, -camera.Roll, &Vector::x, &Vector::y);
-    const Vector pitched = Turned(rolled, -camera.Pitch, &Vector::y, &Vector::z);
-    return Turned(pitched, -camera.Yaw, &Vector::z, &Vector::x);
-  };
-  return {turn({1.0, 0.0, 0.0}), turn({0.0, 1.0, 0.0}), turn({0.0, 0.0, 1.0})};
-}
-
-void CDepthBuffer::Project(const CCamera& camera, const Basis& basis, const CZandoPoly& polygon,
-                           std::vector<Point>& outline) const {
-  outline.clear();
+/// The polygon on the screen, cut off at the near plane.
+std::vector<CDepthBuffer::Point> CDepthBuffer::Project(const CCamera& camera, const Basis& basis,
+                                                       const CZandoPoly& polygon) const {
+  std::vector<Point> outline;
   const double focal = width_ / 2;
   const auto append = [&](const Vector& p) {
     const double depth = Dot(p, basis.forward);
@@ -55,20 +46,14 @@ void CDepthBuffer::Project(const CCamera& camera, const Basis& basis, const CZan
       append(a + (b - a) * (beyond / (beyond - nextBeyond)));
     }
   }
-}
-
-std::vector<CDepthBuffer::Point> CDepthBuffer::Outline(const CCamera& camera,
-                                                       const CZandoPoly& polygon) const {
-  std::vector<Point> outline;
-  Project(camera, BasisOf(camera), polygon, outline);
   return outline;
 }
 
 void CDepthBuffer::DrawPolygon(const CCamera& camera, const Basis& basis, const CBspNode& node) {
   const double before = SignedDistance(node.plane, camera.Position);
   if (before <= PLANE_EPSILON) return;
-  Project(camera, basis, node.polygon, outline_);
-  if (outline_.size() < 3) return;
+  const std::vector<Point> outline = Project(camera, basis, node.polygon);
+  if (outline.size() < 3) return;
 
   // A ray through pixel (x, y) meets the plane at depth 1 / (perColumn * x + perRow * y + base).
   const double scale = -1.0 / before;
@@ -77,15 +62,14 @@ void CDepthBuffer::DrawPolygon(const CCamera& camera, const Basis& basis, const 
   const double base = scale * Dot(node.plane.normal, basis.forward) - perColumn * (width_ / 2) -
                       perRow * (height_ / 2);
 
-  const auto [top, bottom] = std::minmax_element(
-      outline_.begin(), outline_.end(), [](const Point& a, const Point& b) { return a.y < b.y; });
-  const double end = std::min<double>(bottom->y, height_);
-  for (double y = std::max(std::ceil(top->y), 0.0); y < end; y += 1.0) {
+  const auto [top, bottom] = std::ranges::minmax(outline, {}, &Point::y);
+  const double end = std::min<double>(bottom.y, height_);
+  for (double y = std::max(std::ceil(top.y), 0.0); y < end; y += 1.0) {
     double left = std::numeric_limits<double>::infinity();
     double right = -left;
-    for (std::size_t i = 0; i < outline_.size(); ++i) {
-      const Point& a = outline_[i];
-      const Point& b = outline_[i + 1 == outline_.size() ? 0 : i + 1];
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      const Point& a = outline[i];
+      const Point& b = outline[i + 1 == outline.size() ? 0 : i + 1];
       if ((a.y <= y) == (b.y <= y)) continue;
       const double x = a.x + (y - a.y) * (b.x - a.x) / (b.y - a.y);
       left = std::min(left, x);
@@ -106,7 +90,13 @@ void CDepthBuffer::DrawPolygon(const CCamera& camera, const Basis& basis, const 
 void CDepthBuffer::Draw(const CCamera& camera, const CConstructiveBsp& world) {
   std::fill(tags_.begin(), tags_.end(), 0U);
   std::fill(nearness_.begin(), nearness_.end(), 0.0);
-  const Basis basis = BasisOf(camera);
+  // Turned by roll, then pitch, then yaw.
+  const auto turn = [&](const Vector& axis) {
+    const Vector rolled = Turned(axis, -camera.Roll, &Vector::x, &Vector::y);
+    const Vector pitched = Turned(rolled, -camera.Pitch, &Vector::y, &Vector::z);
+    return Turned(pitched, -camera.Yaw, &Vector::z, &Vector::x);
+  };
+  const Basis basis{turn({1.0, 0.0, 0.0}), turn({0.0, 1.0, 0.0}), turn({0.0, 0.0, 1.0})};
   WalkBackFrontNode(world.root, [&](const CBspNode* node) {
     for (; node != nullptr; node = node->chain) {
       if (node->nValid != 0) DrawPolygon(camera, basis, *node);

@@ -20,29 +20,25 @@ class CDepthBuffer {
   /// Row by row; 0 where there is no polygon.
   [[nodiscard]] const std::vector<std::uint32_t>& Tags() const { return tags_; }
 
+ private:
   struct Point {
     double x;
     double y;
   };
-  /// The polygon on the screen, cut off at the near plane.
-  [[nodiscard]] std::vector<Point> Outline(const CCamera& camera, const CZandoPoly& polygon) const;
-
- private:
+  /// The camera's axes in the world.
   struct Basis {
     Vector right;
     Vector up;
     Vector forward;
   };
-  [[nodiscard]] static Basis BasisOf(const CCamera& camera);
   void DrawPolygon(const CCamera& camera, const Basis& basis, const CBspNode& node);
-  void Project(const CCamera& camera, const Basis& basis, const CZandoPoly& polygon,
-               std::vector<Point>& outline) const;
+  [[nodiscard]] std::vector<Point> Project(const CCamera& camera, const Basis& basis,
+                                           const CZandoPoly& polygon) const;
 
   std::int32_t width_;
   std::int32_t height_;
   std::vector<std::uint32_t> tags_;
   std::vector<double> nearness_;  ///< 1 / depth
-  std::vector<Point> outline_;
 };
 
 }  // namespace zando::testing

@@ -1,62 +1,59 @@
 #include "support/recording_dc.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 
 namespace zando::testing {
 namespace {
 
-std::string Text(ScreenPoint point) {
-  return std::to_string(point.x) + "," + std::to_string(point.y);
+std::string Pair(std::int32_t a, char between, std::int32_t b) {
+  return std::to_string(a) + between + std::to_string(b);
 }
 
-std::string Text(ColorRef color) {
-  std::string digits(7, '\0');
-  const ColorRef swapped = (color & 0xFFU) << 16 | (color & 0xFF00U) | (color >> 16 & 0xFFU);
-  std::snprintf(digits.data(), digits.size(), "%06X", swapped);
-  digits.resize(6);
+std::string Place(ScreenPoint point) { return Pair(point.x, ',', point.y); }
+
+std::string Digits(ColorRef color) {
+  char digits[7];
+  std::snprintf(digits, sizeof digits, "%02X%02X%02X", color & 0xFFU, color >> 8U & 0xFFU,
+                color >> 16U & 0xFFU);
   return digits;
 }
 
 }  // namespace
 
-int CRecordingDC::Count(std::string_view beginning) const {
-  return static_cast<int>(
-      std::count_if(Lines.begin(), Lines.end(), [beginning](const std::string& line) {
-        return std::string_view(line).starts_with(beginning);
-      }));
+int CRecordingDC::Count(std::string_view words) const {
+  int count = 0;
+  for (auto at = Text.find(words); at != std::string::npos; at = Text.find(words, at + 1)) ++count;
+  return count;
 }
 
 Pen CRecordingDC::SelectPen(const Pen& pen) {
-  Lines.push_back("pen " + Text(pen.color) + " " + std::to_string(pen.width));
+  Text += "pen " + Digits(pen.color) + " " + std::to_string(pen.width) + "; ";
   return std::exchange(pen_, pen);
 }
 
 ScreenPoint CRecordingDC::SetViewportOrg(ScreenPoint origin) {
-  Lines.push_back("org " + Text(origin));
+  Text += "org " + Place(origin) + "; ";
   return std::exchange(origin_, origin);
 }
 
-void CRecordingDC::MoveTo(ScreenPoint point) { Lines.push_back("move " + Text(point)); }
+void CRecordingDC::MoveTo(ScreenPoint point) { Text += "move " + Place(point) + "; "; }
 
-void CRecordingDC::LineTo(ScreenPoint point) { Lines.push_back("line " + Text(point)); }
+void CRecordingDC::LineTo(ScreenPoint point) { Text += "line " + Place(point) + "; "; }
 
 void CRecordingDC::Polyline(std::span<const ScreenPoint> points) {
-  std::string line = "poly";
-  for (const ScreenPoint& point : points) line += " " + Text(point);
-  Lines.push_back(line);
+  Text += "poly";
+  for (const ScreenPoint& point : points) Text += " " + Place(point);
+  Text += "; ";
 }
 
 void CRecordingDC::FillSolidRect(std::int32_t x, std::int32_t y, std::int32_t width,
                                  std::int32_t height, ColorRef color) {
-  Lines.push_back("fill " + Text(ScreenPoint{x, y}) + " " + std::to_string(width) + "x" +
-                  std::to_string(height) + " " + Text(color));
+  Text += "fill " + Pair(x, ',', y) + " " + Pair(width, 'x', height) + " " + Digits(color) + "; ";
 }
 
 void CRecordingDC::StretchDIBits(ScreenPoint at, const IndexedPicture& picture) {
-  Lines.push_back("dib " + Text(at) + " " + std::to_string(picture.width) + "x" +
-                  std::to_string(picture.height));
+  Text += "dib " + Place(at) + " " + Pair(picture.width, 'x', picture.height) + "; ";
 }
 
 bool CRecordingDC::PtVisible(ScreenPoint point) const {

@@ -2,25 +2,24 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/draw_context.h"
 
 namespace zando::testing {
 
-/// A surface that keeps one line of text for each operation: "clip", "pen 00FFFF 2",
-/// "org 400,300", "move 1,2", "line 3,4", "poly 1,2 3,4", "fill 1,2 4x4 0000FF",
-/// "dib 1,2 64x64". Colours are written red, green, blue.
+/// A surface that writes down what is drawn, "; " behind each operation: "clip", "pen 00FFFF 2",
+/// "org 400,300", "move 1,2", "line 3,4", "poly 1,2 3,4", "fill 1,2 4x4 0000FF", "dib 1,2 64x64".
+/// Colours are written red, green, blue.
 class CRecordingDC : public CDC {
  public:
   CRecordingDC(std::int32_t width, std::int32_t height) : width_(width), height_(height) {}
 
-  std::vector<std::string> Lines;
+  std::string Text;
 
-  /// How many lines begin with the text.
-  [[nodiscard]] int Count(std::string_view beginning) const;
+  /// How often these words stand in the text.
+  [[nodiscard]] int Count(std::string_view words) const;
 
-  void ResetClip() override { Lines.emplace_back("clip"); }
+  void ResetClip() override { Text += "clip; "; }
   Pen SelectPen(const Pen& pen) override;
   ScreenPoint SetViewportOrg(ScreenPoint origin) override;
   void MoveTo(ScreenPoint point) override;
