@@ -15,8 +15,6 @@
 namespace zando {
 namespace {
 
-using testing::CScriptedDesktop;
-
 class CRecorder : public CView, public CFrameDisplay {
  public:
   void OnUpdate(const CView* /*sender*/, int /*hint*/) override { told += "redraw "; }
@@ -29,7 +27,7 @@ class CRecorder : public CView, public CFrameDisplay {
 struct Bench {
   CZANDODoc level;
   CEditorSettings settings;
-  CScriptedDesktop desktop;
+  testing::CScriptedDesktop desktop;
   CRecorder recorder;
   CDocumentCommands commands{level, settings, desktop};
 
@@ -39,162 +37,148 @@ struct Bench {
   }
   ~Bench() { level.RemoveView(recorder); }
 
-  /// "enabled", "disabled", "checked" or "unknown".
+  /// Lists two brushes.
+  void Fill() {
+    level.AddToWorld();
+    level.AddToWorld();
+  }
+  /// Lists two brushes, picks and selects the first, and places a light.
+  void Prepare() {
+    Fill();
+    level.PlaceLight();
+    level.SetCurrentBrush(*level.BrushList.Head());
+    level.BrushList.Head()->BFlags |= BF_SELECTED;
+  }
   std::string State(CommandId id) {
     CCmdUI ui;
     if (!commands.OnUpdateCommandUI(id, ui)) return "unknown";
     return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
   }
+  void Answer(ControlId answer) {
+    desktop.Dialogs.emplace_back([answer](CDialog&) { return answer; });
+  }
 };
 
-void Nothing(Bench& /*bench*/) {}
-void ListTwo(Bench& bench) {
-  bench.level.AddToWorld();
-  bench.level.AddToWorld();
+TEST(DocumentCommands, WhatHasNothingToWorkOnIsDisabled) {
+  Bench bench;
+  bench.Fill();
+  for (const CommandId id :
+       {ID_EDIT_UNDO, ID_EDIT_REDO, ID_COPY_ENTITY, ID_ADD_TO_GROUP, ID_REMOVE_FROM_GROUP,
+        ID_CREATE_GROUP, ID_DELETE_BRUSH, ID_NEXT_BRUSH, ID_PREVIOUS_BRUSH, ID_COPY_TO_CURRENT}) {
+    EXPECT_EQ(bench.State(id), "disabled") << id;
+  }
+  EXPECT_EQ(bench.State(ID_SPHEROID), "unknown");
+  EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
 }
-void Pick(Bench& bench) {
-  ListTwo(bench);
-  bench.level.SetCurrentBrush(*bench.level.BrushList.Head());
-}
-void Select(Bench& bench) {
-  ListTwo(bench);
-  bench.level.BrushList.Head()->BFlags |= BF_SELECTED;
-}
-void SelectAndEditGroups(Bench& bench) {
-  Select(bench);
-  bench.desktop.Dialogs.emplace_back([](CDialog&) { return IDCANCEL; });
-}
-void EditGroups(Bench& bench) {
-  bench.desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
-}
-void Light(Bench& bench) { bench.level.PlaceLight(); }
 
-TEST(DocumentCommands, EachHasItsRuleBeforeAndAfterAndTellsInOrder) {
+TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   struct Case {
     CommandId id;
-    void (*prepare)(Bench&);
-    std::string before;  ///< state of the command
-    std::string told;
-    std::string after;
+    std::string course;  ///< state before, who is told, state after
   };
-  const std::vector<Case> cases{
-      {ID_ADD_TO_WORLD, Nothing, "enabled", "groups redraw modified", "enabled"},
-      {ID_SUBTRACT_FROM_WORLD, Pick, "enabled", "redraw modified", "enabled"},
-      {ID_CUBE, EditGroups, "enabled", "redraw modified", "enabled"},
-      {ID_QUICK_BSP, ListTwo, "enabled", "redraw modified", "enabled"},
-      {ID_USE_GRID, Nothing, "enabled", "grid redraw ", "checked"},
-      {ID_EDIT_UNDO, ListTwo, "disabled", "", ""},
-      {ID_EDIT_REDO, ListTwo, "disabled", "", ""},
-      {ID_PLACE_LIGHT, Nothing, "enabled", "groups redraw modified", "enabled"},
-      {ID_COPY_ENTITY, Nothing, "disabled", "", ""},
-      {ID_COPY_ENTITY, Light, "enabled", "redraw modified", "enabled"},
-      {ID_SHOW_ENTITIES, Nothing, "checked", "groups redraw ", "enabled"},
-      {ID_SHOW_ALL_BRUSHES, Nothing, "checked", "redraw ", "checked"},
-      {ID_SHOW_VISIBLE_GROUPS, Nothing, "enabled", "redraw ", "checked"},
-      {ID_SHOW_CURRENT_GROUP, Nothing, "enabled", "redraw ", "checked"},
-      {ID_ADD_TO_GROUP, ListTwo, "disabled", "", ""},
-      {ID_ADD_TO_GROUP, Select, "enabled", "groups redraw modified", "disabled"},
-      {ID_REMOVE_FROM_GROUP, ListTwo, "disabled", "", ""},
-      {ID_REMOVE_FROM_GROUP, Select, "enabled", "groups redraw modified", "disabled"},
-      {ID_CREATE_GROUP, ListTwo, "disabled", "", ""},
-      {ID_CREATE_GROUP, SelectAndEditGroups, "enabled", "groups redraw groups redraw modified",
-       "disabled"},
-      {ID_GROUP_EDITOR, EditGroups, "enabled", "groups redraw modified", "enabled"},
-      {ID_GROUP_MOVEMENT, Nothing, "enabled", "", "checked"},
-      {ID_TOOL_SELECT_BRUSH, Nothing, "enabled", "", "checked"},
-      {ID_TOOL_CAMERA, Nothing, "checked", "", "checked"},
-      {ID_DELETE_BRUSH, ListTwo, "disabled", "", ""},
-      {ID_DELETE_BRUSH, Pick, "enabled", "redraw modified", "disabled"},
-      {ID_NEXT_BRUSH, ListTwo, "disabled", "", ""},
-      {ID_NEXT_BRUSH, Pick, "enabled", "redraw ", "enabled"},
-      {ID_PREVIOUS_BRUSH, Pick, "enabled", "redraw ", "enabled"},
-      {ID_COPY_TO_CURRENT, ListTwo, "disabled", "", ""},
-      {ID_COPY_TO_CURRENT, Pick, "enabled", "redraw ", "disabled"},
-      {ID_SPHEROID, Nothing, "unknown", "", ""},
-      {ID_IMPORT_MAP, Nothing, "unknown", "", ""},
-      {ID_GRID_SETTINGS, Nothing, "unknown", "", ""},
-      {ID_HIDE_NON_LIGHTS, Nothing, "unknown", "", ""},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c :
+       {Case{ID_ADD_TO_WORLD, "enabled: redraw modified: enabled"},
+        Case{ID_SUBTRACT_FROM_WORLD, "enabled: redraw modified: enabled"},
+        Case{ID_CUBE, "enabled: redraw modified: enabled"},
+        Case{ID_QUICK_BSP, "enabled: redraw modified: enabled"},
+        Case{ID_USE_GRID, "enabled: grid redraw : checked"},
+        Case{ID_PLACE_LIGHT, "enabled: groups redraw modified: enabled"},
+        Case{ID_COPY_ENTITY, "enabled: redraw modified: enabled"},
+        Case{ID_SHOW_ENTITIES, "checked: groups redraw : enabled"},
+        Case{ID_SHOW_BRUSH, "checked: redraw : enabled"},
+        Case{ID_SHOW_VISIBLE_GROUPS, "enabled: redraw : checked"},
+        Case{ID_ADD_TO_GROUP, "enabled: groups redraw modified: disabled"},
+        Case{ID_REMOVE_FROM_GROUP, "enabled: groups redraw modified: disabled"},
+        Case{ID_CREATE_GROUP, "enabled: groups redraw groups redraw modified: disabled"},
+        Case{ID_GROUP_EDITOR, "enabled: groups redraw modified: enabled"},
+        Case{ID_GROUP_MOVEMENT, "enabled: : checked"},
+        Case{ID_RESET_BRUSH, "enabled: redraw modified: enabled"},
+        Case{ID_DELETE_BRUSH, "enabled: redraw modified: disabled"},
+        Case{ID_NEXT_BRUSH, "enabled: redraw : enabled"},
+        Case{ID_COPY_TO_CURRENT, "enabled: redraw : disabled"}}) {
     Bench bench;
-    c.prepare(bench);
+    bench.Prepare();
     bench.recorder.told.clear();
     bench.level.SetModifiedFlag(false);
-    EXPECT_EQ(bench.State(c.id), c.before) << c.id;
-    if (c.after.empty() && c.before != "unknown") continue;
-    EXPECT_EQ(bench.commands.OnCommand(c.id), c.before != "unknown");
-    if (c.before == "unknown") continue;
-    EXPECT_EQ(bench.recorder.told + (bench.level.IsModified() ? "modified" : ""), c.told) << c.id;
-    EXPECT_EQ(bench.State(c.id), c.after) << c.id;
+    const bool asks = c.id == ID_CUBE || c.id == ID_CREATE_GROUP || c.id == ID_GROUP_EDITOR;
+    if (asks) bench.Answer(IDOK);
+    std::string course = bench.State(c.id) + ": ";
+    bench.commands.OnCommand(c.id);
+    course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
+    EXPECT_EQ(course + ": " + bench.State(c.id), c.course) << c.id;
     EXPECT_TRUE(bench.desktop.Dialogs.empty()) << c.id;
+  }
+}
+
+TEST(DocumentCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
+  const std::vector<std::vector<CommandId>> choices{
+      {ID_TOOL_CAMERA, ID_TOOL_MOVE_ROTATE_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SHEAR_BRUSH,
+       ID_TOOL_MOVE_SELECT_ENTITY, ID_TOOL_SELECT_GROUP, ID_TOOL_SELECT_BRUSH},
+      {ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP}};
+  Bench bench;
+  for (const std::vector<CommandId>& ids : choices) {
+    for (const CommandId chosen : ids) {
+      bench.commands.OnCommand(chosen);
+      for (const CommandId id : ids) {
+        EXPECT_EQ(bench.State(id), id == chosen ? "checked" : "enabled") << chosen << ' ' << id;
+      }
+    }
   }
 }
 
 TEST(DocumentCommands, StepsThroughTheListStayAtItsEnds) {
   Bench bench;
-  ListTwo(bench);
+  bench.Prepare();
   CZandoBrush* first = bench.level.BrushList.Head();
-  CZandoBrush* second = first->Next;
-  bench.level.SetCurrentBrush(*first);
-  struct Step {
-    CommandId id;
-    CZandoBrush* current;
-  };
-  for (const Step& step : {Step{ID_PREVIOUS_BRUSH, first}, Step{ID_NEXT_BRUSH, second},
-                           Step{ID_NEXT_BRUSH, second}, Step{ID_PREVIOUS_BRUSH, first}}) {
-    bench.commands.OnCommand(step.id);
-    EXPECT_EQ(bench.level.CurrentBrush, step.current);
-    EXPECT_EQ(bench.level.BrushPicked, 1);
+  for (const auto& [id, current] : {std::pair{ID_PREVIOUS_BRUSH, first},
+                                    {ID_NEXT_BRUSH, first->Next},
+                                    {ID_NEXT_BRUSH, first->Next},
+                                    {ID_PREVIOUS_BRUSH, first}}) {
+    bench.commands.OnCommand(id);
+    EXPECT_EQ(bench.level.CurrentBrush, current);
   }
-  second->MoveTo({1, 2, 3});
-  bench.level.SetCurrentBrush(*second);
+  first->MoveTo({1, 2, 3});
   bench.commands.OnCommand(ID_COPY_TO_CURRENT);
   EXPECT_EQ(bench.level.CurrentBrush, &bench.level.WorkingBrush);
   EXPECT_EQ(bench.level.WorkingBrush.Pos[kOwnSlot], (Vector{1, 2, 3}));
-  EXPECT_EQ(bench.level.BrushCount(), 2);
 }
 
 TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   Bench bench;
-  Pick(bench);
-  const Vector corner = bench.level.CurrentBrush->Polys[0][0];
+  bench.Prepare();
+  const CZandoBrush& picked = *bench.level.CurrentBrush;
+  const Vector corner = picked.Polys[0][0];
   bench.level.BoxDialog.YSize = 32;
-  bench.desktop.Dialogs.emplace_back([](CDialog&) { return IDCANCEL; });
+  bench.Answer(IDCANCEL);
   bench.commands.OnCommand(ID_CUBE);
-  EXPECT_EQ(bench.level.CurrentBrush->Polys[0][0], corner);
-  bench.desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
+  EXPECT_EQ(picked.Polys[0][0], corner);
+  bench.Answer(IDOK);
   bench.commands.OnCommand(ID_CUBE);
-  const CZandoBrush& picked = *bench.level.BrushList.Head();
   EXPECT_EQ(picked.Polys[0][0].y, 16);
   EXPECT_EQ(picked.Faces[0].points[1], picked.Polys[0][0]);
   EXPECT_EQ(bench.level.WorkingBrush.Polys[0][0], corner);
 }
 
 TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
-  const auto folder =
-      std::filesystem::path(::testing::TempDir()) / ("zando.export." + std::to_string(::getpid()));
-  std::filesystem::remove_all(folder);
+  const std::filesystem::path folder =
+      ::testing::TempDir() + "zando.export." + std::to_string(::getpid());
   std::filesystem::create_directories(folder);
   Bench bench;
-  ListTwo(bench);
+  bench.Fill();
   bench.level.SetModifiedFlag(false);
   bench.level.SetPathName("/levels.d/d\xC3\xBCne.3dz");
   bench.desktop.Files = {std::nullopt, folder / "out.map", folder / "missing" / "d\xC3\xBCne.map"};
-  bench.commands.OnCommand(ID_EXPORT_MAP);
-  const FileRequest& request = bench.desktop.FileRequests[0];
-  EXPECT_EQ(request.proposal, "/levels.d/d\xC3\xBCne");
-  EXPECT_EQ(request.extension, "MAP");
-  EXPECT_TRUE(std::filesystem::is_empty(folder));
-
-  bench.commands.OnCommand(ID_EXPORT_MAP);
-  const FileContents written = ReadWholeFile(folder / "out.map");
-  ASSERT_TRUE(written.bytes.has_value());
-  EXPECT_NE(written.bytes->find("worldspawn"), std::string::npos);
-  EXPECT_EQ(bench.desktop.StatusText, "Wrote 2 brushes to out.map");
-
-  bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_TRUE(bench.desktop.StatusText.starts_with("Cannot write "));
-  EXPECT_NE(bench.desktop.StatusText.find("missing/d\xFCne.map: "), std::string::npos);
+  for (const std::string& said :
+       {std::string(), std::string("Wrote 2 brushes to out.map"),
+        "Cannot write " + (folder / "missing" / "d\xFCne.map: ").string()}) {
+    bench.commands.OnCommand(ID_EXPORT_MAP);
+    EXPECT_TRUE(bench.desktop.StatusText.starts_with(said)) << bench.desktop.StatusText;
+    EXPECT_EQ(bench.desktop.StatusText.empty(), said.empty());
+  }
+  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne");
+  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "MAP");
+  EXPECT_NE(ReadWholeFile(folder / "out.map").bytes.value_or("").find("worldspawn"),
+            std::string::npos);
   EXPECT_FALSE(bench.level.IsModified());
   std::filesystem::remove_all(folder);
 }
