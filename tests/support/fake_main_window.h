@@ -28,7 +28,6 @@ class CFakeMainWindow : public CMainWindow {
   std::vector<Child> Children;
   std::vector<GroupItem> GroupItems;
   std::int32_t SelectedGroup = -2;
-  int GroupRefills = 0;
   std::string GridPane;
   std::vector<std::filesystem::path> RecentFiles;
   std::string Arrangement;  ///< "H" for each horizontal tiling, "T", "C", "A" for the others
@@ -76,7 +75,6 @@ class CFakeMainWindow : public CMainWindow {
   void SetGroupItems(const std::vector<GroupItem>& items, std::int32_t selected) override {
     GroupItems = items;
     SelectedGroup = selected;
-    ++GroupRefills;
   }
   void SetGridPane(std::string_view text) override { GridPane = text; }
   void SetRecentFiles(const std::vector<std::filesystem::path>& files) override {

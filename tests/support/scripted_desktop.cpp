@@ -43,10 +43,9 @@ std::optional<std::filesystem::path> CScriptedDesktop::ChooseFile(const FileRequ
 }
 
 std::optional<ColorRef> CScriptedDesktop::ChooseColor(ColorRef initial) {
-  std::string digits(7, '\0');
-  std::snprintf(digits.data(), digits.size(), "%06X", initial & 0xFFFFFFU);
-  digits.resize(6);
-  Calls.push_back("color " + digits);
+  char digits[7];
+  std::snprintf(digits, sizeof digits, "%06X", initial & 0xFFFFFFU);
+  Calls.push_back("color " + std::string(digits));
   return Next(Colors, std::optional<ColorRef>(), Calls.back());
 }
 
@@ -54,12 +53,6 @@ ControlId CScriptedDesktop::DoModal(CDialog& dialog) {
   Calls.push_back("dialog " + std::to_string(dialog.TemplateId()));
   const std::function<ControlId(CDialog&)> cancel = [](CDialog&) { return IDCANCEL; };
   return Next(Dialogs, cancel, Calls.back())(dialog);
-}
-
-void CScriptedDesktop::SetCursorPos(ScreenPoint point) {
-  if (!CursorPlaceable) return;
-  Cursor = point;
-  CursorPlacements.push_back(point);
 }
 
 }  // namespace zando::testing

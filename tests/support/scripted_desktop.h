@@ -32,7 +32,6 @@ class CScriptedDesktop : public CDesktop {
   ScreenPoint Cursor{500, 400};
   bool CursorPlaceable = true;
   int CursorHidden = 0;  ///< hides without a show yet
-  std::vector<ScreenPoint> CursorPlacements;
   bool ShiftDown = false;
 
   void ShowMessage(std::string_view text) override;
@@ -43,7 +42,9 @@ class CScriptedDesktop : public CDesktop {
   std::optional<ColorRef> ChooseColor(ColorRef initial) override;
   ControlId DoModal(CDialog& dialog) override;
   ScreenPoint GetCursorPos() const override { return Cursor; }
-  void SetCursorPos(ScreenPoint point) override;
+  void SetCursorPos(ScreenPoint point) override {
+    if (CursorPlaceable) Cursor = point;
+  }
   bool CanPlaceCursor() const override { return CursorPlaceable; }
   void ShowCursor(bool visible) override { CursorHidden += visible ? -1 : 1; }
   bool IsShiftDown() const override { return ShiftDown; }

@@ -193,17 +193,13 @@ TEST_F(MouseTools, TheCameraFliesTurnsPansAndZooms) {
   EXPECT_EQ(camera.Pitch, 2048);
   Play("R 0,9999 r");
   EXPECT_EQ(camera.Pitch, -2048);
-  struct FlatRow {
-    ViewKind kind;
-    Vector panned;
-  };
-  for (const FlatRow& row :
-       {FlatRow{kTop, {12, 0, 8}}, FlatRow{kSide, {0, 8, 12}}, FlatRow{kFront, {12, 8, 0}}}) {
-    Use(kCamera, row.kind);
+  for (const auto& [kind, panned] :
+       {std::pair{kTop, Vector{12, 0, 8}}, {kSide, {0, 8, 12}}, {kFront, {12, 8, 0}}}) {
+    Use(kCamera, kind);
     camera.Position = kZero;
     view.SetZoom(0.1);
     Play("L 3,-2 l L R 3,-2 l r R 3,-2 r");
-    ExpectNear(camera.Position, row.panned, "panned twice");
+    ExpectNear(camera.Position, panned, "panned twice");
     EXPECT_NEAR(view.Zoom(), 0.102, 1e-12);
   }
   Play("R 0,5000 r");
@@ -245,32 +241,30 @@ TEST_F(MouseTools, AReleasedTurnSnapsToItsStepOrToDegrees) {
 
 TEST_F(MouseTools, ShiftAtTheReleaseKeepsTheLargestChangeAndOfEqualOnesTheLastAxis) {
   struct Case {
-    Vector by, kept;
+    std::string script;
+    Vector position, angles;
   };
-  document.UseRotationSnap = 1;
-  document.RotationSnap = 1;
+  Use(kMove, kSolid);
+  document.RotationSnap = 6;
   desktop.ShiftDown = true;
-  for (const Case& c : {Case{{30, 0, -50}, {0, 0, -50}}, Case{{51, 0, -50}, {51, 0, 0}},
-                        Case{{50, 0, -50}, {0, 0, -50}}, Case{{20, 20, 0}, {0, 20, 0}},
-                        Case{{0, 20, -20}, {0, 0, -20}}, Case{{20, 21, 20}, {0, 21, 0}}}) {
+  for (const Case& c :
+       {Case{"L 30,50 l", {0, 0, -50}, kZero}, Case{"L 51,50 l", {51, 0, 0}, kZero},
+        Case{"L 50,50 l", {0, 0, -50}, kZero}, Case{"L R 20,-20 r l", {0, 20, 0}, kZero},
+        Case{"L R 20,-21 r 0,20 l", {0, 21, 0}, kZero}, Case{"R -10,-11 r", kZero, {0, 66, 0}},
+        // Yaw is about y, which comes behind the x of pitch.
+        Case{"R -10,-10 r", kZero, {60, 0, 0}}}) {
     brush.ResetSlot(0);
     brush.MoveTo(kZero);
-    Play("L");
-    document.MoveBrush(-c.by, kAllAxes);
-    Play("l");
-    EXPECT_EQ(brush.Pos[0], c.kept);
-    ExpectNear(brush.WorldOrigin(), c.kept, "world");
-    Play("R");
-    document.RotateBrush(ByAxis(c.by), kAllAxes);
-    Play("r");
-    EXPECT_EQ(ByAxis(brush.Rot[0]), c.kept);
-    EXPECT_EQ(brush.WorkRot[0], brush.Rot[0]);
+    Play(c.script);
+    EXPECT_EQ(brush.Pos[0], c.position) << c.script;
+    EXPECT_EQ(brush.Rot[0], c.angles) << c.script;
+    EXPECT_EQ(brush.WorkRot[0], c.angles) << c.script;
+    ExpectNear(brush.WorldOrigin(), c.position, c.script);
   }
 }
 
 TEST_F(MouseTools, ScalesStopAtATenth) {
-  Use(kScale, kSolid, kAxisX);
-  brush.Scl[0].y = 0.05;
+  Use(kScale, kSolid, kAxisX | kAxisY);
   Play("L R -5000,0 l r");
   EXPECT_EQ(brush.Scl[0], (Vector{0.1, 0.1, 1.0}));
 }
@@ -547,8 +541,7 @@ TEST_F(MouseTools, SpaceAndTheMiddleButtonToggleTheCameraUnlessAButtonIsDown) {
 
 TEST_F(MouseTools, KeysDeleteWhatTheToolWorksOnAndStepTheGrid) {
   for (const CommandId tool : {kMove, kScale, kShear, kEntity, kBox, kCamera}) {
-    document.Entities.clear();
-    AddEntitiesAt({"1 2 3"});
+    document.Entities.resize(1);
     document.CurrentEntity = 0;
     document.SetCurrentBrush(AddBox(kZero));
     document.ToolMode = tool;
@@ -557,26 +550,23 @@ TEST_F(MouseTools, KeysDeleteWhatTheToolWorksOnAndStepTheGrid) {
     EXPECT_EQ(document.CurrentBrush == &brush, ofBrush) << tool;
     EXPECT_EQ(document.Entities.empty(), tool == kEntity) << tool;
   }
-  document.GridSize = 8;
   view.OnKeyDown(Key::KeypadMinus, {});
-  EXPECT_EQ(document.GridSize, 4);
+  EXPECT_EQ(document.GridSize, 32);
   view.OnKeyDown(Key::KeypadPlus, {});
-  EXPECT_EQ(document.GridSize, 8);
+  EXPECT_EQ(document.GridSize, 64);
 }
 
 TEST_F(MouseTools, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
-  struct Case {
-    ViewKind kind;
-    Vector turned;
-  };
-  for (const Case& c : {Case{kTop, {2055, 8, 9}}, Case{kSolid, {2055, 8, 9}},
-                        Case{kSide, {7, 2056, 9}}, Case{kFront, {7, 8, 2057}}}) {
+  for (const auto& [kind, by] : {std::pair{kTop, Vector{2048, 0, 0}},
+                                 {kSolid, {2048, 0, 0}},
+                                 {kSide, {0, 2048, 0}},
+                                 {kFront, {0, 0, 2048}}}) {
     brush.Rot[0] = brush.WorkRot[0] = {7, 8, 9};
     for (const std::uint32_t axes : {kAllAxes, 0U}) {
-      Use(kMove, c.kind, axes);
+      Use(kMove, kind, axes);
       view.OnCommand(ID_ROTATE_90);
-      EXPECT_EQ(brush.WorkRot[0], c.turned);
-      EXPECT_EQ(brush.Rot[0], c.turned);
+      EXPECT_EQ(brush.WorkRot[0], (Vector{7, 8, 9}) + by);
+      EXPECT_EQ(brush.Rot[0], brush.WorkRot[0]);
     }
   }
 }
