@@ -160,27 +160,24 @@ TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
 }
 
 TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
-  const std::filesystem::path folder =
+  const std::filesystem::path file =
       ::testing::TempDir() + "zando.export." + std::to_string(::getpid());
-  std::filesystem::create_directories(folder);
   Bench bench;
   bench.Fill();
   bench.level.SetModifiedFlag(false);
   bench.level.SetPathName("/levels.d/d\xC3\xBCne.3dz");
-  bench.desktop.Files = {std::nullopt, folder / "out.map", folder / "missing" / "d\xC3\xBCne.map"};
-  for (const std::string& said :
-       {std::string(), std::string("Wrote 2 brushes to out.map"),
-        "Cannot write " + (folder / "missing" / "d\xFCne.map: ").string()}) {
-    bench.commands.OnCommand(ID_EXPORT_MAP);
-    EXPECT_TRUE(bench.desktop.StatusText.starts_with(said)) << bench.desktop.StatusText;
-    EXPECT_EQ(bench.desktop.StatusText.empty(), said.empty());
-  }
+  bench.desktop.Files = {std::nullopt, file, "/missing/d\xC3\xBCne.map"};
+  bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne");
   EXPECT_EQ(bench.desktop.FileRequests[0].extension, "MAP");
-  EXPECT_NE(ReadWholeFile(folder / "out.map").bytes.value_or("").find("worldspawn"),
-            std::string::npos);
+  EXPECT_EQ(bench.desktop.StatusText, "");
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_EQ(bench.desktop.StatusText, "Wrote 2 brushes to " + file.filename().string());
+  EXPECT_NE(ReadWholeFile(file).bytes.value_or("").find("worldspawn"), std::string::npos);
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_TRUE(bench.desktop.StatusText.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());
-  std::filesystem::remove_all(folder);
+  std::filesystem::remove(file);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // What the mouse and the keys do, played through the view under every tool.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -53,7 +52,8 @@ class MouseTools : public ::testing::Test {
   }
 
   /// Plays the mouse: "L" and "R" press a button, "l" and "r" release it, "3,-2" moves right and
-  /// up. Once all buttons are released nothing may be left of a drag.
+  /// up, "lost" takes the mouse away, "shift" holds that key; "grid=8" and "step=6" set what is
+  /// snapped to. Once all buttons are released nothing may be left of a drag.
   void Play(const std::string& script) {
     std::istringstream words(script);
     for (std::string word; words >> word;) {
@@ -65,6 +65,17 @@ class MouseTools : public ::testing::Test {
         (isLeft ? held.left : held.right) = false;
         view.OnButtonUp(isLeft ? Button::Left : Button::Right, held, at);
         if (!held.left && !held.right) ExpectAtRest();
+      } else if (word == "lost") {
+        view.EndDrag();
+        ExpectAtRest();
+      } else if (word == "shift") {
+        desktop.ShiftDown = true;
+      } else if (word.starts_with("grid=")) {
+        document.UseGrid = 1;
+        document.GridSize = std::stod(word.substr(5));
+      } else if (word.starts_with("step=")) {
+        document.UseRotationSnap = 1;
+        document.RotationSnap = std::stod(word.substr(5));
       } else {
         desktop.Cursor.x += std::stoi(word);
         desktop.Cursor.y += std::stoi(word.substr(word.find(',') + 1));
@@ -206,97 +217,86 @@ TEST_F(MouseTools, TheCameraFliesTurnsPansAndZooms) {
   EXPECT_EQ(view.Zoom(), 0.001);
 }
 
-TEST_F(MouseTools, AReleasedMoveSnapsHalvesUpAndOnlyAlongAllowedAxes) {
+TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
   struct Case {
-    std::int32_t useGrid;
-    double grid, from;
-    std::string drag;
-    double to;
-  };
-  for (const Case& c :
-       {Case{1, 16, 0.9, "23,50", 16}, Case{1, 16, 0, "24,50", 32}, Case{1, 16, 0, "-24,50", -16},
-        Case{1, 16, 0, "-25,50", -32}, Case{0, 16, 0.4, "5,50", 5}, Case{0, 16, 0.5, "5,50", 6},
-        Case{1, 0, 0.4, "5,50", 5}}) {
-    document.UseGrid = c.useGrid;
-    document.GridSize = c.grid;
-    brush.MoveTo({c.from, 3.3, 4.4});
-    settings.ActiveAxisMask = kAxisX;
-    Play("L " + c.drag + " l");
-    EXPECT_EQ(brush.Pos[0], (Vector{c.to, 3.3, 4.4})) << c.from << " moved by " << c.drag;
-    EXPECT_EQ(brush.WorkPos[0], brush.Pos[0]);
-    ExpectNear(brush.WorldOrigin(), brush.Pos[0], "committed");
-  }
-  EXPECT_TRUE(document.IsModified());
-}
-
-TEST_F(MouseTools, AReleasedTurnSnapsToItsStepOrToDegrees) {
-  Use(kMove, kSolid);
-  document.RotationSnap = 1024;
-  Play("R -86,-85 r");  // 516 and 510 units
-  EXPECT_EQ(brush.Rot[0], (Vector{1024, 0, 0}));
-  document.UseRotationSnap = 0;
-  Play("R -2,0 r");
-  EXPECT_DOUBLE_EQ(brush.Rot[0].x, std::floor(1036.0 / (8192.0 / 360.0) + 0.5) * 8192.0 / 360.0);
-}
-
-TEST_F(MouseTools, ShiftAtTheReleaseKeepsTheLargestChangeAndOfEqualOnesTheLastAxis) {
-  struct Case {
-    std::string script;
-    Vector position, angles;
-  };
-  Use(kMove, kSolid);
-  document.RotationSnap = 6;
-  desktop.ShiftDown = true;
-  for (const Case& c :
-       {Case{"L 30,50 l", {0, 0, -50}, kZero}, Case{"L 51,50 l", {51, 0, 0}, kZero},
-        Case{"L 50,50 l", {0, 0, -50}, kZero}, Case{"L R 20,-20 r l", {0, 20, 0}, kZero},
-        Case{"L R 20,-21 r 0,20 l", {0, 21, 0}, kZero}, Case{"R -10,-11 r", kZero, {0, 66, 0}},
-        // Yaw is about y, which comes behind the x of pitch.
-        Case{"R -10,-10 r", kZero, {60, 0, 0}}}) {
-    brush.ResetSlot(0);
-    brush.MoveTo(kZero);
-    Play(c.script);
-    EXPECT_EQ(brush.Pos[0], c.position) << c.script;
-    EXPECT_EQ(brush.Rot[0], c.angles) << c.script;
-    EXPECT_EQ(brush.WorkRot[0], c.angles) << c.script;
-    ExpectNear(brush.WorldOrigin(), c.position, c.script);
-  }
-}
-
-TEST_F(MouseTools, ScalesStopAtATenth) {
-  Use(kScale, kSolid, kAxisX | kAxisY);
-  Play("L R -5000,0 l r");
-  EXPECT_EQ(brush.Scl[0], (Vector{0.1, 0.1, 1.0}));
-}
-
-TEST_F(MouseTools, AReleaseSnapsTheCurrentEntityAndWritesItsOrigin) {
-  struct Step {
     CommandId tool;
-    std::string script;
-    bool shift;
-    std::string origin;
+    ViewKind kind;
+    std::string script, outcome;
+    double x = 0;  ///< of the brush before
   };
-  AddEntitiesAt({"10 20 30", ""});
-  document.CurrentEntity = 0;
-  document.UseGrid = 1;
-  document.GridSize = 8;
-  // A drag that ends with the right button is committed; a mere click changes nothing.
-  for (const Step& step :
-       {Step{kEntity, "R 5,0 r", false, "10 20 30"}, Step{kEntity, "L 3,1 l", false, "16 16 32"},
-        Step{kEntity, "L 9,16 l", true, "16 0 32"}, Step{kEntity, "L R 8,0 l r", false, "24 0 32"},
-        Step{kMove, "L 1,0 l", false, "24 0 32"}}) {
-    desktop.ShiftDown = step.shift;
-    Use(step.tool, kFront);
-    Play(step.script);
-    EXPECT_EQ(document.Entities[0].GetValue("origin"), step.origin);
+  const std::vector<Case> cases = {
+      // Halves are snapped up, to whole units without a grid; what is not moved is snapped as well.
+      {kMove, kTop, "grid=16 L 23,0 l", "at 16 0 0"},
+      {kMove, kTop, "grid=16 L 24,0 l", "at 32 0 0"},
+      {kMove, kTop, "grid=16 L -24,9 l", "at -16 0 -16"},
+      {kMove, kTop, "grid=16 L -25,0 l", "at -32 0 0"},
+      {kMove, kTop, "L 5,0 l", "at 5 0 0", 0.4},
+      {kMove, kTop, "L 5,0 l", "at 6 0 0", 0.5},
+      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0 0", 0.4},
+      {kMove, kSolid, "step=1024 R -86,-85 r", "turned 1024 0 0"},  // 516 and 510 units
+      {kMove, kSolid, "R -2,0 r", "turned 22.7556 0 0"},            // a degree
+      // Shift keeps the largest change, and of equal ones that along the last axis.
+      {kMove, kSolid, "shift L 30,50 l", "at 0 0 -50"},
+      {kMove, kSolid, "shift L 51,50 l", "at 51 0 0"},
+      {kMove, kSolid, "shift L 50,50 l", "at 0 0 -50"},
+      {kMove, kSolid, "shift L R 20,-20 l r", "at 0 20 0"},
+      {kMove, kSolid, "shift L R 20,-21 r 0,20 l", "at 0 21 0"},
+      {kMove, kSolid, "shift step=6 R -10,-11 r", "turned 0 66 0"},
+      {kMove, kSolid, "shift step=6 R -10,-10 r", "turned 60 0 0"},  // yaw is about y
+      // The last button up ends a drag, in whatever order.
+      {kMove, kTop, "L 4,0 R 4,0 l r", "at 8 0 0"},
+      {kMove, kTop, "L 4,0 R 4,0 r l", "at 8 0 0"},
+      {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
+      {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
+      {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
+      {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
+      // An entity is only committed when it was dragged, with whichever button.
+      {kEntity, kFront, "grid=8 R 5,0 r", ""},
+      {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 32"},
+      {kEntity, kFront, "grid=8 shift L 9,16 l", "origin 10 8 30"},
+      {kEntity, kFront, "grid=8 L R 8,0 l r", "origin 16 24 32"},
+      {kEntity, kFront, "grid=8 L R 8,0 r l", "origin 16 24 32"}};
+  AddEntitiesAt({"10 20 30"});
+  const CZandoBrush fresh = brush;
+  const CEntity untouched = document.Entities[0];
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.script);
+    brush = fresh;
+    brush.MoveTo({c.x, 0, 0});
+    document.Entities[0] = untouched;
+    document.CurrentEntity = c.tool == kEntity ? 0 : -1;
+    document.UseGrid = document.UseRotationSnap = 0;
+    document.SetModifiedFlag(false);
+    desktop.ShiftDown = false;
+    Use(c.tool, c.kind);
+    Play(c.script);
+    std::ostringstream outcome;
+    const auto tell = [&](const char* what, const Vector& now, const Vector& before) {
+      if (now == before) return;
+      outcome << (outcome.view().empty() ? "" : ", ") << what << ' ' << now.x + 0.0 << ' '
+              << now.y + 0.0 << ' ' << now.z + 0.0;
+    };
+    tell("at", brush.Pos[0], kZero);
+    tell("turned", brush.Rot[0], kZero);
+    tell("scaled", brush.Scl[0], {1, 1, 1});
+    tell("origin", document.Entities[0].eOrigin, untouched.eOrigin);
+    EXPECT_EQ(outcome.str(), c.outcome);
+    EXPECT_EQ(document.IsModified(), !c.outcome.empty());
+    EXPECT_EQ(brush.WorkPos[0], brush.Pos[0]);
+    EXPECT_EQ(brush.WorkRot[0], brush.Rot[0]);
+    EXPECT_EQ(brush.DragMatrix, Transform::Identity());
+    ExpectNear(brush.WorldOrigin(), brush.Pos[0], "world");
   }
-  document.GridSize = 10;
-  Play("L 1,0 l");
-  EXPECT_EQ(document.Entities[0].GetValue("origin"), "20 0 30") << "along with a moved brush";
-  document.CurrentEntity = 1;
-  Use(kEntity, kFront);
-  Play("L 5,0 l");
-  EXPECT_EQ(document.Entities[1].WorkOrigin, kZero) << "has no origin";
+}
+
+TEST_F(MouseTools, AMoveSnapsOnlyAlongAllowedAxesAndTakesTheCurrentEntityToTheGrid) {
+  AddEntitiesAt({"10 20 30"});
+  document.CurrentEntity = 0;
+  brush.MoveTo({0.9, 3.3, 4.4});
+  Use(kMove, kTop, kAxisX);
+  Play("grid=16 L 23,50 l");
+  EXPECT_EQ(brush.Pos[0], (Vector{16, 3.3, 4.4}));
+  EXPECT_EQ(document.Entities[0].GetValue("origin"), "16 20 30");
 }
 
 /// Members of a group at odd places, one that is no member, and the group's centre.
@@ -383,53 +383,27 @@ TEST_F(GroupTools, WithoutACurrentGroupNothingMoves) {
   EXPECT_EQ(CornerOf(brush), corners[1]);
 }
 
-TEST_F(MouseTools, TheLastButtonUpEndsTheDragWhateverTheOrder) {
+TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommitted) {
   testing::CFakeViewWindow siblingWindow;
   CZANDOView sibling(document, settings, desktop);
   sibling.SetWindow(&siblingWindow);
-  for (const bool leftFirst : {true, false}) {
-    brush.MoveTo(kZero);
-    siblingWindow.Invalidations = 0;
-    Play("L L 4,0 R 4,0");  // a release got lost
-    Play(leftFirst ? "l" : "r");
-    EXPECT_TRUE(window.Captured);
-    EXPECT_EQ(desktop.CursorHidden, 1);
-    EXPECT_EQ(brush.Pos[0], kZero);
-    EXPECT_EQ(siblingWindow.Invalidations, 0);
-    Play(leftFirst ? "r" : "l");
-    EXPECT_EQ(brush.Pos[0], (Vector{8, 0, 0}));
-    EXPECT_EQ(siblingWindow.Invalidations, 1);
-  }
-}
-
-TEST_F(MouseTools, AMoveThatBecomesATurnIsCommittedFirst) {
-  document.RotationSnap = 6;
-  Play("L 7,0 R 2,0 l -5,0");
-  EXPECT_EQ(brush.Pos[0], (Vector{9, 0, 0}));
-  EXPECT_EQ(brush.DragMatrix, Transform::Identity());
+  Play("L 4,0 R 4,0 l");
+  EXPECT_TRUE(window.Captured);
+  EXPECT_EQ(desktop.CursorHidden, 1);
+  EXPECT_EQ(brush.Pos[0], kZero);
+  EXPECT_EQ(siblingWindow.Invalidations, 0);
   Play("r");
-  EXPECT_EQ(brush.Rot[0], (Vector{30, 0, 0}));
-  EXPECT_EQ(brush.WorkPos[0], brush.Pos[0]);
+  EXPECT_EQ(siblingWindow.Invalidations, 1);
 }
 
-TEST_F(MouseTools, ALostMouseCommitsTheDragAndLeavesTheNextOneWhole) {
-  Play("L R 5,0");
-  view.EndDrag();
-  EXPECT_EQ(brush.Pos[0], (Vector{5, 0, 0}));
-  EXPECT_EQ(brush.DragMatrix, Transform::Identity());
-  EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
-  ExpectAtRest();
-  view.EndDrag();
-  Play("5,0 r l L 5,0");
-  document.ToolMode = kScale;  // does not take the drag over
+TEST_F(MouseTools, AnotherToolDoesNotTakeADragOverAndALostBoxIsErased) {
+  Play("L 5,0");
+  document.ToolMode = kScale;
   Play("5,0 l");
-  EXPECT_EQ(brush.Pos[0], (Vector{15, 0, 0}));
+  EXPECT_EQ(brush.Pos[0], (Vector{10, 0, 0}));
   EXPECT_EQ(brush.Scl[0], (Vector{1, 1, 1}));
-
   document.ToolMode = kBox;
-  Play("L 5,5");
-  view.EndDrag();
-  ExpectAtRest();
+  Play("L 5,5 lost l");
 }
 
 TEST_F(MouseTools, DeletingTheBrushThatIsDraggedOrItsViewEndsTheDrag) {

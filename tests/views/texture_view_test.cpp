@@ -34,11 +34,9 @@ class TextureView : public ::testing::Test {
   /// An archive with textures "t0", "t1" and so on in a window that is so wide.
   void Show(const Sizes& sizes, std::int32_t width) {
     std::vector<testing::Lump> lumps;
-    for (const ScreenPoint& size : sizes) {
-      const auto columns = static_cast<std::uint32_t>(size.x);
-      const auto rows = static_cast<std::uint32_t>(size.y);
-      lumps.push_back({testing::MipHead("t" + std::to_string(lumps.size()), columns, rows) +
-                       std::string(std::size_t{columns} * rows, '\1')});
+    for (const auto& [columns, rows] : sizes) {
+      const std::string name = "t" + std::to_string(lumps.size());
+      lumps.push_back({testing::MipHead(name, columns, rows) + std::string(columns * rows, '\1')});
     }
     ASSERT_TRUE(document.Textures.LoadBytes(testing::Archive(lumps)));
     view.OnSize(width);
@@ -167,13 +165,13 @@ TEST_F(TextureView, KeysMoveTheSelectionAndOnlyUsingItNamesTheBrush) {
 }
 
 TEST_F(TextureView, WithoutTexturesThereIsNothingToDrawOrToSelect) {
-  view.OnSize(300);
+  Show({}, 300);
   testing::CRecordingDC dc(300, 200);
   view.OnDraw(dc, {0, 0, 300, 200});
-  EXPECT_EQ(dc.Text, "");
   view.OnLeftButtonUp({5, 5});
   view.MoveSelection(Step::Down);
   view.UseSelected();
+  EXPECT_EQ(dc.Text, "");
   EXPECT_FALSE(document.IsModified());
 }
 
