@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <vector>
 
 namespace zando {
 namespace {
@@ -45,40 +44,6 @@ TEST(Camera, MapsBetweenWorldAndScreenInEveryKind) {
   EXPECT_EQ(back(ViewKind::Side), (Vector{0, -20, 50}));
   EXPECT_EQ(back(ViewKind::Front), (Vector{30, -20, 0}));
   EXPECT_EQ(back(ViewKind::Solid), (Vector{0, 0, 0}));
-}
-
-TEST(Camera, CutsPolygonsOffAtTheNearPlane) {
-  using Point = CProjectedPoly::Point;
-  struct Row {
-    const char* name;
-    std::vector<Vector> vertices;
-    std::vector<Point> expected;
-  };
-  const CCamera camera = MakeCamera({0, 0, 0}, ViewKind::Wireframe);
-  for (const Row& row :
-       std::vector<Row>{{"on the plane is in front",
-                         {{0, 0, 16}, {16, 0, 16}, {0, 16, 16}},
-                         {{211, 170, 16}, {412, 170, 16}, {211, -31, 16}}},
-                        {"one behind: toward the previous vertex, then the next",
-                         {{0, 0, 0}, {32, 0, 32}, {-32, 0, 32}},
-                         {{10, 170, 16}, {412, 170, 16}, {412, 170, 32}, {10, 170, 32}}},
-                        {"two behind",
-                         {{0, 0, 32}, {32, 0, 0}, {-32, 0, 0}},
-                         {{211, 170, 32}, {412, 170, 16}, {10, 170, 16}}},
-                        {"all behind", {{0, 0, 15.9}, {32, 0, 15}, {-32, 0, -100}}, {}}}) {
-    SCOPED_TRACE(row.name);
-    CZandoPoly polygon;
-    polygon.tag = 17;
-    for (const Vector& vertex : row.vertices) polygon.Append(vertex);
-    const CProjectedPoly projected = camera.ProjectPolygon(polygon);
-    EXPECT_EQ(projected.color, 17U);
-    ASSERT_EQ(projected.Points().size(), row.expected.size());
-    for (std::size_t i = 0; i < row.expected.size(); ++i) {
-      EXPECT_NEAR(projected.points[i].x, row.expected[i].x, 1e-9);
-      EXPECT_NEAR(projected.points[i].y, row.expected[i].y, 1e-9);
-      EXPECT_EQ(projected.points[i].depth, row.expected[i].depth);
-    }
-  }
 }
 
 }  // namespace

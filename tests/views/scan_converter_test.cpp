@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -69,32 +68,6 @@ TEST(ScanConverter, FillsThePixelsWhoseTopLeftCornerIsWithin) {
               std::to_string(span.x1) + "; ";
     }
     EXPECT_EQ(rows, c.rows) << c.name;
-  }
-}
-
-/// The steps down an edge are cut off at 1/16384 pixel each, from the row where it begins.
-TEST(ScanConverter, AnEdgeStraysByNoMoreThanItsRowsDividedBy16384) {
-  constexpr std::int32_t kSize = 64;
-  CRandom random(9);
-  CScanConverter converter;
-  CSpanBuffer spans;
-  for (int round = 0; round < 3000; ++round) {
-    const double far = std::pow(10.0, random.Real(1.0, 6.0));
-    // From a point above through a point of the viewport to one below; the rest lies to the left.
-    const double x = random.Real(0.0, kSize);
-    const double y = random.Real(0.0, kSize);
-    const double dx = random.Real(-2.0, 2.0);
-    const CProjectedPoly::Point top{x - dx * far, y - far, 1.0};
-    const CProjectedPoly::Point bottom{x + dx * far, y + far, 1.0};
-    spans.ResetSpans(kSize, kSize);
-    converter.ScanConvert(Polygon({top, bottom, {-9e6, y + far, 1.0}, {-9e6, y - far, 1.0}}),
-                          nullptr, spans);
-    TagsOf(spans);
-    for (std::int32_t row = 0; row < kSize; ++row) {
-      if (row < top.y || row >= bottom.y) continue;
-      const double edge = std::ceil(std::clamp(x + dx * (row - y), 0.0, 1.0 * kSize));
-      ASSERT_NEAR(spans.Coverage(row), edge, 1.0 + (row - top.y) / 16384.0) << far << ' ' << dx;
-    }
   }
 }
 
