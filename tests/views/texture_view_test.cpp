@@ -63,6 +63,7 @@ TEST_F(TextureView, ARowEndsBehindTheTextureThatReachesPastTheWindow) {
            {four, 287, {{0, 0}, {144, 0}, {0, 144}, {144, 144}}, {288, 288}},
            {four, 0, {{0, 0}, {0, 144}, {0, 288}, {0, 432}}, {144, 576}},
            {{{64, 96}, {32, 32}, {16, 16}}, 100, {{0, 0}, {80, 0}, {0, 112}}, {128, 144}},
+           {{{16, 8}}, 500, {{0, 0}}, {32, 24}},
            {{}, 300, {}, {0, 0}}}) {
     Show(c.textures, c.width);
     for (std::size_t i = 0; i < c.places.size(); ++i) {

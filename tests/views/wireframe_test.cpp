@@ -133,7 +133,9 @@ TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
 
 TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
   CZandoPoly zigzag;
-  for (std::int32_t i = 0; i < MAX_POLY_VERTS; ++i) zigzag.Append({1.0 * i, 10, i % 2 * 32.0});
+  for (std::int32_t i = 0; i < MAX_POLY_VERTS; ++i) {
+    zigzag.Append({1.0 * i, 10, i % 2 * kNearDepth});  // on the plane is in front
+  }
   AddTurnedTriangle().Polys[0] = zigzag;
   document.BrushList.Head()->ResetSlot(kOwnSlot);
   const testing::CRecordingDC& drawn = Draw(ViewKind::Wireframe, 1);
