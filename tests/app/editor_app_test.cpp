@@ -322,7 +322,6 @@ TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
 }
 
 TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
-  ASSERT_TRUE(app->Start({}));
   Active().AddToWorld();
   CZandoBrush& brush = *Active().BrushList.Head();
   desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
@@ -335,7 +334,6 @@ TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
 }
 
 TEST_F(EditorApp, ALevelThatIsBeingDraggedAsksWhenItCloses) {
-  ASSERT_TRUE(app->Start(Sample("a.3dz")));
   app->Run(ID_TOOL_MOVE_ROTATE_BRUSH);
   const auto drag = [&] {
     window.Editing(0).OnButtonDown(CZANDOView::MouseButton::Left, {.left = true}, {});

@@ -233,6 +233,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L 5,0 l", "at 5 0 0", 0.4},
       {kMove, kTop, "L 5,0 l", "at 6 0 0", 0.5},
       {kMove, kTop, "grid=0 L 5,0 l", "at 5 0 0", 0.4},
+      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0 0", 0.4},
       {kMove, kSolid, "step=1024 R -86,-85 r", "turned 1024 0 0"},  // 516 and 510 units
       {kMove, kSolid, "R -2,0 r", "turned 22.7556 0 0"},            // a degree
       // Shift keeps the largest change, and of equal ones that along the last axis.
@@ -252,6 +253,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
       // An entity is only committed when it was dragged, with whichever button.
       {kEntity, kFront, "grid=8 R 5,0 r", ""},
+      {kEntity, kFront, "grid=8 R lost r", ""},
       {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 32"},
       {kEntity, kFront, "grid=8 shift L 9,16 l", "origin 10 8 30"},
       {kEntity, kFront, "grid=8 L R 8,0 l r", "origin 16 24 32"},
@@ -433,6 +435,20 @@ TEST_F(MouseTools, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
   EXPECT_EQ(brush.Pos[0], (Vector{6, 0, -4}));
 }
 
+TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
+  class CRefusing : public testing::CScriptedDesktop {
+    void SetCursorPos(ScreenPoint /*point*/) override { CursorPlaceable = false; }
+  } refusing;
+  CZANDOView other(document, settings, refusing);
+  other.SetWindow(&window);
+  other.OnButtonDown(Button::Left, {.left = true}, {});
+  for (int i = 0; i < 2; ++i) {
+    refusing.Cursor.x += 3;
+    other.OnMouseMove({.left = true}, {});
+  }
+  EXPECT_EQ(brush.WorkPos[0].x, 6);
+}
+
 TEST_F(MouseTools, ABoxSelectsWhatLiesInItFromWhicheverCornerItIsDrawn) {
   std::vector<CZandoBrush*> brushes;
   for (const double x : {50, 130, 60, 20}) brushes.push_back(&AddBox({x, 0, 50}));
@@ -477,7 +493,7 @@ TEST_F(MouseTools, AClickPicksTheSmallestBrushAtItsRelease) {
   Use(ID_TOOL_SELECT_BRUSH, kTop);
   document.ShowBrush = 0;
   at = {250, 100};
-  Play("R 5,5 r L");
+  Play("R 5,5 r L R l r L");  // only the left button picks
   EXPECT_EQ(desktop.CursorHidden, 0);
   EXPECT_EQ(document.CurrentBrush, &brush);
   Play("l");

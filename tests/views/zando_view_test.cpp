@@ -74,17 +74,6 @@ TEST_F(View, AxisFlagsAreItsOwnAndBecomeActiveWhenToggledOrActivated) {
   EXPECT_EQ(window.Titles, std::vector<std::string>(2, "-Solid Gons-"));
 }
 
-TEST_F(View, GroupCommandsNeedASelectionAndAreLeftToTheDocument) {
-  document.Entities.resize(1);
-  for (const bool selected : {false, true}) {
-    document.Entities[0].eFlags = selected ? EF_SELECTED : 0;
-    for (const CommandId id : {ID_ADD_TO_GROUP, ID_CREATE_GROUP, ID_REMOVE_FROM_GROUP}) {
-      EXPECT_EQ(Query(id).IsEnabled(), selected);
-      EXPECT_FALSE(view.OnCommand(id));
-    }
-  }
-}
-
 TEST_F(View, RestartsTheFlatColoursAtItsFirstSizingOnly) {
   SeedColorTags(1);
   const std::uint32_t tags[] = {NextColorTag(), NextColorTag()};
