@@ -21,18 +21,6 @@ struct Counts {
   int inside = 0;
 };
 
-void Take(CBspNode& node, const CZandoPoly& polygon) {
-  node.polygon = polygon;
-  node.polygon.tag = 4;
-  node.plane = ComputePlane(polygon);
-}
-
-void CopyOwner(CBspNode& node, const CBspNode& source) {
-  node.nBid = source.nBid;
-  node.nPolNum = source.nPolNum;
-  node.pBrush = source.pBrush;
-}
-
 enum class Way { Front, Back, Both };
 
 /// The way of the polygon past a plane. For Both it is cut: `polygon` is the front piece then.
@@ -54,11 +42,6 @@ Way Sort(Tree& counter, const Plane& plane, CZandoPoly& polygon, CZandoPoly& bac
   return SideOfMean(plane, polygon) == PolygonClass::Front ? Way::Front : Way::Back;
 }
 
-CBspNode* ChainTail(CBspNode* node) {
-  while (node->chain != nullptr) node = node->chain;
-  return node;
-}
-
 /// The members that a chain has now; pieces that join it later are not among them.
 List ChainMembers(CBspNode* head) {
   List members;
@@ -75,7 +58,7 @@ void Insert(Tree& tree, CBspNode* at, CBspNode* piece, Rule rule, bool keepInFro
   if (way == Way::Both) {
     backPiece = tree.NewNode();
     *backPiece = *piece;
-    Take(*backPiece, back);
+    backPiece->TakePolygon(back);
   }
   if (way != Way::Back) {
     if (at->front != nullptr) {
@@ -108,90 +91,39 @@ void InsertSubtract(Tree& tree, CBspNode* node) {
   Insert(tree, tree.root, node, {false, true}, false);
 }
 
-void ClipAdd(Tree& owner, const CBspNode* at, CBspNode* piece, Rule rule, Counts& counts) {
-  if (at == nullptr) return;
-  const CZandoPoly saved = piece->polygon;
+/// Hide: what is inside a brush is hidden and the rest is shown. Show: what is inside is shown.
+enum class Mode { Hide, Show };
+
+Counts Clip(Tree& owner, const CBspNode* at, CBspNode* piece, Rule rule, Mode mode) {
+  const auto goOn = [&](const CBspNode* child, CBspNode* part, bool front) -> Counts {
+    if (child != nullptr) return Clip(owner, child, part, rule, mode);
+    if (front && mode == Mode::Hide) part->nValid = 1;
+    if (!front) part->nValid = mode == Mode::Show ? 1 : 0;
+    return front ? Counts{1, 0} : Counts{0, 1};
+  };
+  const CZandoPoly whole = piece->polygon;
   CZandoPoly back;
   const Way way = Sort(owner, at->plane, piece->polygon, back, rule);
-  if (way == Way::Front) {
-    if (at->front != nullptr) return ClipAdd(owner, at->front, piece, rule, counts);
-    piece->nValid = 1;
-    ++counts.outside;
-    return;
-  }
-  if (way == Way::Back) {
-    if (at->back != nullptr) return ClipAdd(owner, at->back, piece, rule, counts);
-    piece->nValid = 0;
-    ++counts.inside;
-    return;
-  }
+  if (way == Way::Front) return goOn(at->front, piece, true);
+  if (way == Way::Back) return goOn(at->back, piece, false);
+
   CBspNode* rest = owner.NewNode();
-  Take(*rest, back);
-  CopyOwner(*rest, *piece);
+  rest->TakePolygon(back);
+  rest->TakeOwner(*piece);
   rest->nValid = piece->nValid;
-  Counts local;
-  if (at->front != nullptr) {
-    ClipAdd(owner, at->front, piece, rule, local);
-  } else {
-    piece->nValid = 1;
-    ++local.outside;
+  const Counts before = goOn(at->front, piece, true);
+  const Counts behind = goOn(at->back, rest, false);
+  const Counts all{before.outside + behind.outside, before.inside + behind.inside};
+  if ((mode == Mode::Hide ? all.inside : all.outside) == 0) {
+    piece->TakePolygon(whole);
+    return {1, 0};
   }
-  if (at->back != nullptr) {
-    ClipAdd(owner, at->back, rest, rule, local);
-  } else {
-    rest->nValid = 0;
-    ++local.inside;
-  }
-  if (local.inside == 0) {
-    Take(*piece, saved);
-    ++counts.outside;
-    return;
-  }
-  ChainTail(piece)->chain = rest;
-  counts.outside += local.outside;
-  counts.inside += local.inside;
+  ChainEnd(piece)->chain = rest;
+  return all;
 }
 
-void ClipSubtract(Tree& owner, const CBspNode* at, CBspNode* piece, Rule rule, Counts& counts) {
-  if (at == nullptr) return;
-  const CZandoPoly saved = piece->polygon;
-  CZandoPoly back;
-  const Way way = Sort(owner, at->plane, piece->polygon, back, rule);
-  if (way == Way::Front) {
-    if (at->front != nullptr) return ClipSubtract(owner, at->front, piece, rule, counts);
-    ++counts.outside;
-    return;
-  }
-  if (way == Way::Back) {
-    if (at->back != nullptr) return ClipSubtract(owner, at->back, piece, rule, counts);
-    piece->nValid = 1;
-    ++counts.inside;
-    return;
-  }
-  CBspNode* rest = owner.NewNode();
-  Take(*rest, back);
-  CopyOwner(*rest, *piece);
-  rest->nValid = piece->nValid;
-  Counts local;
-  if (at->front != nullptr) {
-    ClipSubtract(owner, at->front, piece, rule, local);
-  } else {
-    ++local.outside;
-  }
-  if (at->back != nullptr) {
-    ClipSubtract(owner, at->back, rest, rule, local);
-  } else {
-    rest->nValid = 1;
-    ++local.inside;
-  }
-  if (local.outside == 0) {
-    Take(*piece, saved);
-    ++counts.outside;
-    return;
-  }
-  ChainTail(piece)->chain = rest;
-  counts.outside += local.outside;
-  counts.inside += local.inside;
+void ClipBy(const Tree& brush, Tree& owner, CBspNode* piece, Rule rule, Mode mode) {
+  if (brush.root != nullptr) Clip(owner, brush.root, piece, rule, mode);
 }
 
 void ClearFresh(CBspNode* node) {
@@ -206,15 +138,14 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
   ClipWorldByBrush(world, node->back, clipper, rule);
   ClipWorldByBrush(world, node->front, clipper, rule);
   for (CBspNode* member : ChainMembers(node)) {
-    Counts counts;
-    if (member->nValid == 1) ClipAdd(world, clipper.root, member, rule, counts);
+    if (member->nValid == 1) ClipBy(clipper, world, member, rule, Mode::Hide);
   }
 }
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
   for (const CZandoPoly& face : brush.WorldPolys) {
     CBspNode* node = tree.NewNode();
-    Take(*node, face);
+    node->TakePolygon(face);
     InsertAdd(tree, node);
   }
 }
@@ -242,7 +173,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
     const bool aside = kind == PolygonClass::Front || kind == PolygonClass::Back;
     if (aside && on < 2) continue;
     CBspNode* node = tree.NewNode();
-    Take(*node, face);
+    node->TakePolygon(face);
     InsertAdd(tree, node);
   }
 }
@@ -250,19 +181,17 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
 List PruneHidden(const List& list) {
   List kept;
   for (CBspNode* head : list) {
-    CBspNode* first = nullptr;
     CBspNode* last = nullptr;
     for (CBspNode* member : ChainMembers(head)) {
-      if (member->nValid == 0) continue;
       member->chain = nullptr;
-      if (first == nullptr) {
-        first = member;
+      if (member->nValid == 0) continue;
+      if (last == nullptr) {
+        kept.push_back(member);
       } else {
         last->chain = member;
       }
       last = member;
     }
-    if (first != nullptr) kept.push_back(first);
   }
   return kept;
 }
@@ -276,28 +205,13 @@ void Count(Tree& tree, const CBspNode* node) {
   for (const CBspNode* m = node->chain; m != nullptr; m = m->chain) ++tree.coplanar;
 }
 
-bool TakesPart(const CZandoBrush& brush, bool water) {
-  return water || brush.Name.empty() || brush.Name[0] != '*';
-}
+bool TakesPart(const CZandoBrush& brush, bool water) { return water || !brush.IsWater(); }
 
-bool Overlap(double lowA, double highA, double lowB, double highB) {
-  return highA >= lowB && lowA <= highB;
-}
-
-bool Overlap(const CZandoBrush& a, const CZandoBrush& b) {
-  return Overlap(a.BoundsMin.x, a.BoundsMax.x, b.BoundsMin.x, b.BoundsMax.x) &&
-         Overlap(a.BoundsMin.y, a.BoundsMax.y, b.BoundsMin.y, b.BoundsMax.y) &&
-         Overlap(a.BoundsMin.z, a.BoundsMax.z, b.BoundsMin.z, b.BoundsMax.z);
-}
-
-/// From the first shown brush without an entity, every shown brush.
 std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
-  while (head != nullptr && ((head->BFlags & BF_SHOWN) == 0 || (head->BFlags & BF_ENTITY) != 0)) {
-    head = head->Next;
-  }
   std::vector<CZandoBrush*> shown;
-  for (CZandoBrush* b = head; b != nullptr; b = b->Next) {
-    if ((b->BFlags & BF_SHOWN) != 0) shown.push_back(b);
+  if (head == nullptr) return shown;
+  for (CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
+    shown.push_back(b);
   }
   return shown;
 }
@@ -305,37 +219,35 @@ std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
 CBspNode* FaceNode(Tree& tree, CZandoBrush& brush, std::size_t face, std::int32_t id) {
   CBspNode* node = tree.NewNode();
   const CZandoPoly& polygon = brush.WorldPolys[face];
-  Take(*node, brush.TranT == kAddToWorld ? polygon : ReverseCopy(polygon).polygon);
+  node->TakePolygon(brush.TranT == kAddToWorld ? polygon : ReverseCopy(polygon).polygon);
   node->nBid = id;
   node->nPolNum = static_cast<std::int32_t>(face);
   node->pBrush = &brush;
   return node;
 }
 
-/// Brush i's new face against brush j, in the pass over solid faces.
-void ClipSolidFace(Tree& world, CBspNode* f, std::size_t i, std::size_t j, const CZandoBrush& o) {
-  const bool carves = o.TranT != kAddToWorld;
+/// A solid brush's new face against another brush.
+void ClipSolidFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier) {
+  const bool carves = other.TranT != kAddToWorld;
   Tree clip;
-  Counts counts;
-  if (carves && i > j) {
-    BuildClipTree(clip, o, f->plane);
-    ClipSubtract(world, clip.root, f, kAsGiven, counts);
+  BuildClipTree(clip, other, f->plane);
+  if (carves && otherIsEarlier) {
+    ClipBy(clip, world, f, kAsGiven, Mode::Show);
   } else if (f->nValid == 1) {
-    BuildClipTree(clip, o, f->plane);
-    ClipAdd(world, clip.root, f, carves ? kAllInside : kAsGiven, counts);
+    ClipBy(clip, world, f, carves ? kAllInside : kAsGiven, Mode::Hide);
   }
 }
 
-/// Carver i's new face against the full tree of brush j, in the pass over carving faces.
-void ClipCarvingFace(Tree& world, CBspNode* f, std::size_t i, std::size_t j, const CZandoBrush& o,
+/// A carver's new face against the full tree of another brush.
+void ClipCarvingFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier,
                      const Tree& full) {
-  Counts counts;
-  if (o.TranT != kAddToWorld) {
-    if (f->nValid == 1) ClipAdd(world, full.root, f, j > i ? kAllInside : kReversed, counts);
-  } else if (i > j) {
-    if (f->nValid == 0) ClipSubtract(world, full.root, f, kReversed, counts);
+  if (other.TranT != kAddToWorld) {
+    if (f->nValid == 0) return;
+    ClipBy(full, world, f, otherIsEarlier ? kReversed : kAllInside, Mode::Hide);
+  } else if (otherIsEarlier) {
+    if (f->nValid == 0) ClipBy(full, world, f, kReversed, Mode::Show);
   } else if (f->nValid == 1) {
-    ClipAdd(world, full.root, f, kAsGiven, counts);
+    ClipBy(full, world, f, kAsGiven, Mode::Hide);
   }
 }
 
@@ -379,32 +291,27 @@ Sides Partition(Tree& tree, const CBspNode* splitter, const List& list, std::int
       if (way == Way::Back) sides.back.push_back(m);
       if (way != Way::Both) continue;
       CBspNode* rest = tree.NewNode();
-      Take(*rest, back);
-      CopyOwner(*rest, *m);
+      rest->TakePolygon(back);
+      rest->TakeOwner(*m);
       sides.back.push_back(rest);
     }
   }
   return sides;
 }
 
-void BuildSubtrees(Tree& tree, CBspNode* node, const Sides& lists, std::int32_t& steps) {
-  if (CBspNode* c = ChooseSplitter(lists.front)) {
-    node->front = c;
-    BuildSubtrees(tree, c, Partition(tree, c, lists.front, steps), steps);
-  }
-  if (CBspNode* c = ChooseSplitter(lists.back)) {
-    node->back = c;
-    BuildSubtrees(tree, c, Partition(tree, c, lists.back, steps), steps);
-  }
+void BuildSubtree(Tree& tree, CBspNode*& place, const List& list, std::int32_t& steps) {
+  place = ChooseSplitter(list);
+  if (place == nullptr) return;
+  const Sides sides = Partition(tree, place, list, steps);
+  BuildSubtree(tree, place->front, sides.front, steps);
+  BuildSubtree(tree, place->back, sides.back, steps);
 }
 
 }  // namespace
 
 std::int32_t BuildNodeTree(Tree& tree, const List& list) {
   std::int32_t steps = 0;
-  tree.root = ChooseSplitter(list);
-  if (tree.root == nullptr) return steps;
-  BuildSubtrees(tree, tree.root, Partition(tree, tree.root, list, steps), steps);
+  BuildSubtree(tree, tree.root, list, steps);
   return steps;
 }
 
@@ -446,38 +353,34 @@ std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
   std::int32_t steps = 0;
   List result;
   const std::vector<CZandoBrush*> a = ShownBrushes(head);
-  for (CZandoBrush* brush : a) brush->UpdateWorld();
-
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    ++steps;
-    if (a[i]->TranT != kAddToWorld || !TakesPart(*a[i], water)) continue;
-    for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
-      result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
-      for (std::size_t j = 0; j < a.size(); ++j) {
-        if (j == i || !TakesPart(*a[j], water) || !Overlap(*a[i], *a[j])) continue;
-        for (CBspNode* f : ChainMembers(result.back())) ClipSolidFace(world, f, i, j, *a[j]);
-      }
-    }
-  }
-
   std::vector<Tree> full(a.size());
-  for (std::size_t i = 0; i < a.size(); ++i) BuildFullTree(full[i], *a[i]);
-
   for (std::size_t i = 0; i < a.size(); ++i) {
-    ++steps;
-    if (a[i]->TranT != kSubtractFromWorld || !TakesPart(*a[i], water)) continue;
-    for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
-      result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
-      result.back()->nValid = 0;
-      for (std::size_t j = 0; j < a.size(); ++j) {
-        if (j == i || !TakesPart(*a[j], water) || !Overlap(*a[i], *a[j])) continue;
-        for (CBspNode* f : ChainMembers(result.back())) {
-          ClipCarvingFace(world, f, i, j, *a[j], full[j]);
+    a[i]->UpdateWorld();
+    BuildFullTree(full[i], *a[i]);
+  }
+  const auto clipFace = [&](CBspNode* face, std::size_t i) {
+    for (std::size_t j = 0; j < a.size(); ++j) {
+      if (j == i || !TakesPart(*a[j], water) || !BoundsOverlap(*a[i], *a[j])) continue;
+      for (CBspNode* f : ChainMembers(face)) {
+        if (a[i]->TranT == kAddToWorld) {
+          ClipSolidFace(world, f, *a[j], i > j);
+        } else {
+          ClipCarvingFace(world, f, *a[j], i > j, full[j]);
         }
       }
     }
+  };
+  for (const std::int32_t operation : {kAddToWorld, kSubtractFromWorld}) {
+    for (std::size_t i = 0; i < a.size(); ++i) {
+      ++steps;
+      if (a[i]->TranT != operation || !TakesPart(*a[i], water)) continue;
+      for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
+        result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
+        result.back()->nValid = operation == kAddToWorld ? 1 : 0;
+        clipFace(result.back(), i);
+      }
+    }
   }
-
   return steps + BuildNodeTree(world, PruneHidden(result));
 }
 
