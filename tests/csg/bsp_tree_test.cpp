@@ -27,23 +27,26 @@ CBspNode* SquareNode(CConstructiveBsp& tree, double z, bool up = true) {
 
 TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
   constexpr std::int32_t kUnused = 9;
-  const BoxLevel level({Solid({{0, 0, 0}, {8, 8, 8}}), Solid({{4, 4, 4}, {12, 12, 12}})});
+  const CBrushList level =
+      LevelOfBoxes({Solid({{0, 0, 0}, {8, 8, 8}}), Solid({{4, 4, 4}, {12, 12, 12}})});
+  CZandoBrush* const first = level.Head();
+  CZandoBrush* const second = first->Next;
   CConstructiveBsp world;
-  BuildWorld(world, level.brushes, Build::StepByStep);
+  BuildWorld(world, level, Build::StepByStep);
   ASSERT_GT(world.coplanar, 0);
   const auto expectOwners = [&](const CZandoBrush* of0, const CZandoBrush* of1) {
-    world.LinkBrushes(level.brushes.Head());
+    world.LinkBrushes(first);
     for (const CBspNode* node : VisiblePolygons(world)) {
       EXPECT_EQ(node->pBrush, node->nBid == 0 ? of0 : of1);
       EXPECT_EQ(node->Face() == nullptr, node->pBrush == nullptr);
     }
   };
-  expectOwners(&level.Brush(0), &level.Brush(1));
-  level.Brush(1).BBid = 0;  // of two brushes with one id the first is meant
-  expectOwners(&level.Brush(0), nullptr);
-  level.Brush(0).BBid = kUnused;
-  level.Brush(1).BBid = 1;
-  expectOwners(nullptr, &level.Brush(1));
+  expectOwners(first, second);
+  second->BBid = 0;  // of two brushes with one id the first is meant
+  expectOwners(first, nullptr);
+  first->BBid = kUnused;
+  second->BBid = 1;
+  expectOwners(nullptr, second);
 }
 
 /// Root at 0, facing up; in front of it 10 up and, in front of that, 12 down; behind it -10 up.

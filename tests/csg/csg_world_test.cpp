@@ -84,10 +84,11 @@ class BoxWorld : public ::testing::TestWithParam<BoxCase> {};
 
 TEST_P(BoxWorld, ShowsTheFacesThatBoundTheResultHoweverItIsBuilt) {
   for (const Build build : {Build::StepByStep, Build::Quick, Build::Optimal}) {
-    BoxLevel level(GetParam().boxes);
-    BuildWorld(level.world, level.brushes, build);
+    const CBrushList level = LevelOfBoxes(GetParam().boxes);
+    CConstructiveBsp world;
+    BuildWorld(world, level, build);
     std::vector<double> areas(GetParam().areas.size(), 0.0);
-    for (const CBspNode* node : VisiblePolygons(level.world)) {
+    for (const CBspNode* node : VisiblePolygons(world)) {
       areas.at(static_cast<std::size_t>(node->nBid)) += Area(node->polygon);
     }
     EXPECT_EQ(areas, GetParam().areas) << "build " << static_cast<int>(build);

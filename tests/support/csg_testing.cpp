@@ -1,8 +1,6 @@
 #include "support/csg_testing.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <numbers>
 #include <utility>
 
@@ -10,16 +8,6 @@
 
 namespace zando::testing {
 namespace {
-
-Vector HalfSize(const CZandoBrush& box) {
-  Vector half{0.0, 0.0, 0.0};
-  for (const CZandoPoly& face : box.Polys) {
-    for (const Vector& v : face.Vertices()) {
-      half = {std::max(half.x, v.x), std::max(half.y, v.y), std::max(half.z, v.z)};
-    }
-  }
-  return half;
-}
 
 void SetFaces(CZandoBrush& brush, std::vector<CZandoPoly> faces) {
   brush.SetPolyCount(static_cast<std::int32_t>(faces.size()));
@@ -29,13 +17,14 @@ void SetFaces(CZandoBrush& brush, std::vector<CZandoPoly> faces) {
 
 }  // namespace
 
-BoxLevel::BoxLevel(const std::vector<BoxBrush>& boxes) {
+CBrushList LevelOfBoxes(const std::vector<BoxBrush>& boxes) {
+  CBrushList level;
   for (const BoxBrush& box : boxes) {
     std::unique_ptr<CZandoBrush> brush = MakeBoxBrush(box.box, box.operation);
-    brush->BBid = brushes.BrushCount();
-    brushes.Append(std::move(brush));
+    brush->BBid = level.BrushCount();
+    level.Append(std::move(brush));
   }
-  world.brushList = brushes.Head();
+  return level;
 }
 
 void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build) {
@@ -73,12 +62,6 @@ double Area(const CZandoPoly& polygon) {
   return Length(sum) / 2.0;
 }
 
-double VisibleArea(const CConstructiveBsp& tree) {
-  double area = 0.0;
-  for (const CBspNode* node : VisiblePolygons(tree)) area += Area(node->polygon);
-  return area;
-}
-
 void Hollow(CZandoBrush& box) {
   std::vector<CZandoPoly> faces = box.Polys;
   for (const CZandoPoly& outer : box.Polys) {
@@ -100,25 +83,23 @@ void Triangulate(CZandoBrush& box) {
 }
 
 void MakeDrum(CZandoBrush& box, std::int32_t sides) {
-  const Vector half = HalfSize(box);
+  box.UpdateWorld();
+  const Vector half = (box.BoundsMax - box.BoundsMin) * 0.5;
   const auto rim = [&half, sides](std::int32_t i, double y) {
     const double angle = 2.0 * std::numbers::pi * i / sides;
     return Vector{half.x * std::cos(angle), y, half.z * std::sin(angle)};
   };
-  box.SetPolyCount(0);
-  box.SetPolyCount(sides + 2);
-  CZandoPoly& top = box.Polys[0];
-  CZandoPoly& bottom = box.Polys[1];
+  std::vector<CZandoPoly> faces(2);
   for (std::int32_t i = 0; i < sides; ++i) {
-    top.Append(rim(sides - 1 - i, half.y));
-    bottom.Append(rim(i, -half.y));
-    CZandoPoly& side = box.Polys[static_cast<std::size_t>(i) + 2];
+    faces[0].Append(rim(sides - 1 - i, half.y));
+    faces[1].Append(rim(i, -half.y));
+    CZandoPoly& side = faces.emplace_back();
     side.Append(rim(i, -half.y));
     side.Append(rim(i, half.y));
     side.Append(rim(i + 1, half.y));
     side.Append(rim(i + 1, -half.y));
   }
-  box.ComputeFacePoints();
+  SetFaces(box, std::move(faces));
 }
 
 }  // namespace zando::testing

@@ -19,15 +19,8 @@ struct BoxBrush {
 [[nodiscard]] inline BoxBrush Solid(const GridBox& box) { return {box, kAddToWorld}; }
 [[nodiscard]] inline BoxBrush Carve(const GridBox& box) { return {box, kSubtractFromWorld}; }
 
-/// A level of boxes and its world, not yet built. Ids are positions.
-struct BoxLevel {
-  explicit BoxLevel(const std::vector<BoxBrush>& boxes);
-
-  [[nodiscard]] CZandoBrush& Brush(std::size_t i) const { return *brushes.Brushes()[i]; }
-
-  CBrushList brushes;
-  CConstructiveBsp world;
-};
+/// A level of boxes; their ids are their positions.
+[[nodiscard]] CBrushList LevelOfBoxes(const std::vector<BoxBrush>& boxes);
 
 /// The ways to make a world from a list of brushes.
 enum class Build { StepByStep, Quick, Optimal };
@@ -39,7 +32,6 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 [[nodiscard]] std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree);
 
 [[nodiscard]] double Area(const CZandoPoly& polygon);
-[[nodiscard]] double VisibleArea(const CConstructiveBsp& tree);
 
 /// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
 void Hollow(CZandoBrush& box);
@@ -47,7 +39,7 @@ void Hollow(CZandoBrush& box);
 /// Cuts every face of a box into two triangles in one plane.
 void Triangulate(CZandoBrush& box);
 
-/// Makes a box into an upright prism with `sides` sides, up to MAX_POLY_VERTS.
+/// Makes a box that is not turned into an upright prism with `sides` sides, up to MAX_POLY_VERTS.
 void MakeDrum(CZandoBrush& box, std::int32_t sides);
 
 }  // namespace zando::testing

@@ -1,116 +1,59 @@
 #include "support/random_level.h"
 
-#include <algorithm>
-#include <cmath>
 #include <cstddef>
-#include <numeric>
+#include <set>
+#include <tuple>
 #include <utility>
-#include <vector>
 
 namespace zando::testing {
 namespace {
 
-/// Corner i of a box: bit 0 is x, bit 1 y, bit 2 z.
-using Corners = std::array<Vector, 8>;
-
+/// Corners of the faces; of a corner's number bit 0 tells the end in x, bit 1 in y, bit 2 in z.
 constexpr std::array<std::array<std::size_t, 4>, 6> kBoxFaces{
     {{0, 4, 6, 2}, {1, 3, 7, 5}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 2, 3, 1}, {4, 5, 7, 6}}};
 
-Corners BoxCorners(const Vector& half) {
-  Corners corners{};
-  for (std::size_t i = 0; i < corners.size(); ++i) {
-    corners[i] = {(i & 1U) != 0 ? half.x : -half.x, (i & 2U) != 0 ? half.y : -half.y,
-                  (i & 4U) != 0 ? half.z : -half.z};
-  }
-  return corners;
-}
-
-/// Draws the top in, each way by its own factor; the four sides stay planar.
-void Taper(Corners& corners, double factorX, double factorZ) {
-  for (std::size_t i = 0; i < corners.size(); ++i) {
-    if ((i & 2U) == 0) continue;
-    corners[i].x *= factorX;
-    corners[i].z *= factorZ;
-  }
-}
-
-std::unique_ptr<CZandoBrush> MakeBrush(const Corners& corners, const Vector& centre) {
+/// A box whose top is drawn in, each way by its own factor; the four sides stay planar.
+std::unique_ptr<CZandoBrush> MakeFrustum(const GridBox& box, double topX, double topZ) {
+  const Vector low{double(box.low[0]), double(box.low[1]), double(box.low[2])};
+  const Vector high{double(box.high[0]), double(box.high[1]), double(box.high[2])};
+  const Vector half = (high - low) * 0.5;
   auto brush = std::make_unique<CZandoBrush>();
   brush->SetPolyCount(static_cast<std::int32_t>(kBoxFaces.size()));
   for (std::size_t face = 0; face < kBoxFaces.size(); ++face) {
-    for (const std::size_t corner : kBoxFaces[face]) brush->Polys[face].Append(corners[corner]);
+    for (const std::size_t corner : kBoxFaces[face]) {
+      const bool top = (corner & 2U) != 0;
+      const double x = (corner & 1U) != 0 ? half.x : -half.x;
+      const double z = (corner & 4U) != 0 ? half.z : -half.z;
+      brush->Polys[face].Append(top ? Vector{x * topX, half.y, z * topZ} : Vector{x, -half.y, z});
+    }
   }
   brush->ComputeFacePoints();
-  brush->MoveTo(centre);
+  brush->MoveTo((low + high) * 0.5);
   return brush;
 }
 
-Vector HalfSize(const GridBox& box) {
-  return {(box.high[0] - box.low[0]) / 2.0, (box.high[1] - box.low[1]) / 2.0,
-          (box.high[2] - box.low[2]) / 2.0};
-}
-
-Vector Centre(const GridBox& box) {
-  return {(box.high[0] + box.low[0]) / 2.0, (box.high[1] + box.low[1]) / 2.0,
-          (box.high[2] + box.low[2]) / 2.0};
-}
-
 void Turn(CZandoBrush& brush, CRandom& random) {
-  brush.Rot[kOwnSlot] = {random.Real(0.0, kRotationUnitsPerTurn),
-                         random.Real(0.0, kRotationUnitsPerTurn),
-                         random.Real(0.0, kRotationUnitsPerTurn)};
-  brush.WorkRot[kOwnSlot] = brush.Rot[kOwnSlot];
-  brush.Scl[kOwnSlot] = {random.Real(0.5, 1.5), random.Real(0.5, 1.5), random.Real(0.5, 1.5)};
-  brush.Shr[kOwnSlot] = {random.Real(-0.4, 0.4), random.Real(-0.4, 0.4), random.Real(-0.4, 0.4)};
-}
-
-using Span = std::pair<std::int32_t, std::int32_t>;
-
-/// Pairs of coordinates of one axis, none of which occurs twice.
-std::vector<Span> DistinctSpans(CRandom& random, const LevelOptions& options) {
-  std::vector<std::int32_t> free(static_cast<std::size_t>(options.extent) + 1);
-  std::iota(free.begin(), free.end(), 0);
-  const auto pick = [&random](std::size_t from, std::size_t to) {
-    return static_cast<std::size_t>(
-        random.Between(static_cast<std::int32_t>(from), static_cast<std::int32_t>(to)));
+  const auto any = [&random](double low, double high) {
+    return Vector{random.Real(low, high), random.Real(low, high), random.Real(low, high)};
   };
-  std::vector<Span> spans;
-  for (std::int32_t i = 0; i < options.brushes; ++i) {
-    const std::size_t a = pick(0, free.size() - 2);
-    const auto limit = std::upper_bound(free.begin(), free.end(), free[a] + options.maxSize);
-    const auto last = static_cast<std::size_t>(limit - free.begin()) - 1;
-    const std::size_t b = pick(a + 1, std::max(last, a + 1));
-    spans.emplace_back(free[a], free[b]);
-    free.erase(free.begin() + static_cast<std::ptrdiff_t>(b));
-    free.erase(free.begin() + static_cast<std::ptrdiff_t>(a));
-  }
-  return spans;
+  brush.Rot[kOwnSlot] = brush.WorkRot[kOwnSlot] = any(0.0, kRotationUnitsPerTurn);
+  brush.Scl[kOwnSlot] = any(0.5, 1.5);
+  brush.Shr[kOwnSlot] = any(-0.4, 0.4);
 }
 
-std::vector<Span> GridSpans(CRandom& random, const LevelOptions& options) {
-  const std::int32_t steps = options.extent / options.grid;
-  const std::int32_t maxSteps = std::max(options.maxSize / options.grid, 1);
-  std::vector<Span> spans;
-  for (std::int32_t i = 0; i < options.brushes; ++i) {
-    const std::int32_t low = random.Between(0, steps - 1);
-    const std::int32_t high = random.Between(low + 1, std::min(low + maxSteps, steps));
-    spans.emplace_back(low * options.grid, high * options.grid);
+/// The coordinates of a box along one axis. General takes none that are in use.
+std::pair<std::int32_t, std::int32_t> RandomSpan(CRandom& random, const LevelOptions& options,
+                                                 std::set<std::int32_t>& used) {
+  const bool general = options.layout == LevelOptions::Layout::General;
+  const std::int32_t step = general ? 1 : options.grid;
+  while (true) {
+    const std::int32_t low = random.Between(0, options.extent / step) * step;
+    const std::int32_t high = random.Between(0, options.extent / step) * step;
+    if (low >= high || high - low > options.maxSize) continue;
+    if (general && (used.contains(low) || used.contains(high))) continue;
+    used.insert({low, high});
+    return {low, high};
   }
-  return spans;
-}
-
-std::vector<GridBox> RandomBoxes(CRandom& random, const LevelOptions& options) {
-  std::vector<GridBox> boxes(static_cast<std::size_t>(options.brushes));
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    const std::vector<Span> spans = options.layout == LevelOptions::Layout::General
-                                        ? DistinctSpans(random, options)
-                                        : GridSpans(random, options);
-    for (std::size_t i = 0; i < boxes.size(); ++i) {
-      boxes[i].low[axis] = spans[i].first;
-      boxes[i].high[axis] = spans[i].second;
-    }
-  }
-  return boxes;
 }
 
 }  // namespace
@@ -134,34 +77,28 @@ double CRandom::Real(double low, double high) {
 }
 
 std::unique_ptr<CZandoBrush> MakeBoxBrush(const GridBox& box, std::int32_t operation) {
-  std::unique_ptr<CZandoBrush> brush = MakeBrush(BoxCorners(HalfSize(box)), Centre(box));
+  std::unique_ptr<CZandoBrush> brush = MakeFrustum(box, 1.0, 1.0);
   brush->TranT = operation;
   return brush;
-}
-
-GridBox BoxOfBrush(CZandoBrush& brush) {
-  brush.UpdateWorld();
-  const auto whole = [](double value) { return static_cast<std::int32_t>(std::lround(value)); };
-  const Vector& low = brush.BoundsMin;
-  const Vector& high = brush.BoundsMax;
-  return {{whole(low.x), whole(low.y), whole(low.z)},
-          {whole(high.x), whole(high.y), whole(high.z)}};
 }
 
 CBrushList RandomLevel(std::uint64_t seed, const LevelOptions& options) {
   CRandom random(seed);
   CBrushList level;
-  for (const GridBox& box : RandomBoxes(random, options)) {
-    Corners corners = BoxCorners(HalfSize(box));
-    if (random.Percent(options.tapered)) {
-      Taper(corners, random.Real(0.2, 0.9), random.Real(0.2, 0.9));
+  std::array<std::set<std::int32_t>, 3> used;
+  for (std::int32_t i = 0; i < options.brushes; ++i) {
+    GridBox box;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      std::tie(box.low[axis], box.high[axis]) = RandomSpan(random, options, used[axis]);
     }
-    std::unique_ptr<CZandoBrush> brush = MakeBrush(corners, Centre(box));
+    const bool tapers = random.Percent(options.tapered);
+    const double topX = tapers ? random.Real(0.2, 0.9) : 1.0;
+    const double topZ = tapers ? random.Real(0.2, 0.9) : 1.0;
+    std::unique_ptr<CZandoBrush> brush = MakeFrustum(box, topX, topZ);
     if (random.Percent(options.turned)) Turn(*brush, random);
-    const bool carves = random.Percent(options.carving) && level.BrushCount() > 0;
-    brush->TranT = carves ? kSubtractFromWorld : kAddToWorld;
+    if (i > 0 && random.Percent(options.carving)) brush->TranT = kSubtractFromWorld;
     if (random.Percent(options.water)) brush->Name = "*water";
-    brush->BBid = level.BrushCount();
+    brush->BBid = i;
     level.Append(std::move(brush));
   }
   return level;

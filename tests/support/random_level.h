@@ -38,9 +38,6 @@ struct GridBox {
 [[nodiscard]] std::unique_ptr<CZandoBrush> MakeBoxBrush(const GridBox& box,
                                                         std::int32_t operation = kAddToWorld);
 
-/// The box that an axis-aligned brush fills; updates its world polygons.
-[[nodiscard]] GridBox BoxOfBrush(CZandoBrush& brush);
-
 struct LevelOptions {
   enum class Layout {
     General,    ///< no two boxes share a coordinate on any axis
@@ -51,7 +48,7 @@ struct LevelOptions {
   std::int32_t brushes = 10;
   std::int32_t extent = 256;   ///< coordinates lie in 0..extent, before boxes are turned
   std::int32_t grid = 32;      ///< step of the coarse grid
-  std::int32_t maxSize = 128;  ///< of a box along an axis
+  std::int32_t maxSize = 128;  ///< of a box along an axis; at least one step of the grid
   std::int32_t carving = 40;   ///< percent of carving brushes; the first brush is always solid
   std::int32_t tapered = 0;    ///< percent of frustums in place of boxes
   std::int32_t turned = 0;     ///< percent of brushes with a rotation, scale and shear
