@@ -1,201 +1,119 @@
 #include "support/map_solids.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <cstddef>
 #include <limits>
-
-#include "geometry/plane.h"
+#include <sstream>
 
 namespace zando::testing {
 namespace {
 
-constexpr std::string_view kPlaneTail = " 0 0 0 1.000000 1.000000";
+/// Faces are cut out of base polygons: one that reaches this far is open.
+constexpr double kReach = 8192.0;
 
-/// Reads the lines of a map, each ended by CR LF. Sets `failed` at the first thing out of place.
-class CMapParser {
- public:
-  explicit CMapParser(std::string_view text) : rest_(text) {}
-
-  bool failed = false;
-
-  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
-
-  MapEntity Entity() {
-    MapEntity entity;
-    Expect("{\r\n");
-    while (!failed && rest_.starts_with('"')) entity.pairs.push_back(Pair());
-    while (!failed && rest_.starts_with('{')) entity.brushes.push_back(Brush());
-    Expect("}\r\n");
-    return entity;
+bool ReadPlaneLine(const std::string& line, MapPlane& plane) {
+  std::istringstream words(line);
+  std::string open;
+  std::string close;
+  for (Vector& point : plane.points) {
+    words >> open >> point.x >> point.z >> point.y >> close;
+    if (!words || open != "(" || close != ")") return false;
   }
+  std::string alignment;
+  std::getline(words >> plane.texture, alignment);
+  return alignment == " 0 0 0 1.000000 1.000000\r";
+}
 
- private:
-  void Expect(std::string_view token) {
-    failed = failed || !rest_.starts_with(token);
-    if (!failed) rest_.remove_prefix(token.size());
-  }
-
-  std::string Until(char end) {
-    const std::size_t length = std::min(rest_.find(end), rest_.size());
-    std::string result(rest_.substr(0, length));
-    rest_.remove_prefix(length);
-    return result;
-  }
-
-  EntityPair Pair() {
-    EntityPair pair;
-    Expect("\"");
-    pair.key = Until('"');
-    Expect("\"");
-    while (rest_.starts_with(' ') || rest_.starts_with('\t')) rest_.remove_prefix(1);
-    Expect("\"");
-    pair.value = Until('"');
-    Expect("\"\r\n");
-    return pair;
-  }
-
-  MapBrush Brush() {
-    MapBrush brush;
-    Expect("{\r\n");
-    while (!failed && rest_.starts_with('(')) brush.push_back(PlaneLine());
-    Expect("}\r\n");
-    return brush;
-  }
-
-  MapPlane PlaneLine() {
-    MapPlane plane;
-    for (Vector& point : plane.points) {
-      Expect("( ");
-      point.x = Number();
-      point.z = Number();
-      point.y = Number();
-      Expect(") ");
+/// The part of a convex polygon no more than `tolerance` before a plane.
+std::vector<Vector> Behind(const Plane& plane, double tolerance,
+                           const std::vector<Vector>& polygon) {
+  std::vector<Vector> part;
+  for (std::size_t i = 0; i < polygon.size(); ++i) {
+    const Vector& a = polygon[i];
+    const Vector& b = polygon[(i + 1) % polygon.size()];
+    const double beforeA = SignedDistance(plane, a) - tolerance;
+    const double beforeB = SignedDistance(plane, b) - tolerance;
+    if (beforeA <= 0.0) part.push_back(a);
+    if ((beforeA <= 0.0) != (beforeB <= 0.0)) {
+      part.push_back(a + (b - a) * (beforeA / (beforeA - beforeB)));
     }
-    plane.texture = Until(' ');
-    Expect(kPlaneTail);
-    Expect("\r\n");
-    return plane;
   }
-
-  double Number() {
-    int value = 0;
-    const auto result = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
-    failed = failed || result.ec != std::errc();
-    rest_.remove_prefix(static_cast<std::size_t>(result.ptr - rest_.data()));
-    Expect(" ");
-    return value;
-  }
-
-  std::string_view rest_;
-};
-
-/// The level's axes are the map's mirrored, so a normal that points outward turns the other way
-/// round here than in the game.
-Plane PlaneOf(const MapPlane& line) {
-  const auto& [a, b, c] = line.points;
-  const Vector normal = Normalised(Cross(b - a, c - a));
-  return {normal, -Dot(normal, a)};
+  return part;
 }
 
-/// Not finite when the planes do not meet in one point.
-Vector Meet(const Plane& a, const Plane& b, const Plane& c) {
-  const double volume = Dot(a.normal, Cross(b.normal, c.normal));
-  if (std::fabs(volume) < 1e-9) {
-    constexpr double none = std::numeric_limits<double>::quiet_NaN();
-    return {none, none, none};
+/// The face of the solid in one of its planes. Of equal planes the first has it.
+std::vector<Vector> FaceOf(const Planes& planes, std::size_t index) {
+  constexpr double kTolerance = 1e-8;
+  const CZandoPoly base = BasePolygonForPlane(planes[index]);
+  std::vector<Vector> face(base.Vertices().begin(), base.Vertices().end());
+  for (std::size_t i = 0; i < planes.size(); ++i) {
+    if (i != index) face = Behind(planes[i], i < index ? -kTolerance : kTolerance, face);
   }
-  const Vector sum = Cross(b.normal, c.normal) * a.d + Cross(c.normal, a.normal) * b.d +
-                     Cross(a.normal, b.normal) * c.d;
-  return sum * (-1.0 / volume);
-}
-
-constexpr double kNear = 1e-6;
-
-bool IsBehindAll(const std::vector<Plane>& planes, const Vector& point) {
-  return std::all_of(planes.begin(), planes.end(),
-                     [&](const Plane& p) { return SignedDistance(p, point) <= kNear; });
-}
-
-/// Twice the area of the convex face that the points in a plane span, along the plane's normal.
-Vector DoubleArea(const Plane& plane, std::vector<Vector> points) {
-  if (points.size() < 3) return {0.0, 0.0, 0.0};
-  Vector centre{0.0, 0.0, 0.0};
-  for (const Vector& point : points) centre = centre + point * (1.0 / double(points.size()));
-  const Vector u = Normalised(points[0] - centre);
-  const Vector v = Cross(plane.normal, u);
-  const auto angle = [&](const Vector& p) {
-    return std::atan2(Dot(p - centre, v), Dot(p - centre, u));
-  };
-  std::sort(points.begin(), points.end(),
-            [&](const Vector& a, const Vector& b) { return angle(a) < angle(b); });
-  Vector sum{0.0, 0.0, 0.0};
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    sum = sum + Cross(points[i] - centre, points[(i + 1) % points.size()] - centre);
-  }
-  return sum;
+  return face;
 }
 
 }  // namespace
 
-std::optional<std::vector<MapEntity>> ParseMap(std::string_view text) {
-  CMapParser parser(text);
+std::optional<std::vector<MapEntity>> ParseMap(const std::string& text) {
   std::vector<MapEntity> entities;
-  while (!parser.AtEnd()) {
-    entities.push_back(parser.Entity());
-    if (parser.failed) return std::nullopt;
+  int depth = 0;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    MapPlane plane;
+    if (line == "{\r" && depth == 0) {
+      entities.emplace_back();
+      ++depth;
+    } else if (line == "{\r" && depth == 1) {
+      entities.back().brushes.emplace_back();
+      ++depth;
+    } else if (line == "}\r" && depth > 0) {
+      --depth;
+    } else if (depth == 2 && ReadPlaneLine(line, plane)) {
+      entities.back().brushes.back().push_back(plane);
+    } else if (depth != 1 || !line.starts_with('"') || !line.ends_with("\"\r")) {
+      return std::nullopt;
+    }
   }
+  if (depth != 0 || entities.empty()) return std::nullopt;
   return entities;
 }
 
-MapSolid SolidOf(const MapBrush& brush) {
-  std::vector<Plane> planes;
-  for (const MapPlane& line : brush) planes.push_back(PlaneOf(line));
-
-  MapSolid solid;
-  for (std::size_t a = 0; a < planes.size(); ++a) {
-    for (std::size_t b = a + 1; b < planes.size(); ++b) {
-      for (std::size_t c = b + 1; c < planes.size(); ++c) {
-        const Vector point = Meet(planes[a], planes[b], planes[c]);
-        const bool known =
-            std::any_of(solid.vertices.begin(), solid.vertices.end(),
-                        [&](const Vector& other) { return Length(other - point) < kNear; });
-        if (!known && IsBehindAll(planes, point)) solid.vertices.push_back(point);
-      }
-    }
+Planes PlanesOf(const MapBrush& brush) {
+  Planes planes;
+  for (const MapPlane& line : brush) {
+    const auto& [a, b, c] = line.points;
+    const Vector normal = Normalised(Cross(b - a, c - a));
+    planes.push_back({normal, -Dot(normal, a)});
   }
-
-  // The faces of a closed solid balance one another; where the solid is open, one is missing.
-  Vector balance{0.0, 0.0, 0.0};
-  double area = 0.0;
-  for (std::size_t i = 0; i < planes.size(); ++i) {
-    const Plane& plane = planes[i];
-    const bool repeated = std::any_of(planes.begin(), planes.begin() + std::ptrdiff_t(i),
-                                      [&plane](const Plane& earlier) {
-                                        return Length(earlier.normal - plane.normal) < kNear &&
-                                               std::fabs(earlier.d - plane.d) < kNear;
-                                      });
-    if (repeated) continue;
-    std::vector<Vector> points;
-    std::copy_if(solid.vertices.begin(), solid.vertices.end(), std::back_inserter(points),
-                 [&](const Vector& p) { return std::fabs(SignedDistance(plane, p)) <= kNear; });
-    if (points.size() < 3) continue;
-    const Vector face = DoubleArea(plane, points) * 0.5;
-    balance = balance + face;
-    area += Length(face);
-    solid.volume += Dot(face, points[0]) / 3.0;
-  }
-  solid.closed = solid.volume > kNear && Length(balance) <= kNear * area;
-  return solid;
+  return planes;
 }
 
-double DistanceOutside(const MapBrush& brush, const Vector& point) {
+Planes PlanesOf(const CZandoBrush& brush) {
+  Planes planes;
+  for (const CZandoPoly& face : brush.WorldPolys) planes.push_back(ComputePlane(face));
+  return planes;
+}
+
+double DistanceOutside(const Planes& planes, const Vector& point) {
   double farthest = -std::numeric_limits<double>::infinity();
-  for (const MapPlane& line : brush) {
-    farthest = std::max(farthest, SignedDistance(PlaneOf(line), point));
-  }
+  for (const Plane& plane : planes) farthest = std::max(farthest, SignedDistance(plane, point));
   return farthest;
+}
+
+MapSolid SolidOf(const MapBrush& brush) {
+  const Planes planes = PlanesOf(brush);
+  MapSolid solid;
+  bool bounded = true;
+  for (std::size_t i = 0; i < planes.size(); ++i) {
+    const std::vector<Vector> face = FaceOf(planes, i);
+    for (std::size_t k = 1; k + 1 < face.size(); ++k) {
+      solid.volume += Dot(face[0], Cross(face[k], face[k + 1])) / 6.0;
+    }
+    bounded = bounded && std::all_of(face.begin(), face.end(),
+                                     [](const Vector& v) { return Length(v) < kReach; });
+  }
+  solid.closed = bounded && std::abs(solid.volume) > 1e-3;
+  return solid;
 }
 
 }  // namespace zando::testing

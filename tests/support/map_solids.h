@@ -3,11 +3,10 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "entities/entity.h"
-#include "geometry/vector.h"
+#include "geometry/brush.h"
+#include "geometry/plane.h"
 
 namespace zando::testing {
 
@@ -20,23 +19,28 @@ struct MapPlane {
 using MapBrush = std::vector<MapPlane>;
 
 struct MapEntity {
-  std::vector<EntityPair> pairs;
   std::vector<MapBrush> brushes;
 };
 
-/// The entities of a `.map`, the first being worldspawn. Nothing when the text is not of exactly
-/// the form that the exporter writes.
-[[nodiscard]] std::optional<std::vector<MapEntity>> ParseMap(std::string_view text);
+/// The entities of a `.map`, the first being worldspawn. Nothing when the text is not of the form
+/// that the exporter writes.
+[[nodiscard]] std::optional<std::vector<MapEntity>> ParseMap(const std::string& text);
 
-/// The solid behind all planes of a brush, found by meeting every three of them.
+/// The planes of a convex solid, facing outwards.
+using Planes = std::vector<Plane>;
+[[nodiscard]] Planes PlanesOf(const MapBrush& brush);
+
+/// World polygons must be current.
+[[nodiscard]] Planes PlanesOf(const CZandoBrush& brush);
+
+/// The distance before the farthest of the planes, negative inside the solid.
+[[nodiscard]] double DistanceOutside(const Planes& planes, const Vector& point);
+
+/// The solid behind all planes of a brush.
 struct MapSolid {
   double volume = 0.0;
   bool closed = false;  ///< bounded, with an inside
-  std::vector<Vector> vertices;
 };
 [[nodiscard]] MapSolid SolidOf(const MapBrush& brush);
-
-/// The distance before the nearest plane of the brush, negative inside.
-[[nodiscard]] double DistanceOutside(const MapBrush& brush, const Vector& point);
 
 }  // namespace zando::testing
