@@ -24,7 +24,7 @@ struct Counts {
 enum class Way { Front, Back, Both };
 
 /// The way of the polygon past a plane. For Both it is cut: `polygon` is the front piece then.
-Way Sort(Tree& counter, const Plane& plane, CZandoPoly& polygon, CZandoPoly& back, Rule rule) {
+Way Sort(Tree& owner, const Plane& plane, CZandoPoly& polygon, CZandoPoly& back, Rule rule) {
   switch (ClassifyPolygon(plane, polygon)) {
     case PolygonClass::Front:
       return Way::Front;
@@ -37,8 +37,7 @@ Way Sort(Tree& counter, const Plane& plane, CZandoPoly& polygon, CZandoPoly& bac
     case PolygonClass::Spanning:
       break;
   }
-  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return Way::Both;
-  ++counter.refused;
+  if (owner.Split(plane, polygon, back) == SplitResult::Done) return Way::Both;
   return SideOfMean(plane, polygon) == PolygonClass::Front ? Way::Front : Way::Back;
 }
 
@@ -196,15 +195,6 @@ List PruneHidden(const List& list) {
   return kept;
 }
 
-void Count(Tree& tree, const CBspNode* node) {
-  if (node == nullptr) return;
-  Count(tree, node->back);
-  Count(tree, node->front);
-  ++tree.nodes;
-  if (node->nValid != 0) ++tree.visible;
-  for (const CBspNode* m = node->chain; m != nullptr; m = m->chain) ++tree.coplanar;
-}
-
 bool TakesPart(const CZandoBrush& brush, bool water) { return water || !brush.IsWater(); }
 
 std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
@@ -315,12 +305,6 @@ std::int32_t BuildNodeTree(Tree& tree, const List& list) {
   return steps;
 }
 
-void CountStats(Tree& tree) {
-  tree.nodes = tree.coplanar = tree.visible = 0;
-  Count(tree, tree.root);
-  tree.splits = tree.nodes - tree.inserted + tree.coplanar;
-}
-
 void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
   brush.UpdateWorld();
   ClearFresh(world.root);
@@ -339,7 +323,7 @@ void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
 }
 
 std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water) {
-  world = Tree{};
+  world.Clear();
   std::int32_t steps = 0;
   for (CZandoBrush* brush : ShownBrushes(head)) {
     ++steps;
@@ -349,7 +333,7 @@ std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water) {
 }
 
 std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
-  world = Tree{};
+  world.Clear();
   std::int32_t steps = 0;
   List result;
   const std::vector<CZandoBrush*> a = ShownBrushes(head);

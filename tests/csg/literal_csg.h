@@ -1,28 +1,16 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <vector>
 
-#include "csg/bsp_node.h"
+#include "csg/bsp_tree.h"
 
 namespace zando::literal {
 
 /// The plain form of the tree and world algorithms: recursive, quadratic, without an index, written
-/// to be compared with the fast form. It shares the geometry kernel and the node record with it and
-/// nothing else. Depth is bounded by the small levels of the tests.
-struct Tree {
-  CBspNode* root = nullptr;
-  std::int32_t nodes = 0;
-  std::int32_t coplanar = 0;
-  std::int32_t inserted = 0;
-  std::int32_t splits = 0;
-  std::int32_t visible = 0;
-  std::int32_t refused = 0;
-  std::deque<CBspNode> storage;  ///< nodes are never given back
-
-  [[nodiscard]] CBspNode* NewNode() { return &storage.emplace_back(); }
-};
+/// to be compared with the fast form. It shares the geometry kernel and the records of nodes and
+/// trees with it and nothing else. Depth is bounded by the small levels of the tests.
+using Tree = CConstructiveBsp;
 
 /// Heads of a flat list, each with its chain.
 using List = std::vector<CBspNode*>;
@@ -30,7 +18,6 @@ using List = std::vector<CBspNode*>;
 /// Builds the tree of a list; returns the number of partitions.
 std::int32_t BuildNodeTree(Tree& tree, const List& list);
 
-void CountStats(Tree& tree);
 void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id);
 
 /// Both rebuilds take the head of the brush list and return the number of progress steps.

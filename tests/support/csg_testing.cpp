@@ -71,17 +71,6 @@ void Hollow(CZandoBrush& box) {
   SetFaces(box, std::move(faces));
 }
 
-void Triangulate(CZandoBrush& box) {
-  std::vector<CZandoPoly> faces;
-  for (const CZandoPoly& face : box.Polys) {
-    for (const std::int32_t i : {1, 2}) {
-      CZandoPoly& triangle = faces.emplace_back();
-      for (const std::int32_t vertex : {0, i, i + 1}) triangle.Append(face[vertex]);
-    }
-  }
-  SetFaces(box, std::move(faces));
-}
-
 void MakeDrum(CZandoBrush& box, std::int32_t sides) {
   box.UpdateWorld();
   const Vector half = (box.BoundsMax - box.BoundsMin) * 0.5;

@@ -36,9 +36,6 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 /// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
 void Hollow(CZandoBrush& box);
 
-/// Cuts every face of a box into two triangles in one plane.
-void Triangulate(CZandoBrush& box);
-
 /// Makes a box that is not turned into an upright prism with `sides` sides, up to MAX_POLY_VERTS.
 void MakeDrum(CZandoBrush& box, std::int32_t sides);
 
