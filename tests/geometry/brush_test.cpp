@@ -60,59 +60,6 @@ TEST(BrushTest, FewerPolygonsKeepTheFirstAndMoreStartAfresh) {
   EXPECT_EQ(brush.PolyCount(), 0);
 }
 
-TEST(BrushTest, AMoveShowsWhileItGoesOnAndIsCommittedOnce) {
-  CZandoBrush brush;
-  brush.MoveTo({100, 0, 0});
-  brush.WorkPos[kOwnSlot] = {110, 0, 0};
-  brush.UpdateMove();
-  brush.UpdateMove();
-  EXPECT_EQ(brush.WorldOrigin(), (Vector{110, 0, 0}));
-  EXPECT_EQ(brush.Pos[kOwnSlot], (Vector{100, 0, 0}));
-  brush.EndMove();
-  Transform expected = Transform::Identity();
-  expected.Translate(110, 0, 0);
-  EXPECT_EQ(brush.BMatrix, expected);
-  EXPECT_EQ(brush.DragMatrix, Transform::Identity());
-  EXPECT_EQ(brush.Pos[kOwnSlot], (Vector{110, 0, 0}));
-}
-
-TEST(BrushTest, AGroupOperationTurnsAboutItsPivot) {
-  CZandoBrush brush;
-  brush.MoveTo({10, 0, 5});
-  brush.Rot[kGroupSlot] = {5, 5, 5};
-  brush.BeginGroupOperation({10, 0, 0});
-  EXPECT_EQ(brush.Rot[kGroupSlot], (Vector{0, 0, 0}));
-  Transform operation = Transform::Identity();
-  operation.Rotate(2048, 0, 0);
-
-  brush.UpdateGroupOperation(operation);
-  EXPECT_PRED2(Near, brush.WorldOrigin(), (Vector{5, 0, 0}));
-  brush.Scl[kGroupSlot] = {2, 2, 2};
-  brush.EndGroupOperation(operation);
-  EXPECT_PRED2(Near, brush.WorldOrigin(), (Vector{5, 0, 0}));
-  EXPECT_EQ(brush.DragMatrix, Transform::Identity());
-  EXPECT_EQ(brush.Scl[kGroupSlot], (Vector{1, 1, 1}));
-}
-
-TEST(BrushTest, ResettingASlotLeavesThePlaceAndTheOtherSlot) {
-  constexpr Vector kPlace{1, 2, 3};
-  constexpr Vector kZero{0, 0, 0};
-  constexpr Vector kUsed{4, 5, 6};
-  const auto slotOf = [](const CZandoBrush& b, std::size_t i) {
-    return std::array{b.Pos[i], b.WorkPos[i], b.Rot[i], b.WorkRot[i], b.Scl[i], b.Shr[i]};
-  };
-  CZandoBrush brush;
-  brush.MoveTo(kPlace);
-  const Transform placement = brush.BMatrix;
-  brush.Pos = {kPlace, kPlace};
-  brush.WorkPos = brush.Rot = brush.WorkRot = brush.Scl = brush.Shr = {kUsed, kUsed};
-  brush.ResetSlot(kGroupSlot);
-  EXPECT_EQ(slotOf(brush, kGroupSlot),
-            (std::array{kPlace, kPlace, kZero, kZero, Vector{1, 1, 1}, kZero}));
-  EXPECT_EQ(slotOf(brush, kOwnSlot), (std::array{kPlace, kUsed, kUsed, kUsed, kUsed, kUsed}));
-  EXPECT_EQ(brush.BMatrix, placement);
-}
-
 TEST(BrushTest, ACopyTakesTheShapeAndKeepsItsOwnIdentity) {
   CZandoBrush source;
   AddPolygon(source, MakePolygon({{1, 0, 0}, {2, 0, 0}, {3, 1, 0}}));
