@@ -6,7 +6,6 @@
 
 #include "csg/csg_world.h"
 #include "csg/node_tree_builder.h"
-#include "csg/splitter.h"
 #include "support/csg_testing.h"
 #include "support/small_stack.h"
 
@@ -24,34 +23,6 @@ CBspNode* SquareNode(CConstructiveBsp& tree, double z, bool up = true) {
   node->TakePolygon(up ? square : ReverseCopy(square).polygon);
   node->nPolNum = static_cast<std::int32_t>(z);
   return node;
-}
-
-std::vector<std::int32_t> Names(const CNodeList& list) {
-  std::vector<std::int32_t> names;
-  for (const CBspNode* node = list.head; node != nullptr; node = node->link) {
-    names.push_back(node->nPolNum);
-  }
-  return names;
-}
-
-TEST(BspTree, PartitionDissolvesChainsAndSortsCoplanarPolygonsByFacing) {
-  for (const bool leaf : {false, true}) {
-    CConstructiveBsp tree;
-    CBspNode* splitter = SquareNode(tree, 0.0);
-    splitter->chain = SquareNode(tree, 0.0);
-    splitter->chain->nPolNum = 1;
-    CBspNode* opposite = SquareNode(tree, 0.0, false);
-    opposite->nPolNum = 2;
-    opposite->chain = SquareNode(tree, 5.0);
-    CNodeList list;
-    for (CBspNode* head : {splitter, opposite, SquareNode(tree, -5.0)}) list.Append(head);
-    const Partitioned sides =
-        leaf ? PartitionLeaf(tree, splitter, list) : Partition(tree, splitter, list, nullptr);
-    const std::vector<std::int32_t> front = leaf ? std::vector{5} : std::vector{1, 5};
-    EXPECT_EQ(Names(sides.front), front);
-    EXPECT_EQ(Names(sides.back), (std::vector{2, -5}));
-    EXPECT_EQ(ChainLength(splitter), leaf ? 2 : 1);
-  }
 }
 
 TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
