@@ -48,8 +48,8 @@ std::pair<std::int32_t, std::int32_t> RandomSpan(CRandom& random, const LevelOpt
   const std::int32_t step = general ? 1 : options.grid;
   while (true) {
     const std::int32_t low = random.Between(0, options.extent / step) * step;
-    const std::int32_t high = random.Between(0, options.extent / step) * step;
-    if (low >= high || high - low > options.maxSize) continue;
+    const std::int32_t high = low + random.Between(1, options.maxSize / step) * step;
+    if (high > options.extent) continue;
     if (general && (used.contains(low) || used.contains(high))) continue;
     used.insert({low, high});
     return {low, high};
