@@ -59,12 +59,15 @@ class CCliTest : public testing::Test {
     return Path(name);
   }
 
-  [[nodiscard]] std::set<std::string> FilesHere() const {
+  /// What lies in the folder and below, in order and with a blank after each.
+  [[nodiscard]] std::string FilesHere() const {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
       names.insert(entry.path().lexically_relative(folder_));
     }
-    return names;
+    std::string text;
+    for (const std::string& name : names) text += name + ' ';
+    return text;
   }
 
   static std::ptrdiff_t LinesOf(const std::string& text) {

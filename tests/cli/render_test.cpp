@@ -96,7 +96,7 @@ TEST_F(Render, SolidShowsTheStoredWorldInThePalettesColours) {
 
 TEST_F(Render, OptionsThatMeanNothingAreRefused) {
   const std::string level = MakeLevel("box.3dz", "add\n");
-  const std::set<std::string> before = FilesHere();
+  const std::string before = FilesHere();
   for (const std::vector<std::string>& options :
        std::vector<std::vector<std::string>>{{"--size", "0x10"},
                                              {"--size", "16385x10"},

@@ -44,7 +44,7 @@ TEST_F(ZandoCli, ExitStatusTellsDoneFromFailedFromWronglyUsed) {
       {{"rebuild", "--quick", "--optimal", level, Path("out.3dz")}, kCliWrongUsage},
       {{"convert", Path("level.map"), Path("out.3dz")}, kCliWrongUsage},
   };
-  const std::set<std::string> before = FilesHere();
+  const std::string before = FilesHere();
   for (const auto& [arguments, status] : cases) {
     const Outcome outcome = Run(arguments);
     const std::string shown = testing::PrintToString(arguments);
@@ -110,7 +110,7 @@ TEST_F(ZandoCli, OutputThatCannotBeWrittenLeavesNothing) {
   const std::string level = MakeLevel("pond.3dz", kPond);
   const std::string script = Write("add.zscript", "add\n");
   std::filesystem::create_directory(Path("folder.map"));
-  const std::set<std::string> before = FilesHere();
+  const std::string before = FilesHere();
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{"rebuild", level, Path("nowhere/out.3dz")},
                                              {"convert", level, Path("nowhere/out.3dz")},

@@ -31,24 +31,14 @@ TEST_F(Textures, AreWrittenAsIndexedPicturesInsideTheFolder) {
                               Small("A"), Small("a_1"), Small("")}));
   const std::string palette = Write("grey.lmp", std::string(kPaletteBytes, '\x37'));
   EXPECT_EQ(Run({"textures", wad, "--png", Path("x/y"), "--palette", palette}).err, "");
-  const std::set<std::string> here{"x/y/#Water+1-_.png",
-                                   "x/y/______etc_x.png",
-                                   "x/y/__.png",
-                                   "x/y/a.png",
-                                   "x/y/A_1.png",
-                                   "x/y/a_1_1.png",
-                                   "x/y/1.png",
-                                   "x",
-                                   "x/y",
-                                   "a.wad",
-                                   "grey.lmp"};
-  EXPECT_EQ(FilesHere(), here);
+  EXPECT_EQ(FilesHere(),
+            "a.wad grey.lmp x x/y x/y/#Water+1-_.png x/y/1.png x/y/A_1.png x/y/__.png "
+            "x/y/______etc_x.png x/y/a.png x/y/a_1_1.png ");
   EXPECT_EQ(QImage(QString::fromStdString(Path("x/y/a.png"))).pixel(2, 1), qRgb(55, 55, 55));
 
   EXPECT_EQ(Run({"textures", wad, "--png", Path("x/y")}).out,
             Path("x/y") + ": 7 textures written\n");
   const QImage image(QString::fromStdString(Path("x/y/a.png")));
-  ASSERT_EQ(image.size(), QSize(3, 2));
   ASSERT_EQ(image.format(), QImage::Format_Indexed8);
   for (int i = 0; i < 6; ++i) EXPECT_EQ(image.pixelIndex(i % 3, i / 3), 'a' + i) << i;
   const RgbQuad& last = BuiltInPalette().colors['f'];

@@ -1,7 +1,6 @@
 // Child windows: their titles, their closing, their order on the screen.
 #include <QApplication>
 #include <QMdiArea>
-#include <array>
 
 #include "desktop/editor_fixture.h"
 
@@ -52,16 +51,15 @@ TEST_F(EditorTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
   ASSERT_EQ(frames.size(), 6U);
   EXPECT_TRUE(frames[0]->isMinimized());
   EXPECT_TRUE(frames[1]->isMinimized());
-  constexpr std::array kinds{ViewKind::Side, ViewKind::Top, ViewKind::Front, ViewKind::Solid};
-  const QSize area = window_.findChild<QMdiArea*>()->viewport()->size();
-  for (std::size_t i = 0; i < kinds.size(); ++i) {
-    const CChildFrame& frame = *frames[i + 2];
-    EXPECT_FALSE(frame.isMinimized());
-    EXPECT_EQ(dynamic_cast<CZANDOView&>(*frame.View()).Kind(), kinds[i]);
-    EXPECT_EQ(frame.x() > area.width() / 4, i % 2 == 1);
-    EXPECT_EQ(frame.y() > area.height() / 4, i >= 2);
-    EXPECT_NEAR(frame.width(), area.width() / 2, 1);
-  }
+  const QPoint middle = window_.findChild<QMdiArea*>()->viewport()->rect().center();
+  const auto kindAt = [&](std::size_t i, QPoint inside) {
+    EXPECT_TRUE(frames[i]->geometry().contains(middle + inside)) << i;
+    return dynamic_cast<CZANDOView&>(*frames[i]->View()).Kind();
+  };
+  EXPECT_EQ(kindAt(2, {-30, -60}), ViewKind::Side);
+  EXPECT_EQ(kindAt(3, {30, -60}), ViewKind::Top);
+  EXPECT_EQ(kindAt(4, {-30, 30}), ViewKind::Front);
+  EXPECT_EQ(kindAt(5, {30, 30}), ViewKind::Solid);
 }
 
 TEST_F(EditorTest, CommandsGoToTheWindowThatWasActivatedLast) {

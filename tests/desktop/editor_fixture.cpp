@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <stdexcept>
 #include <utility>
@@ -26,28 +26,25 @@ QAction* FindIn(const QList<QAction*>& actions, CommandId id) {
   return nullptr;
 }
 
+template <typename Answer, typename Otherwise>
+Answer Next(std::deque<Answer>& answers, Otherwise otherwise) {
+  EXPECT_FALSE(answers.empty()) << "nobody expected to be asked";
+  if (answers.empty()) return otherwise;
+  const Answer answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
 }  // namespace
 
 SaveAnswer CAnsweringDesktop::AskSaveChanges(std::string_view name) {
   SaveQuestions.emplace_back(name);
   if (WhileAsking) WhileAsking();
-  if (SaveAnswers.empty()) {
-    ADD_FAILURE() << "nobody expected to be asked about " << name;
-    return SaveAnswer::Cancel;
-  }
-  const SaveAnswer answer = SaveAnswers.front();
-  SaveAnswers.pop_front();
-  return answer;
+  return Next(SaveAnswers, SaveAnswer::Cancel);
 }
 
-std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& request) {
-  if (Files.empty()) {
-    ADD_FAILURE() << "nobody expected to be asked for a file: " << request.title;
-    return std::nullopt;
-  }
-  const auto file = Files.front();
-  Files.pop_front();
-  return file;
+std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& /*request*/) {
+  return Next(Files, std::nullopt);
 }
 
 EditorTest::EditorTest() {
@@ -109,16 +106,12 @@ void EditorTest::WithNextDialog(std::function<void(QDialog&)> act) {
 
 void EditorTest::CreateBox(const QString& height) {
   constexpr int kHeight = 1017;
-  WithNextDialog([&](QDialog& dialog) {
-    for (QLineEdit* field : dialog.findChildren<QLineEdit*>()) {
-      if (field->property("controlId").toInt() == kHeight) field->setText(height);
+  WithNextDialog([height](QDialog& dialog) {
+    for (QWidget* control : dialog.findChildren<QWidget*>()) {
+      const int id = control->property("controlId").toInt();
+      if (id == kHeight) qobject_cast<QLineEdit*>(control)->setText(height);
     }
-    QPushButton* ok = nullptr;
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-      if (button->property("controlId").toInt() == IDOK) ok = button;
-    }
-    ASSERT_NE(ok, nullptr);
-    ok->click();
+    QTest::keyClick(&dialog, Qt::Key_Return);
   });
   Choose(ID_CUBE);
 }

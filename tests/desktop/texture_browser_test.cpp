@@ -100,29 +100,5 @@ TEST_F(TextureBrowserTest, AToolTipTellsTheNameAsItIsWrittenAndTheSize) {
       << QToolTip::text().toStdString();
 }
 
-TEST_F(TextureBrowserTest, RowsFollowTheWidthOfTheWindow) {
-  CChildFrame& frame = *Frames().back();
-  Click({90, 10});
-  for (const int width : {500, 200}) {
-    frame.resize(width, 300);
-    const std::int32_t room = Browser().viewport()->width();
-    std::int32_t inRow = 0;
-    while (View().PlaceOf(inRow).top == 0) ++inRow;
-    EXPECT_EQ(inRow, room / 80 + 1);
-    EXPECT_EQ(View().Selected(), 1);
-  }
-}
-
-TEST_F(TextureBrowserTest, TheLastWindowOfALevelAsksAlsoWhenItIsABrowser) {
-  Frames().front()->close();
-  Document().SetModifiedFlag();
-  desktop_.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Discard};
-  Frames().back()->close();
-  EXPECT_EQ(app_.Documents().size(), 1U);
-  Frames().back()->close();
-  EXPECT_TRUE(app_.Documents().empty());
-  EXPECT_EQ(window_.ActiveView(), nullptr);
-}
-
 }  // namespace
 }  // namespace zando::testing

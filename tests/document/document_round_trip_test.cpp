@@ -11,7 +11,6 @@
 
 #include "csg/csg_world.h"
 #include "document/document_file.h"
-#include "entities/class_defaults.h"
 #include "support/random_level.h"
 
 namespace zando::testing {
@@ -23,19 +22,6 @@ std::int32_t AnyOf(CRandom& random, std::size_t count) {
 
 void PickGroup(CZANDODoc& level, CRandom& random) {
   level.CurrentGroup = random.Between(-1, static_cast<std::int32_t>(level.Groups.size()) - 1);
-}
-
-void AddEntities(CZANDODoc& level, CRandom& random) {
-  const auto classes = ClassDefaultTable();
-  const std::int32_t count = random.Between(0, 4);
-  for (std::int32_t i = 0; i < count; ++i) {
-    PickGroup(level, random);
-    const std::int32_t which = AnyOf(random, classes.size());
-    CEntity entity = MakeEntity(classes[static_cast<std::size_t>(which)]);
-    entity.SetValue("origin", FormatWholeNumbers(random.Real(-4096.0, 4096.0), 64.0, -0.0));
-    if (random.Percent(30)) entity.eFlags |= EF_SELECTED;
-    level.AddEntity(std::move(entity));
-  }
 }
 
 /// Changes a listed brush in ways that the world does not follow at once.
@@ -59,7 +45,6 @@ void ChangeBrush(CZANDODoc& level, CZandoBrush& brush, CRandom& random) {
 void FillLevel(CZANDODoc& level, std::uint64_t seed) {
   CRandom random(seed);
   LevelOptions options{.brushes = random.Between(0, 14), .tapered = 30, .turned = 30, .water = 20};
-  if (random.Percent(50)) options.layout = LevelOptions::Layout::CoarseGrid;
   for (std::int32_t i = random.Between(0, 3); i > 0; --i) {
     CBGroup& group = level.Groups.emplace_back();
     group.gName = "T\xFCr  " + std::to_string(i);
@@ -72,7 +57,14 @@ void FillLevel(CZANDODoc& level, std::uint64_t seed) {
     level.WorkingBrush = *brush;
     brush->TranT == kAddToWorld ? level.AddToWorld() : level.SubtractFromWorld();
   }
-  AddEntities(level, random);
+  for (std::int32_t i = random.Between(0, 4); i > 0; --i) {
+    PickGroup(level, random);
+    level.PlaceLight();
+    CEntity& light = level.Entities.back();
+    light.SetValue("origin", FormatWholeNumbers(random.Real(-4096.0, 4096.0), 64.0, -0.0));
+    light.ParseOrigin();
+    if (random.Percent(30)) light.eFlags |= EF_SELECTED;
+  }
   for (const auto& brush : level.BrushList.Brushes()) ChangeBrush(level, *brush, random);
   if (random.Percent(30)) RebuildQuick(level.World, nullptr, WaterBrushes::Build);
   if (random.Percent(30)) RebuildOptimal(level.World, nullptr, WaterBrushes::Skip);

@@ -35,10 +35,8 @@ TEST(ClassDefaults, EveryClassStartsWithThePairsOfItsFamily) {
 }
 
 TEST(ClassDefaults, ANewEntityOfAClassHasItsPairsAndItsOriginParsed) {
-  ASSERT_NE(FindClassDefaults("path_corner"), nullptr);
   const CEntity corner = MakeEntity(*FindClassDefaults("path_corner"));
   EXPECT_EQ(corner.Pairs.size(), 4U);
-  EXPECT_EQ(corner.GetClassname(), "path_corner");
   EXPECT_EQ(corner.eOrigin, (Vector{1, 1, 1}));
   EXPECT_EQ(FindClassDefaults("Light"), nullptr);
 }
