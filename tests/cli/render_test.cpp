@@ -22,17 +22,15 @@ std::string AsText(const QImage& image) {
 
 class Render : public CCliTest {
  protected:
-  Outcome Draw(const std::vector<std::string>& options, const std::string& level) {
-    std::vector<std::string> arguments{"render", level, Path("out.png")};
-    arguments.insert(arguments.begin() + 1, options.begin(), options.end());
-    return Run(arguments);
+  static Outcome Draw(const std::string& options) {
+    return Run("render " + options + " level.3dz out.png");
   }
-  [[nodiscard]] QImage Picture() const { return QImage(QString::fromStdString(Path("out.png"))); }
+  static QImage Picture() { return QImage(QStringLiteral("out.png")); }
 };
 
 TEST_F(Render, TopOfABoxShowsItsOutlineAndHandles) {
-  const std::string level = MakeLevel("box.3dz", "box x=16 y=8 z=8\nadd\n");
-  EXPECT_EQ(Draw({"--view", "top", "--size", "24x14", "--zoom", "1", "--no-grid"}, level).err, "");
+  MakeLevel("level.3dz", "box x=16 y=8 z=8\nadd\n");
+  EXPECT_EQ(Draw("--view top --size 24x14 --zoom 1 --no-grid").err, "");
   EXPECT_EQ(AsText(Picture()),
             "........................\n"
             "..####............####..\n"
@@ -51,12 +49,12 @@ TEST_F(Render, TopOfABoxShowsItsOutlineAndHandles) {
 }
 
 TEST_F(Render, WholeLevelFitsWhateverTheViewInTheSameBytesEveryTime) {
-  const std::string level =
-      MakeLevel("far.3dz",
-                "box x=900 y=640 z=64\nposition 5000 200 -3000\nadd\nentity light\n"
-                "entity origin 4000 100 -1000\n");
-  for (const char* view : {"top", "side", "front", "wireframe", "solid"}) {
-    ASSERT_EQ(Draw({"--view", view, "--size", "80x60", "--no-grid"}, level).err, "");
+  MakeLevel("level.3dz",
+            "box x=900 y=640 z=64\nposition 5000 200 -3000\nadd\nentity light\n"
+            "entity origin 4000 100 -1000\n");
+  for (const std::string view : {"top", "side", "front", "wireframe", "solid"}) {
+    const std::string options = "--size 80x60 --no-grid --view " + view;
+    ASSERT_EQ(Draw(options).err, "");
     const std::string text = AsText(Picture());
     int border = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -66,21 +64,20 @@ TEST_F(Render, WholeLevelFitsWhateverTheViewInTheSameBytesEveryTime) {
     }
     EXPECT_EQ(border, 0) << view;
     EXPECT_GT(std::count(text.begin(), text.end(), '#'), 30) << view;
-    const std::string first = Read(Path("out.png"));
-    Draw({"--view", view, "--size", "80x60", "--no-grid"}, level);
-    EXPECT_EQ(Read(Path("out.png")), first) << view;
+    const std::string first = Read("out.png");
+    Draw(options);
+    EXPECT_EQ(Read("out.png"), first) << view;
   }
 }
 
 TEST_F(Render, SolidShowsTheStoredWorldInThePalettesColours) {
   // The box is moved after it was built into the world. Its front is 16 units away, where a pixel
   // is two units: at that width the picture reaches over the edge, to a multiple of four.
-  const std::string level =
-      MakeLevel("box.3dz", "box x=16 y=8 z=8\nadd\npick last\nposition 0 100 0\n");
-  const std::string palette = Write("bright.lmp", std::string(3, '\0') + std::string(765, '\x77'));
-  std::vector<std::string> options{"--at", "0,0,-20",   "--angles", "0,0,0",  "--size",
-                                   "14x6", "--palette", palette,    "--view", "solid"};
-  EXPECT_EQ(Draw(options, level).err, "");
+  MakeLevel("level.3dz", "box x=16 y=8 z=8\nadd\npick last\nposition 0 100 0\n");
+  Write("bright.lmp", std::string(3, '\0') + std::string(765, '\x77'));
+  const std::string options =
+      "--at 0,0,-20 --angles 0,0,0 --size 14x6 --palette bright.lmp --view ";
+  EXPECT_EQ(Draw(options + "solid").err, "");
   EXPECT_EQ(AsText(Picture()),
             "..............\n"
             "....########..\n"
@@ -89,37 +86,23 @@ TEST_F(Render, SolidShowsTheStoredWorldInThePalettesColours) {
             "....########..\n"
             "..............\n");
   EXPECT_EQ(Picture().pixel(5, 2), 0xFF777777U);
-  options.back() = "texture";
-  EXPECT_EQ(Draw(options, level).err, "");
+  EXPECT_EQ(Draw(options + "texture").err, "");
   EXPECT_EQ(AsText(Picture()).find('#'), std::string::npos);
 }
 
 TEST_F(Render, OptionsThatMeanNothingAreRefused) {
-  const std::string level = MakeLevel("box.3dz", "add\n");
+  EXPECT_EQ(Draw("").status, kCliFailed) << "there is no level";
+  MakeLevel("level.3dz", "add\n");
   const std::string before = FilesHere();
-  for (const std::vector<std::string>& options :
-       std::vector<std::vector<std::string>>{{"--size", "0x10"},
-                                             {"--size", "16385x10"},
-                                             {"--size", "10x-5"},
-                                             {"--view", "flat"},
-                                             {"--view", "solid", "--zoom", "1"},
-                                             {"--palette", "PALETTE.LMP"},
-                                             {"--at", "1,2,nan"},
-                                             {"--angles", "0,91,0"},
-                                             {"--view", "top", "--angles", "0,0,0"},
-                                             {"--zoom", "1"},
-                                             {"--view", "top", "--zoom", "0"}}) {
-    const Outcome outcome = Draw(options, level);
-    EXPECT_EQ(outcome.status, kCliWrongUsage) << testing::PrintToString(options);
-    EXPECT_NE(outcome.err, "");
+  for (const char* options :
+       {"--size 0x10", "--size 16385x10", "--size 10x-5", "--view flat", "--view solid --zoom 1",
+        "--palette PALETTE.LMP", "--at 1,2,nan", "--at 1,2", "--angles 0,91,0",
+        "--view top --angles 0,0,0", "--zoom 1", "--view top --zoom 0"}) {
+    const Outcome outcome = Draw(options);
+    EXPECT_EQ(outcome.status, kCliWrongUsage) << options;
+    EXPECT_EQ(LinesOf(outcome.err), 1) << options;
   }
-  EXPECT_EQ(Draw({}, Path("missing.3dz")).status, kCliFailed);
-  const std::pair<std::string, const char*> palettes[] = {
-      {Path("missing.lmp"), "No such file or directory"}, {Path(""), "Is a directory"}};
-  for (const auto& [palette, reason] : palettes) {
-    EXPECT_EQ(Draw({"--view", "solid", "--palette", palette}, level).err,
-              palette + ": " + reason + '\n');
-  }
+  EXPECT_EQ(Draw("--view solid --palette none.lmp").err, "none.lmp: cannot be read\n");
   EXPECT_EQ(FilesHere(), before);
 }
 

@@ -143,26 +143,24 @@ TEST(Script, FirstErrorIsToldWithItsLine) {
 class ScriptFile : public CCliTest {};
 
 TEST_F(ScriptFile, FailingScriptWritesNoFile) {
-  const std::string script = Write("bad.zscript", "add\nsave " + Path("saved.3dz") + "\nexport " +
-                                                      Path("out.map") + "\nentity new lihgt\n");
-  const std::string out = Write("out.3dz", "what was there");
+  Write("bad.zscript", "add\nsave saved.3dz\nexport out.map\nentity new lihgt\n");
+  Write("out.3dz", "what was there");
   const std::string before = FilesHere();
-  const Outcome outcome = Run({"run", script, out});
+  const Outcome outcome = Run("run bad.zscript out.3dz");
   EXPECT_EQ(outcome.status, kCliFailed);
-  EXPECT_EQ(outcome.err, script + ":4: unknown class 'lihgt'\n");
+  EXPECT_EQ(outcome.err, "bad.zscript:4: unknown class 'lihgt'\n");
   EXPECT_EQ(FilesHere(), before);
-  EXPECT_EQ(Read(out), "what was there");
+  EXPECT_EQ(Read("out.3dz"), "what was there");
 }
 
 TEST_F(ScriptFile, ScriptGoesOnFromAGivenLevel) {
-  const std::string level = MakeLevel("one.3dz", "name base\nadd\n");
-  const std::string script =
-      Write("more.zscript", "pick base\ncopy-to-current\nadd\nsave " + level);
-  ASSERT_EQ(Run({"run", "--level", level, script, Path("two.3dz")}).err, "");
-  const LoadedDocument two = LoadDocumentFile(Path("two.3dz"));
+  MakeLevel("one.3dz", "name base\nadd\n");
+  Write("more.zscript", "pick base\ncopy-to-current\nadd\nsave saved.3dz");
+  ASSERT_EQ(Run("run --level one.3dz more.zscript two.3dz").err, "");
+  const LoadedDocument two = LoadDocumentFile("two.3dz");
   ASSERT_TRUE(two.document) << two.error;
   EXPECT_EQ(two.document->BrushCount(), 2);
-  EXPECT_EQ(Read(level), Read(Path("two.3dz")));
+  EXPECT_EQ(Read("saved.3dz"), Read("two.3dz"));
 }
 
 TEST(Script, DamagedScriptsEndInOneLineAtMost) {
