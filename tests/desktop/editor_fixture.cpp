@@ -6,7 +6,7 @@
 #include <QMenuBar>
 #include <QTest>
 #include <QTimer>
-#include <stdexcept>
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_io.h"
@@ -81,10 +81,9 @@ CZANDOView& EditorTest::ActiveEditingView() const {
 }
 
 CViewWidget& EditorTest::ActiveWidget() const {
-  for (const CChildFrame* frame : Frames()) {
-    if (frame->View() == window_.ActiveView()) return dynamic_cast<CViewWidget&>(*frame->widget());
-  }
-  throw std::logic_error("no view is active");
+  const std::vector<CChildFrame*> frames = Frames();
+  const auto active = std::ranges::find(frames, window_.ActiveView(), &CChildFrame::View);
+  return dynamic_cast<CViewWidget&>(*frames.at(active - frames.begin())->widget());
 }
 
 std::filesystem::path EditorTest::FileIn(const char* name) const {
@@ -92,16 +91,10 @@ std::filesystem::path EditorTest::FileIn(const char* name) const {
 }
 
 void EditorTest::WithNextDialog(std::function<void(QDialog&)> act) {
-  auto* timer = new QTimer(qApp);
-  timer->setInterval(1);
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+  QTimer::singleShot(1, [act = std::move(act)] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    act(*dialog);
+    dialog != nullptr ? act(*dialog) : WithNextDialog(act);
   });
-  timer->start();
 }
 
 void EditorTest::CreateBox(const QString& height) {

@@ -67,10 +67,6 @@ Control& Get(CQtForm& form, ControlId id) {
   throw std::out_of_range("no such control");
 }
 
-QPoint Middle(const QListWidget& list, int row) {
-  return list.visualItemRect(list.item(row)).center();
-}
-
 TEST(QtForm, EveryControlOfTheDialogsIsThere) {
   const struct {
     std::int32_t form;
@@ -98,14 +94,13 @@ TEST(QtForm, TheFirstClickMayRefillTheListUnderADoubleClick) {
   form.Window().show();
   auto& list = Get<QListWidget>(form, 1064);
   EXPECT_EQ(list.item(0)->text(), "Attic") << "sorted, ignoring case";
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Middle(list, 1));
-  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, Middle(list, 1));
+  const QPoint second = list.visualItemRect(list.item(1)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
   QCoreApplication::processEvents();
-  EXPECT_EQ(dialog.told, (Texts{"selected 2", "double 2"}));
   list.setCurrentRow(0);
   QTest::mouseClick(&Get<QAbstractButton>(form, 1065), Qt::LeftButton);
-  EXPECT_EQ(dialog.told.at(2), "selected 1") << "before the button that was pressed after it";
-  EXPECT_EQ(dialog.told.at(3), "button 1065");
+  EXPECT_EQ(dialog.told, (Texts{"selected 2", "double 2", "selected 1", "button 1065"}));
 }
 
 TEST(QtForm, AFieldTakesWhatTheLevelCanHold) {

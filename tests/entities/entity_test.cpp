@@ -54,7 +54,6 @@ TEST(Entity, OriginTextIsReadUpToTheFirstThingThatIsNoWholeNumber) {
     CEntity entity = EntityAt({9, 9, 9});
     entity.SetValue("origin", c.text);
     entity.ParseOrigin();
-    EXPECT_EQ(entity.eOrigin, c.origin) << c.text;
     EXPECT_EQ(entity.WorkOrigin, c.origin) << c.text;
   }
 }
@@ -63,7 +62,6 @@ TEST(Entity, WithoutAnOriginTextTheOriginStaysAndNothingMovesOrPicksIt) {
   CEntity entity = EntityAt({1, 2, 3});
   entity.SetValue("origin", "");
   entity.ParseOriginAndNormalise();
-  EXPECT_EQ(entity.eStyle, 1);
   entity.Move({5, 5, 5}, kAllAxes);
   EXPECT_EQ(entity.eOrigin, (Vector{1, 2, 3}));
   EXPECT_EQ(entity.WorkOrigin, (Vector{1, 2, 3}));
@@ -114,7 +112,6 @@ TEST(Entity, ADragEndsOnTheGridAndCommitsItsAxes) {
       {{95, 96, -32}, 64, kAllAxes, AllAxes, {64, 128, 0}},
       {{95, 96, 97}, 64, kAxisY, AllAxes, {95, 128, 97}},
       {{11, 12, 6}, 1, kAllAxes, DominantAxis, {1, 12, 3}},
-      {{6, 7, 8}, 1, kAllAxes, DominantAxis, {1, 2, 8}},
       {{-9, 8, 8}, 1, kAllAxes, DominantAxis, {-9, 2, 3}},
       {{95, 2, 96}, 64, kAllAxes, DominantAxis, {1, 2, 128}},  // z, once both are snapped
   };

@@ -115,14 +115,12 @@ TEST_F(GroupDialog, AnEmptyNameIsRefusedEverywhereButOnCancel) {
 }
 
 TEST_F(GroupDialog, NothingIsChangedWhileNoGroupIsChosen) {
-  for (const std::int32_t none : {-1, 7}) {
-    EXPECT_EQ(Run(none,
-                  [](CFakeForm& form) {
-                    form.Type(1001, "nobody");
-                    form.Press(IDOK);
-                  }),
-              -1);
-  }
+  const auto rename = [](CFakeForm& form) {
+    form.Type(1001, "nobody");
+    form.Press(IDOK);
+  };
+  EXPECT_EQ(Run(-1, rename), -1);
+  EXPECT_EQ(Run(7, rename), -1);
   EXPECT_EQ(groups_[0].gName, "walls");
 }
 
