@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iomanip>
 #include <set>
 #include <sstream>
 #include <string>
@@ -36,11 +37,11 @@ class CCliTest : public testing::Test {
     std::filesystem::remove_all(folder_);
   }
 
-  /// Runs it with the arguments of a line, separated by blanks.
+  /// Runs it with the arguments of a line, separated by blanks; "" is an empty one.
   static Outcome Run(const std::string& line) {
     std::istringstream words(line);
     std::vector<std::string> arguments;
-    for (std::string word; words >> word;) arguments.push_back(word);
+    for (std::string word; words >> std::quoted(word);) arguments.push_back(word);
     std::ostringstream out;
     std::ostringstream err;
     const int status = RunCli(arguments, out, err);

@@ -102,7 +102,8 @@ TEST_F(Render, OptionsThatMeanNothingAreRefused) {
     EXPECT_EQ(outcome.status, kCliWrongUsage) << options;
     EXPECT_EQ(LinesOf(outcome.err), 1) << options;
   }
-  EXPECT_EQ(Draw("--view solid --palette none.lmp").err, "none.lmp: cannot be read\n");
+  EXPECT_EQ(Draw("--view solid --palette none.lmp").err, "none.lmp: No such file or directory\n");
+  EXPECT_EQ(Draw("--view solid --palette .").err, ".: Is a directory\n");
   EXPECT_EQ(FilesHere(), before);
 }
 

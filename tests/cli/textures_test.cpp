@@ -57,6 +57,8 @@ TEST_F(Textures, DamageIsAWarningAndARefusedFileAnError) {
   for (const auto& [line, file] : std::map<std::string, std::string>{
            {"textures short.lmp", "short.lmp: "},
            {"textures --palette none.lmp a.wad", "none.lmp: "},
+           {"textures --palette \"\" a.wad", ": "},
+           {"textures --png \"\" a.wad", ": "},
            {"textures --png short.lmp/in a.wad", "short.lmp/in: "}}) {
     const Outcome failed = Run(line);
     EXPECT_EQ(failed.status, kCliFailed) << failed.err;
