@@ -7,8 +7,7 @@
 namespace zando::testing {
 namespace {
 
-TEST_F(EditorTest, AChildFrameTakesOnlyTitlesThatBeginWithADash) {
-  app_.Start({});
+TEST_F(LevelTest, AChildFrameTakesOnlyTitlesThatBeginWithADash) {
   CChildFrame& frame = *Frames().front();
   frame.SetTitle("keep.3dz");
   frame.widget()->setWindowTitle(QStringLiteral("keep.3dz"));
@@ -17,8 +16,7 @@ TEST_F(EditorTest, AChildFrameTakesOnlyTitlesThatBeginWithADash) {
   EXPECT_EQ(frame.windowTitle(), QStringLiteral("-Top View-"));
 }
 
-TEST_F(EditorTest, ClosingTwiceAndFromWithinIsHarmless) {
-  app_.Start({});
+TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   Choose(ID_WINDOW_NEW);
   CChildFrame* second = Frames().back();
   second->close();
@@ -43,8 +41,7 @@ TEST_F(EditorTest, ClosingTwiceAndFromWithinIsHarmless) {
   EXPECT_TRUE(window_.close());
 }
 
-TEST_F(EditorTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
-  app_.Start({});
+TEST_F(LevelTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
   Choose(ID_WINDOW_NEW);
   Choose(ID_FOUR_VIEWS);
   const std::vector<CChildFrame*> frames = Frames();
@@ -62,8 +59,7 @@ TEST_F(EditorTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
   EXPECT_EQ(kindAt(5, {30, 30}), ViewKind::Solid);
 }
 
-TEST_F(EditorTest, CommandsGoToTheWindowThatWasActivatedLast) {
-  app_.Start({});
+TEST_F(LevelTest, CommandsGoToTheWindowThatWasActivatedLast) {
   Choose(static_cast<CommandId>(ViewKind::Top));
   Choose(ID_FILE_NEW);
   const std::vector<CChildFrame*> frames = Frames();

@@ -112,8 +112,7 @@ TEST_F(EditorTest, ToolbarsShowTheTablesButtonsWithPicturesAfterTheGroupBox) {
   EXPECT_TRUE(second->isHidden());
 }
 
-TEST_F(EditorTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
-  app_.Start({});
+TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   for (const char* name : {"Walls", "Arches"}) {
     CBGroup group;
     group.gName = name;
@@ -132,8 +131,7 @@ TEST_F(EditorTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   }
 }
 
-TEST_F(EditorTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
-  app_.Start({});
+TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   QLineEdit field(&window_);
   field.show();
   field.setFocus();
@@ -157,8 +155,7 @@ TEST_F(EditorTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   EXPECT_EQ(app_.Documents().size(), 2U);
 }
 
-TEST_F(EditorTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
-  app_.Start({});
+TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
   const auto prompt = [this] { return window_.statusBar()->findChild<QLabel*>()->text(); };
   const auto hover = [this](const char* tip) {
     QStatusTipEvent event{QLatin1String(tip)};

@@ -13,8 +13,7 @@
 namespace zando::testing {
 namespace {
 
-TEST_F(EditorTest, ABoxThatIsAddedAndSavedComesBackTheSame) {
-  app_.Start({});
+TEST_F(LevelTest, ABoxThatIsAddedAndSavedComesBackTheSame) {
   CreateBox(QStringLiteral("72.5"));
   Choose(ID_ADD_TO_WORLD);
   EXPECT_TRUE(window_.isWindowModified());
@@ -49,8 +48,7 @@ TEST_F(EditorTest, ClosingAChangedLevelAsksAndHonoursTheAnswer) {
   }
 }
 
-TEST_F(EditorTest, AnUnreadableFileSaysWhyAndLeavesTheOpenLevels) {
-  app_.Start({});
+TEST_F(LevelTest, AnUnreadableFileSaysWhyAndLeavesTheOpenLevels) {
   desktop_.Files = {FileIn("missing.3dz")};
   Choose(ID_FILE_OPEN);
   ASSERT_EQ(desktop_.Messages.size(), 1U);

@@ -6,18 +6,17 @@
 #include <utility>
 #include <vector>
 
+#include "support/random_level.h"
+
 namespace zando {
 namespace {
 
 /// Lists a solid cube around a centre and returns it.
-CZandoBrush& AddCube(CZANDODoc& level, double size, const Vector& centre) {
-  CCreateBoxDlg dialog;
-  dialog.YSize = dialog.TopXSize = dialog.TopZSize = size;
-  dialog.BottomXSize = dialog.BottomZSize = size;
-  CZandoBrush cube;
-  dialog.Generate(cube);
-  cube.MoveTo(centre);
-  level.AddBrush(cube);
+CZandoBrush& AddCube(CZANDODoc& level, std::int32_t size, const Vector& centre) {
+  const std::int32_t half = size / 2;
+  const auto cube = testing::MakeBoxBrush({{-half, -half, -half}, {half, half, half}});
+  cube->MoveTo(centre);
+  level.AddBrush(*cube);
   return *level.BrushList.Brushes().back();
 }
 
