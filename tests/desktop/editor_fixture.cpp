@@ -83,7 +83,8 @@ CZANDOView& EditorTest::ActiveEditingView() const {
 CViewWidget& EditorTest::ActiveWidget() const {
   const std::vector<CChildFrame*> frames = Frames();
   const auto active = std::ranges::find(frames, window_.ActiveView(), &CChildFrame::View);
-  return dynamic_cast<CViewWidget&>(*frames.at(active - frames.begin())->widget());
+  return dynamic_cast<CViewWidget&>(
+      *frames.at(static_cast<std::size_t>(active - frames.begin()))->widget());
 }
 
 std::filesystem::path EditorTest::FileIn(const char* name) const {
