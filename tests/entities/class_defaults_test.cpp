@@ -34,12 +34,5 @@ TEST(ClassDefaults, EveryClassStartsWithThePairsOfItsFamily) {
   EXPECT_EQ(names.size(), 71U);
 }
 
-TEST(ClassDefaults, ANewEntityOfAClassHasItsPairsAndItsOriginParsed) {
-  const CEntity corner = MakeEntity(*FindClassDefaults("path_corner"));
-  EXPECT_EQ(corner.Pairs.size(), 4U);
-  EXPECT_EQ(corner.eOrigin, (Vector{1, 1, 1}));
-  EXPECT_EQ(FindClassDefaults("Light"), nullptr);
-}
-
 }  // namespace
 }  // namespace zando
