@@ -30,7 +30,7 @@ template <typename Answer, typename Otherwise>
 Answer Next(std::deque<Answer>& answers, Otherwise otherwise) {
   EXPECT_FALSE(answers.empty()) << "nobody expected to be asked";
   if (answers.empty()) return otherwise;
-  const Answer answer = answers.front();
+  Answer answer = answers.front();
   answers.pop_front();
   return answer;
 }
