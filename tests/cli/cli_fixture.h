@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iomanip>
 #include <set>
 #include <sstream>
 #include <string>
@@ -14,7 +15,7 @@
 
 namespace zando {
 
-/// A folder of its own for every test, and zando-cli run in it with captured streams.
+/// A folder of its own for every test, in which it runs zando-cli with captured streams.
 class CCliTest : public testing::Test {
  protected:
   struct Outcome {
@@ -29,21 +30,26 @@ class CCliTest : public testing::Test {
               (std::string("zando_") + test->test_suite_name() + '_' + test->name());
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
+    std::filesystem::current_path(folder_);
   }
-  ~CCliTest() override { std::filesystem::remove_all(folder_); }
+  ~CCliTest() override {
+    std::filesystem::current_path(before_);
+    std::filesystem::remove_all(folder_);
+  }
 
-  static Outcome Run(const std::vector<std::string>& arguments) {
+  /// Runs it with the arguments of a line, separated by blanks; "" is an empty one.
+  static Outcome Run(const std::string& line) {
+    std::istringstream words(line);
+    std::vector<std::string> arguments;
+    for (std::string word; words >> std::quoted(word);) arguments.push_back(word);
     std::ostringstream out;
     std::ostringstream err;
     const int status = RunCli(arguments, out, err);
     return {status, out.str(), err.str()};
   }
 
-  [[nodiscard]] std::string Path(const std::string& name) const { return folder_ / name; }
-
-  [[nodiscard]] std::string Write(const std::string& name, const std::string& bytes) const {
-    EXPECT_EQ(WriteFileAtomically(Path(name), bytes), "");
-    return Path(name);
+  static void Write(const std::string& name, const std::string& bytes) {
+    EXPECT_EQ(WriteFileAtomically(name, bytes), "");
   }
 
   [[nodiscard]] static std::string Read(const std::filesystem::path& path) {
@@ -53,18 +59,20 @@ class CCliTest : public testing::Test {
   }
 
   /// A level made by a script.
-  [[nodiscard]] std::string MakeLevel(const std::string& name, const std::string& script) const {
-    const Outcome made = Run({"run", Write(name + ".zscript", script), Path(name)});
-    EXPECT_EQ(made.status, kCliDone) << made.err;
-    return Path(name);
+  static void MakeLevel(const std::string& name, const std::string& script) {
+    Write(name + ".zscript", script);
+    EXPECT_EQ(Run("run " + name + ".zscript " + name).err, "");
   }
 
-  [[nodiscard]] std::set<std::string> FilesHere() const {
+  /// What lies in the folder and below, in order and with a blank after each.
+  [[nodiscard]] static std::string FilesHere() {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
-      names.insert(entry.path().lexically_relative(folder_));
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(".")) {
+      names.insert(entry.path().lexically_relative("."));
     }
-    return names;
+    std::string text;
+    for (const std::string& name : names) text += name + ' ';
+    return text;
   }
 
   static std::ptrdiff_t LinesOf(const std::string& text) {
@@ -72,6 +80,7 @@ class CCliTest : public testing::Test {
   }
 
  private:
+  std::filesystem::path before_ = std::filesystem::current_path();
   std::filesystem::path folder_;
 };
 

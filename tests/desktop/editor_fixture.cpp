@@ -4,9 +4,9 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QPushButton>
+#include <QTest>
 #include <QTimer>
-#include <stdexcept>
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_io.h"
@@ -26,28 +26,25 @@ QAction* FindIn(const QList<QAction*>& actions, CommandId id) {
   return nullptr;
 }
 
+template <typename Answer, typename Otherwise>
+Answer Next(std::deque<Answer>& answers, Otherwise otherwise) {
+  EXPECT_FALSE(answers.empty()) << "nobody expected to be asked";
+  if (answers.empty()) return otherwise;
+  Answer answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
 }  // namespace
 
 SaveAnswer CAnsweringDesktop::AskSaveChanges(std::string_view name) {
   SaveQuestions.emplace_back(name);
   if (WhileAsking) WhileAsking();
-  if (SaveAnswers.empty()) {
-    ADD_FAILURE() << "nobody expected to be asked about " << name;
-    return SaveAnswer::Cancel;
-  }
-  const SaveAnswer answer = SaveAnswers.front();
-  SaveAnswers.pop_front();
-  return answer;
+  return Next(SaveAnswers, SaveAnswer::Cancel);
 }
 
-std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& request) {
-  if (Files.empty()) {
-    ADD_FAILURE() << "nobody expected to be asked for a file: " << request.title;
-    return std::nullopt;
-  }
-  const auto file = Files.front();
-  Files.pop_front();
-  return file;
+std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& /*request*/) {
+  return Next(Files, std::nullopt);
 }
 
 EditorTest::EditorTest() {
@@ -84,10 +81,10 @@ CZANDOView& EditorTest::ActiveEditingView() const {
 }
 
 CViewWidget& EditorTest::ActiveWidget() const {
-  for (const CChildFrame* frame : Frames()) {
-    if (frame->View() == window_.ActiveView()) return dynamic_cast<CViewWidget&>(*frame->widget());
-  }
-  throw std::logic_error("no view is active");
+  const std::vector<CChildFrame*> frames = Frames();
+  const auto active = std::ranges::find(frames, window_.ActiveView(), &CChildFrame::View);
+  return dynamic_cast<CViewWidget&>(
+      *frames.at(static_cast<std::size_t>(active - frames.begin()))->widget());
 }
 
 std::filesystem::path EditorTest::FileIn(const char* name) const {
@@ -95,30 +92,20 @@ std::filesystem::path EditorTest::FileIn(const char* name) const {
 }
 
 void EditorTest::WithNextDialog(std::function<void(QDialog&)> act) {
-  auto* timer = new QTimer(qApp);
-  timer->setInterval(1);
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+  QTimer::singleShot(1, [act = std::move(act)] {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    act(*dialog);
+    dialog != nullptr ? act(*dialog) : WithNextDialog(act);
   });
-  timer->start();
 }
 
 void EditorTest::CreateBox(const QString& height) {
   constexpr int kHeight = 1017;
-  WithNextDialog([&](QDialog& dialog) {
-    for (QLineEdit* field : dialog.findChildren<QLineEdit*>()) {
-      if (field->property("controlId").toInt() == kHeight) field->setText(height);
+  WithNextDialog([height](QDialog& dialog) {
+    for (QWidget* control : dialog.findChildren<QWidget*>()) {
+      const int id = control->property("controlId").toInt();
+      if (id == kHeight) qobject_cast<QLineEdit*>(control)->setText(height);
     }
-    QPushButton* ok = nullptr;
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-      if (button->property("controlId").toInt() == IDOK) ok = button;
-    }
-    ASSERT_NE(ok, nullptr);
-    ok->click();
+    QTest::keyClick(&dialog, Qt::Key_Return);
   });
   Choose(ID_CUBE);
 }

@@ -73,6 +73,12 @@ class EditorTest : public ::testing::Test {
   CEditorApp app_{window_, desktop_, recent_};
 };
 
+/// The same with a new level open.
+class LevelTest : public EditorTest {
+ protected:
+  LevelTest() { app_.Start({}); }
+};
+
 [[nodiscard]] std::string BytesOf(const std::filesystem::path& path);
 
 }  // namespace zando::testing

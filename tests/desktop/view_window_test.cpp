@@ -37,69 +37,45 @@ class Mouse {
   Qt::MouseButtons held_;
 };
 
-TEST_F(EditorTest, DraggingInATopViewPansItsCamera) {
-  app_.Start({});
+TEST_F(LevelTest, DraggingInATopViewPansItsCameraUntilTheFocusIsLost) {
   Choose(static_cast<CommandId>(ViewKind::Top));
   CViewWidget& widget = ActiveWidget();
   const Vector before = ActiveEditingView().Camera().Position;
   Mouse mouse(widget);
   mouse.Press({100, 100}, Qt::LeftButton);
-  EXPECT_TRUE(widget.HasCapture());
   EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BlankCursor);
   mouse.MoveBy({10, 4});
   mouse.MoveBy({5, 0});
-  mouse.Release(Qt::LeftButton);
-  EXPECT_FALSE(widget.HasCapture());
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Vector after = ActiveEditingView().Camera().Position;
-  EXPECT_EQ(after.x, before.x + 30.0);
-  EXPECT_EQ(after.y, before.y);
-  EXPECT_EQ(after.z, before.z - 8.0);
-}
-
-TEST_F(EditorTest, LosingTheFocusEndsADragAndBringsTheCursorBack) {
-  app_.Start({});
-  Choose(static_cast<CommandId>(ViewKind::Top));
-  CViewWidget& widget = ActiveWidget();
-  Mouse mouse(widget);
-  mouse.Press({100, 100}, Qt::LeftButton);
   QFocusEvent lost(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
   QApplication::sendEvent(&widget, &lost);
   EXPECT_FALSE(widget.HasCapture());
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Vector before = ActiveEditingView().Camera().Position;
   mouse.MoveBy({10, 4});
-  EXPECT_EQ(ActiveEditingView().Camera().Position.x, before.x);
+  mouse.Release(Qt::LeftButton);
+  EXPECT_EQ(ActiveEditingView().Camera().Position, before + Vector({30.0, 0.0, -8.0}));
 
   // A window that closes in the middle of a drag must not take the cursor with it.
-  mouse.Release(Qt::LeftButton);
   mouse.Press({100, 100}, Qt::LeftButton);
   Choose(ID_FILE_CLOSE);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(EditorTest, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
-  app_.Start({});
+TEST_F(LevelTest, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
   Choose(static_cast<CommandId>(ViewKind::Top));
-  CViewWidget& widget = ActiveWidget();
-  CZandoBrush& brush = Document().WorkingBrush;
-  Mouse mouse(widget);
-  const auto drag = [&](Qt::MouseButton button, QPoint from, QPoint by) {
-    mouse.Press(from, button);
-    mouse.MoveBy(by);
-    mouse.Release(button);
-  };
   Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
-  EXPECT_TRUE(MenuItem(ID_TOOL_MOVE_ROTATE_BRUSH)->isChecked());
-  Choose(ID_USE_GRID);
-  drag(Qt::LeftButton, {100, 100}, {70, -33});
-  EXPECT_EQ(brush.Pos[0], (Vector{64.0, 0.0, 64.0}));
-  drag(Qt::RightButton, {100, 100}, {-50, 0});
+  CViewWidget& widget = ActiveWidget();
+  const CZandoBrush& brush = Document().WorkingBrush;
+  Mouse mouse(widget);
+  mouse.Press({100, 100}, Qt::RightButton);
+  mouse.MoveBy({-50, 0});
+  mouse.Release(Qt::RightButton);
   EXPECT_NEAR(brush.Rot[0].x, 341.333333, 1e-5);
-  EXPECT_EQ(window_.ActiveView()->Document().IsModified(), true);
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-
+  mouse.Press({100, 100}, Qt::LeftButton);
+  mouse.MoveBy({70, -33});
   Choose(ID_ADD_TO_WORLD);
+  EXPECT_EQ(Document().BrushList.Head()->Pos[0], (Vector{70.0, 0.0, 33.0})) << "commits the drag";
+  mouse.Release(Qt::LeftButton);
+
   Choose(ID_TOOL_SELECT_GROUP);
   const QImage before = widget.grab().toImage();
   mouse.Press({20, 20}, Qt::LeftButton);
@@ -107,14 +83,12 @@ TEST_F(EditorTest, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
   const QImage framed = widget.grab().toImage();
   EXPECT_EQ(framed.pixel(21, 30) & 0xFFFFFFU, ~before.pixel(21, 30) & 0xFFFFFFU);
   EXPECT_EQ(framed.pixel(22, 30), before.pixel(22, 30));
-  EXPECT_FALSE(Document().AnySelected());
   mouse.Release(Qt::LeftButton);
   EXPECT_TRUE(Document().AnySelected());
   EXPECT_EQ(widget.grab().toImage().pixel(21, 30), before.pixel(21, 30));
 }
 
-TEST_F(EditorTest, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
-  app_.Start({});
+TEST_F(LevelTest, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
   CViewWidget& widget = ActiveWidget();
   const auto press = [&](int key, Qt::KeyboardModifiers keys = {}, bool repeated = false) {
     QKeyEvent event(QEvent::KeyPress, key, keys, {}, repeated);
@@ -133,33 +107,8 @@ TEST_F(EditorTest, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
   EXPECT_EQ(Document().GridSize, 32.0);
   Choose(ID_ADD_TO_WORLD);
   Document().SetCurrentBrush(*Document().BrushList.Head());
-
-  // In the middle of a drag: the brush goes, the mouse and the cursor come back.
-  Mouse mouse(widget);
-  mouse.Press({100, 100}, Qt::LeftButton);
-  mouse.MoveBy({9, 9});
   press(Qt::Key_Delete);
   EXPECT_EQ(Document().BrushCount(), 0);
-  EXPECT_FALSE(widget.HasCapture());
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  mouse.MoveBy({9, 9});
-  mouse.Release(Qt::LeftButton);
-  EXPECT_EQ(Document().WorkingBrush.Pos[0], (Vector{0.0, 0.0, 0.0}));
-}
-
-TEST_F(EditorTest, ACommandInTheMiddleOfADragCommitsItFirst) {
-  app_.Start({});
-  Choose(static_cast<CommandId>(ViewKind::Top));
-  Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
-  Mouse mouse(ActiveWidget());
-  mouse.Press({100, 100}, Qt::LeftButton);
-  mouse.MoveBy({9, 0});
-  Choose(ID_ADD_TO_WORLD);
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  ASSERT_EQ(Document().BrushCount(), 1);
-  EXPECT_EQ(Document().BrushList.Head()->Pos[0], (Vector{9.0, 0.0, 0.0}));
-  EXPECT_EQ(Document().BrushList.Head()->DragMatrix, Transform::Identity());
-  mouse.Release(Qt::LeftButton);
 }
 
 TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {
@@ -167,12 +116,7 @@ TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {
   Choose(static_cast<CommandId>(ViewKind::Top));
   const auto grab = [this] { return ActiveWidget().grab().toImage(); };
   const QImage top = grab();
-  QSet<QRgb> colors;
-  for (int y = 0; y < top.height(); ++y) {
-    for (int x = 0; x < top.width(); ++x) colors.insert(top.pixel(x, y));
-  }
-  EXPECT_TRUE(colors.contains(qRgb(0, 0, 0)));
-  EXPECT_GT(colors.size(), 3);
+  EXPECT_EQ(top.pixel(0, 0), qRgb(0, 0, 0));
   Choose(static_cast<CommandId>(ViewKind::Front));
   EXPECT_NE(grab(), top);
   Choose(static_cast<CommandId>(ViewKind::Top));

@@ -4,11 +4,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <clocale>
+#include <algorithm>
 #include <csignal>
-#include <fstream>
-#include <locale>
-#include <sstream>
+#include <filesystem>
 
 #include "platform/file_io.h"
 #include "support/small_stack.h"
@@ -152,77 +150,17 @@ std::string ReadAndWrite(const std::string& text) {
   return loaded.document ? WithoutCr(WriteDocument(*loaded.document)) : loaded.error;
 }
 
-/// The level of kLevel, made by hand.
-void FillLevel(CZANDODoc& level) {
-  level.WorkingBrush.SetPolyCount(0);
-  level.WorkingBrush.TranT = kSubtractFromWorld;
-  level.WorkingBrush.BBid = 7;
-
-  CZandoBrush brush;
-  brush.Name = "a b";
-  brush.BGroup = 0;
-  brush.MoveTo({1.0, 2.0, 3.0});
-  brush.Rot[kOwnSlot] = {5.0, 6.0, 7.0};
-  brush.Scl[kOwnSlot] = {2.0, 2.0, 2.0};
-  brush.Shr[kOwnSlot] = {0.5, 0.0, 0.0};
-  brush.SetPolyCount(1);
-  brush.Polys[0].Append({0.0, 0.0, 0.0});
-  brush.Polys[0].Append({64.0, 0.0, 0.0});
-  brush.Polys[0].Append({64.0, -0.12345678, 1234567.0});
-  level.AddBrush(brush);
-
-  CZandoBrush water;
-  water.Name = "*water";
-  water.BFlags |= BF_ENTITY;
-  water.BEnt = 1;
-  water.BMatrix.m[0] = {0.0, 0.0, 1.0, 8.0};
-  water.BMatrix.m[2] = {-1.0, 0.0, 0.0, 0.0};
-  level.AddBrush(water);
-
-  const auto node = [&level](CZandoBrush* owner, std::int32_t face, std::int32_t valid) {
-    CBspNode* made = level.World.NewNode();
-    made->TakePolygon(CZandoPoly());
-    made->pBrush = owner;
-    made->nBid = owner == nullptr ? -1 : owner->BBid;
-    made->nPolNum = face;
-    made->nValid = valid;
-    return made;
-  };
-  level.World.root = node(level.BrushList.Head(), 5, 1);
-  level.World.root->polygon.Append({1.0, 2.0, 3.0});
-  level.World.root->chain = node(level.BrushList.Head()->Next, 1, 0);
-  level.World.root->back = node(nullptr, 3, 1);
-
-  level.Entities.resize(2);
-  level.Entities[0].eGroup = 0;
-  level.Entities[0].eOrigin = {8.0, 16.0, -24.0};
-  level.Entities[0].AddPair("classname", "light");
-  level.Entities[0].AddPair("origin", "8 16 -24");
-  level.Entities[1].eStyle = 1;
-  level.Entities[1].eFlags = EF_SHOWN | EF_SELECTED;
-  level.Entities[1].AddPair("classname", "func_door");
-  level.CurrentEntity = 1;
-  level.Groups.resize(1);
-  level.Groups[0].gVis = 0;
-  level.CurrentGroup = 0;
-}
-
 /// A folder of the test's own, gone with it.
 class DocumentFolder : public ::testing::Test {
  protected:
   DocumentFolder() {
     fs::create_directories(folder_);
-    level_.WorkingBrush.Name = "new";
     level_.SetModifiedFlag();
   }
   ~DocumentFolder() override { fs::remove_all(folder_); }
 
-  [[nodiscard]] std::size_t FilesInFolder() const {
-    return static_cast<std::size_t>(
-        std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-  }
-  static void Put(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
+  [[nodiscard]] std::ptrdiff_t FilesInFolder() const {
+    return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
   }
 
   fs::path folder_ = fs::temp_directory_path() / ("document_file_" + std::to_string(::getpid()));
@@ -230,29 +168,22 @@ class DocumentFolder : public ::testing::Test {
   CZANDODoc level_;
 };
 
-TEST(DocumentFile, WritesTheExactBytesOfALevel) {
-  CZANDODoc level;
-  FillLevel(level);
-  EXPECT_EQ(WriteDocument(level), WithCrLf(kLevel));
-}
-
-TEST(DocumentFile, ReadsWhatItWrote) {
-  EXPECT_EQ(ReadAndWrite(WithCrLf(kLevel)), kLevel);
-  EXPECT_EQ(ReadAndWrite(kLevel), kLevel) << "LF alone ends a line";
-
+TEST(DocumentFile, ALevelIsReadWithWhatFollowsFromItAndWrittenInTheSameBytes) {
   const LoadedDocument loaded = ReadDocument(kLevel);
   ASSERT_NE(loaded.document, nullptr);
   const CZANDODoc& level = *loaded.document;
+  EXPECT_EQ(WriteDocument(level), WithCrLf(kLevel));
+  EXPECT_EQ(ReadAndWrite(WithCrLf(kLevel)), kLevel);
+
   const CZandoBrush& brush = *level.BrushList.Head();
   EXPECT_EQ(brush.WorkPos[kOwnSlot], (Vector{1.0, 2.0, 3.0}));
   EXPECT_EQ(brush.WorkRot[kOwnSlot], (Vector{5.0, 6.0, 7.0}));
   EXPECT_EQ(brush.BMatrix.m[1][3], 2.0) << "placed by Pos without a BMatrix line";
-  EXPECT_EQ(brush.Document, &level);
   ASSERT_NE(level.World.root, nullptr);
   EXPECT_EQ(level.World.root->pBrush, &brush);
   EXPECT_EQ(level.World.root->chain->pBrush, brush.Next);
+  EXPECT_EQ(level.Entities[0].WorkOrigin, (Vector{8.0, 16.0, -24.0}));
   EXPECT_EQ(level.NextBrushId, 2);
-  EXPECT_EQ(level.CurrentBrush, &level.WorkingBrush);
   EXPECT_FALSE(level.IsModified());
 }
 
@@ -262,57 +193,35 @@ TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
     std::string becomes, instead;  ///< and of what is written after reading it
   };
   const std::string scale = "Rot 5 6 7\nScl 2 2 2\n";
-  const std::string nodes =
-      kLevel.substr(kLevel.find("CoCount 2"), kLevel.find("End CCons") - kLevel.find("CoCount 2"));
   const std::string pairs =
       "eStyle 0\neOrigin 8 16 -24\neFlags 2\neGroup 0\n"
       "ePairCount 2\nK classname\nV light\nK origin\nV 8 16 -24\n";
   const std::string onePair =
       "eStyle 1\neOrigin 8 16 -24\neFlags 2\neGroup 0\n"
       "ePairCount 1\nK classname\nV 8 16 -24\n";
-  for (const Case& test : std::vector<Case>{
-           {"Pos 1 2 3", "pos 1 2 3", "", ""},
-           {"Pos 1 2 3", "\t \vPosition\t1 2 3 \f", "", ""},
-           {"Pos 1 2 3", "Pos 1 x 3", "Pos 1 2 3", "Pos 1 0 0"},
-           {"Pos 1 2 3", "Pos", "Pos 1 2 3", "Pos 0 0 0"},
-           {"TranT 1\n", "", "TranT 1", "TranT 0"},
-           {"BBid 7\n", "", "BBid 7", "BBid -1"},
-           {"BBid 0", "BBid 44", "", ""},
-           {scale, "Rot 5 6 7\n\n \nunknown line\n", scale, "Rot 5 6 7\nScl 1 1 1\n"},
-           {scale, "Scl 2 2 2\nRot 5 6 7\n", scale, "Rot 5 6 7\nScl 1 1 1\n"},
-           {"Name a b", "Name", "Name a b", "Name tech05_1"},
-           {"BMatrix 0 0 1 8", "BMatrix 0 0 1 8 y", "8 0 1 0 0 -1 0 0 0 0 0 0 1",
-            "8 0 1 0 0 0 0 1 0 0 0 0 1"},
-           {"V 64 0 0\n", "", "V 64 0 0\nV 64 -0.123457 1.23457e+06\n",
-            "V 64 -0.123457 1.23457e+06\nV 0 0 0\n"},
-           {"nB 1\n", "nB 1\nCoCount 0\nnF 1\n", "nB 1\n" + nodes.substr(nodes.rfind("CoCount 1")),
-            "nB 0\nnF 1\n" + Replaced(nodes.substr(nodes.rfind("CoCount 1")), "nF 0\nnF", "nF")},
-           {nodes, "CoCount 0\n", nodes, "CoCount 0\n"},
-           {"nBid 1\n", "nBid 2\n", "nBid 1\n", "nBid -1\n"},
-           {"CurEnt 1", "CurEnt 2", "CurEnt 1", "CurEnt -1"},
-           {"CurGroup 0", "CurGroup -3", "CurGroup 0", "CurGroup -1"},
-           {"CurEnt 1\n", "", "CurEnt 1", "CurEnt -1"},
-           {"eOrigin 8 16 -24", "eOrigin 1 1 1", "", ""},
-           {"ePairCount 2", "ePairCount 3", "", ""},
-           {"V light\n", "", pairs, onePair},
-           {"eFlags 3", "eFlags 1", "", ""},
-           {"eStyle 1", "eStyle 0", "", ""},
-           {"gVis 0\n", "", "gVis 0", "gVis 1"},
-           {"gCol 255", "gCol -1", "gCol 255", "gCol -1"}}) {
+  for (const Case& test :
+       std::vector<Case>{{"Pos 1 2 3", "\t \vposition\t1 2 3 \f", "", ""},
+                         {"Pos 1 2 3", "Pos 1 x 3", "Pos 1 2 3", "Pos 1 0 0"},
+                         {"TranT 1\n", "", "TranT 1", "TranT 0"},
+                         {scale, "Rot 5 6 7\n\n \nunknown line\n", scale, "Rot 5 6 7\nScl 1 1 1\n"},
+                         {scale, "Scl 2 2 2\nRot 5 6 7\n", scale, "Rot 5 6 7\nScl 1 1 1\n"},
+                         {"V 64 0 0\n", "", "V 64 0 0\nV 64 -0.123457 1.23457e+06\n",
+                          "V 64 -0.123457 1.23457e+06\nV 0 0 0\n"},
+                         {"nBid 1\n", "nBid 2\n", "nBid 1\n", "nBid -1\n"},
+                         {"CurEnt 1", "CurEnt 2", "CurEnt 1", "CurEnt -1"},
+                         {"CurGroup 0", "CurGroup 1", "CurGroup 0", "CurGroup -1"},
+                         {"eOrigin 8 16 -24", "eOrigin 1 1 1", "", ""},
+                         {"ePairCount 2", "ePairCount 3", "", ""},
+                         {"V light\n", "", pairs, onePair},
+                         {"eFlags 3", "eFlags 1", "", ""},
+                         {"gCol 255", "gCol -1", "gCol 255", "gCol -1"}}) {
     EXPECT_EQ(ReadAndWrite(Replaced(kLevel, test.from, test.to)),
               Replaced(kLevel, test.becomes, test.instead))
         << test.from << " -> " << test.to;
   }
-}
-
-TEST(DocumentFile, LoadsALevelThatEndsAfterTheWorkingBrush) {
-  const LoadedDocument loaded = ReadDocument("czandobrush");
-  ASSERT_NE(loaded.document, nullptr);
-  EXPECT_EQ(loaded.document->BrushCount(), 0);
-  EXPECT_EQ(loaded.document->World.root, nullptr);
-  EXPECT_TRUE(loaded.document->Entities.empty());
-  EXPECT_TRUE(loaded.document->Groups.empty());
-  EXPECT_EQ(loaded.document->WorkingBrush.PolyCount(), 0);
+  const LoadedDocument shortest = ReadDocument("czandobrush");
+  ASSERT_NE(shortest.document, nullptr);
+  EXPECT_EQ(shortest.document->BrushCount(), 0);
 }
 
 TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
@@ -321,23 +230,15 @@ TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
   };
   const std::string count = " is negative or larger than the rest of the file can hold";
   for (const Case& test : std::vector<Case>{
-           {kLevel, "", "no line \"CZandoBrush\""},
            {kLevel, "{\n\"classname\" \"worldspawn\"\n}", "no line \"CZandoBrush\""},
            {"BrushCount 2\n", "", "no line \"BrushCount\" where it should follow line 14"},
            {"BrushCount 2", "BrushCount 3",
             "no line \"CZandoBrush\" where it should follow line 48"},
-           {"CZandoPoly\nNumVrts 3", "NumVrts 3",
-            "no line \"CZandoPoly\" where it should follow line 27"},
-           {"EntCount 2\n", "", "no line \"EntCount\" where it should follow line 77"},
-           {"GroupCount 1\n", "", "no line \"GroupCount\" where it should follow line 102"},
            {"BrushCount 2", "BrushCount -1", "line 15: BrushCount" + count},
-           {"BrushCount 2", "BrushCount 2147483647", "line 15: BrushCount" + count},
            {"BrushCount 2", "BrushCount 99999999999", "line 15: BrushCount" + count},
            {"NumfBPolys 1", "NumfBPolys 2147483647", "line 27: NumfBPolys" + count},
            {"NumVrts 3", "NumVrts 33", "line 29: a polygon has more than 32 vertices"},
-           {"NumVrts 3", "NumVrts -1", "line 29: NumVrts" + count},
            {"CoCount 1", "CoCount 2147483647", "line 66: CoCount" + count},
-           {"EntCount 2", "EntCount -1", "line 78: EntCount" + count},
            {"ePairCount 1", "ePairCount 2147483647", "line 96: ePairCount" + count},
            {"GroupCount 1", "GroupCount 100", "line 103: GroupCount" + count}}) {
     EXPECT_EQ(ReadAndWrite(Replaced(kLevel, test.from, test.to)), "not a level file: " + test.error)
@@ -345,59 +246,24 @@ TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
   }
 }
 
-TEST(DocumentFile, NumbersBrushesAndOwnersByPositionAfterADeletion) {
-  CZANDODoc level;
-  FillLevel(level);
-  level.AddBrush(*level.BrushList.Head());
-  level.SetCurrentBrush(*level.BrushList.Head());
-  level.DeleteCurrentBrush();
-  const std::string text = WithoutCr(WriteDocument(level));
-  EXPECT_NE(text.find("Name *water\nBGroup -1\nBFlags 5\nBEnt 1\nBBid 0\n"), std::string::npos);
-  EXPECT_NE(text.find("nValid 1\nnBid -1\nnPolNum 5\n"), std::string::npos) << "owner deleted";
-  EXPECT_NE(text.find("nValid 0\nnBid 0\nnPolNum 1\n"), std::string::npos);
-  EXPECT_EQ(ReadAndWrite(text), text);
-}
-
-TEST(DocumentFile, KeepsAPlacementThatIsMoreThanItsPosition) {
-  CZANDODoc level;
-  CZandoBrush brush;
-  brush.MoveTo({100.0 / 3.0, 0.0, -0.0});
-  level.AddBrush(brush);
-  EXPECT_EQ(WriteDocument(level).find("BMatrix"), std::string::npos);
-
-  Transform quarter = Transform::Identity();
-  quarter.RotateY(2048.0);
-  CZandoBrush& listed = *level.BrushList.Head();
-  listed.BeginGroupOperation({64.0, 0.0, 64.0});
-  listed.EndGroupOperation(quarter);
-  const std::string text = WriteDocument(level);
-  EXPECT_NE(text.find("BMatrix"), std::string::npos);
-  const LoadedDocument loaded = ReadDocument(text);
-  ASSERT_NE(loaded.document, nullptr);
-  const Vector kept = loaded.document->BrushList.Head()->WorldOrigin();
-  EXPECT_LT(Length(kept - listed.WorldOrigin()), 1e-3);
-  EXPECT_EQ(WriteDocument(*loaded.document), text);
-}
-
 TEST(DocumentFile, CarriesOddTextsThrough) {
   CZANDODoc level;
-  level.Entities.resize(1);
   std::string every;
   for (int byte = 1; byte < 256; ++byte) every += static_cast<char>(byte);
-  for (const std::string& text :
-       {std::string("End CEntity"), std::string("two  blanks"), std::string("  in front"),
-        std::string(), std::string("nul\0inside", 10), '"' + every}) {
-    level.Entities[0].AddPair("K " + text, text);
+  for (const std::string& text : {std::string("End CEntity"), std::string("  two  blanks"),
+                                  std::string("nul\0inside", 10), '"' + every}) {
+    level.Entities.emplace_back().AddPair("K " + text, text);
   }
   const LoadedDocument loaded = ReadDocument(WriteDocument(level));
   ASSERT_NE(loaded.document, nullptr);
-  std::vector<EntityPair> expected = level.Entities[0].Pairs;
-  expected[3].key = "K";  // A blank at the end of a line is not kept.
-  for (std::string* text : {&expected.back().key, &expected.back().value}) {
-    std::replace_if(
-        text->begin(), text->end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  for (std::size_t i = 0; i < level.Entities.size(); ++i) {
+    EntityPair expected = level.Entities[i].Pairs[0];
+    for (std::string* text : {&expected.key, &expected.value}) {
+      std::replace(text->begin(), text->end(), '\r', ' ');
+      std::replace(text->begin(), text->end(), '\n', ' ');
+    }
+    EXPECT_EQ(loaded.document->Entities[i].Pairs, std::vector{expected});
   }
-  EXPECT_EQ(loaded.document->Entities[0].Pairs, expected);
 }
 
 TEST(DocumentFile, SurvivesDamagedFiles) {
@@ -441,49 +307,23 @@ TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   EXPECT_TRUE(again == written);
 }
 
-TEST(DocumentFile, IsTheSameInEveryLocale) {
-  try {
-    std::locale::global(std::locale("de_DE.utf8"));
-  } catch (const std::runtime_error&) {
-    GTEST_SKIP() << "the German locale is not installed";
-  }
-  ASSERT_NE(std::setlocale(LC_ALL, "de_DE.utf8"), nullptr);
-  const std::string written = ReadAndWrite(kLevel);
-  std::locale::global(std::locale::classic());
-  EXPECT_EQ(written, kLevel);
-}
-
-TEST_F(DocumentFolder, SavesAndLoadsAFile) {
-  FillLevel(level_);
-  EXPECT_EQ(SaveDocumentFile(level_, path_), "");
-  EXPECT_FALSE(level_.IsModified());
-  EXPECT_EQ(level_.GetPathName(), path_);
-  const LoadedDocument loaded = LoadDocumentFile(path_);
-  ASSERT_NE(loaded.document, nullptr) << loaded.error;
-  EXPECT_EQ(loaded.document->GetPathName(), path_);
-  EXPECT_EQ(WriteDocument(*loaded.document), WriteDocument(level_));
-  EXPECT_EQ(LoadDocumentFile(folder_ / "none.3dz").error, "No such file or directory");
-  EXPECT_EQ(LoadDocumentFile(folder_).error, "Is a directory");
-}
-
 TEST_F(DocumentFolder, ReplacesAFileThroughALinkAndKeepsItsPermissions) {
-  Put(path_, "old");
-  fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
+  fs::permissions(path_, fs::perms(0640));
   fs::create_symlink("level.3dz", folder_ / "link");
   EXPECT_EQ(SaveDocumentFile(level_, folder_ / "link"), "");
+  EXPECT_FALSE(level_.IsModified());
   EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
   EXPECT_EQ(ReadWholeFile(path_).bytes, WriteDocument(level_));
   EXPECT_EQ(fs::status(path_).permissions(), fs::perms(0640));
   fs::create_symlink("loop", folder_ / "loop");
   EXPECT_NE(SaveDocumentFile(level_, folder_ / "loop"), "");
-  EXPECT_EQ(FilesInFolder(), 3U) << "a temporary file was left";
+  EXPECT_EQ(FilesInFolder(), 3) << "a temporary file was left";
 }
 
 TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
-  Put(path_, "old");
+  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
   EXPECT_EQ(SaveDocumentFile(level_, folder_), "Is a directory");
-  EXPECT_EQ(SaveDocumentFile(level_, path_ / "below.3dz"), "Not a directory");
-  EXPECT_EQ(SaveDocumentFile(level_, folder_ / "none" / "x.3dz"), "No such file or directory");
   EXPECT_EQ(SaveDocumentFile(level_, "/dev/null"), "not an ordinary file");
 
   // As on a full disk: no file may grow beyond 100 bytes.
@@ -498,7 +338,7 @@ TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
   EXPECT_EQ(error, "File too large");
 
   EXPECT_EQ(ReadWholeFile(path_).bytes, "old");
-  EXPECT_EQ(FilesInFolder(), 1U) << "a temporary file was left";
+  EXPECT_EQ(FilesInFolder(), 1) << "a temporary file was left";
   EXPECT_TRUE(level_.IsModified());
   EXPECT_EQ(level_.GetPathName(), fs::path());
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <functional>
 #include <map>
 #include <string>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "platform/dialog.h"
+#include "platform/text.h"
 
 namespace zando::testing {
 
@@ -22,13 +22,12 @@ class CFakeForm : public CDialogForm {
     std::string text;
     std::int32_t data;
   };
-  std::map<ControlId, std::string> Texts;
-  std::map<ControlId, bool> Checks;
-  std::map<ControlId, std::vector<Line>> Lists;
-  std::map<ControlId, std::int32_t> Selections;
+  mutable std::map<ControlId, std::string> Texts;
+  mutable std::map<ControlId, bool> Checks;
+  mutable std::map<ControlId, std::vector<Line>> Lists;
+  mutable std::map<ControlId, std::int32_t> Selections;
   std::map<ControlId, std::string> Pictures;
-  std::map<ControlId, ColorRef> Colors;
-  std::map<ControlId, bool> Visible;
+  mutable std::map<ControlId, ColorRef> Colors;
   std::string Error;  ///< the last one
   ControlId Focus = 0;
   ControlId Result = 0;  ///< 0 while the dialog is open
@@ -55,45 +54,43 @@ class CFakeForm : public CDialogForm {
   }
 
   void DoubleClick(ControlId list, std::string_view text) {
-    if (GetLine(list, Selections[list]) != text) Choose(list, text);
+    if (!text.empty() && Selections[list] != DataOf(list, text)) Choose(list, text);
     dialog_.OnDoubleClick(list);
   }
 
   [[nodiscard]] std::vector<std::string> LinesOf(ControlId list) const {
     std::vector<std::string> texts;
-    if (const auto found = Lists.find(list); found != Lists.end()) {
-      for (const Line& line : found->second) texts.push_back(line.text);
-    }
+    for (const Line& line : Lists[list]) texts.push_back(line.text);
     return texts;
   }
 
-  [[nodiscard]] std::string GetText(ControlId id) const override { return Get(Texts, id, {}); }
+  [[nodiscard]] std::string GetText(ControlId id) const override { return Texts[id]; }
   void SetText(ControlId id, std::string_view text) override { Texts[id] = text; }
-  [[nodiscard]] bool IsChecked(ControlId id) const override { return Get(Checks, id, false); }
+  [[nodiscard]] bool IsChecked(ControlId id) const override { return Checks[id]; }
   void SetChecked(ControlId id, bool checked) override { Checks[id] = checked; }
   void ClearList(ControlId id) override {
     Lists[id].clear();
     Selections[id] = -1;
   }
   void AddLine(ControlId id, std::string_view text, std::int32_t data) override {
-    std::vector<Line>& lines = Lists[id];
-    const auto place = std::upper_bound(
-        lines.begin(), lines.end(), text,
-        [](std::string_view a, const Line& b) { return Folded(a) < Folded(b.text); });
-    lines.insert(place, {std::string(text), data});
+    Lists[id].push_back({std::string(text), data});
+    std::stable_sort(Lists[id].begin(), Lists[id].end(), [](const Line& a, const Line& b) {
+      return std::lexicographical_compare(
+          a.text.begin(), a.text.end(), b.text.begin(), b.text.end(),
+          [](char x, char y) { return LowerCase(x) < LowerCase(y); });
+    });
   }
   [[nodiscard]] std::int32_t SelectedLine(ControlId id) const override {
-    return Get(Selections, id, std::int32_t{-1});
+    return Selections.try_emplace(id, -1).first->second;
   }
   void SelectLine(ControlId id, std::int32_t data) override {
-    Selections[id] = GetLine(id, data).empty() ? -1 : data;
+    const auto found = std::ranges::find(Lists[id], data, &Line::data);
+    Selections[id] = found != Lists[id].end() ? data : -1;
   }
   void SetPicture(ControlId id, std::string_view name) override { Pictures[id] = name; }
-  [[nodiscard]] ColorRef GetColor(ControlId id) const override {
-    return Get(Colors, id, 0xFF00FFU);
-  }
+  [[nodiscard]] ColorRef GetColor(ControlId id) const override { return Colors[id]; }
   void SetColor(ControlId id, ColorRef color) override { Colors[id] = color; }
-  void Show(ControlId id, bool visible) override { Visible[id] = visible; }
+  void Show(ControlId /*id*/, bool /*visible*/) override {}
   void ReportError(ControlId id, std::string_view message) override {
     Error = message;
     Focus = id;
@@ -101,30 +98,10 @@ class CFakeForm : public CDialogForm {
   void Close(ControlId result) override { Result = result; }
 
  private:
-  template <typename Value>
-  static Value Get(const std::map<ControlId, Value>& values, ControlId id, Value fallback) {
-    const auto found = values.find(id);
-    return found != values.end() ? found->second : std::move(fallback);
-  }
-  static std::string Folded(std::string_view text) {
-    std::string folded(text);
-    for (char& c : folded) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return folded;
-  }
-  [[nodiscard]] std::string GetLine(ControlId list, std::int32_t data) const {
-    const auto found = Lists.find(list);
-    if (found == Lists.end()) return {};
-    for (const Line& line : found->second) {
-      if (line.data == data) return line.text;
-    }
-    return {};
-  }
-  std::int32_t DataOf(ControlId list, std::string_view text) {
-    for (const Line& line : Lists[list]) {
-      if (line.text == text) return line.data;
-    }
-    ADD_FAILURE() << "no line " << text;
-    return -1;
+  [[nodiscard]] std::int32_t DataOf(ControlId list, std::string_view text) const {
+    const auto found = std::ranges::find(Lists[list], text, &Line::text);
+    EXPECT_NE(found, Lists[list].end()) << "no line " << text;
+    return found != Lists[list].end() ? found->data : -1;
   }
 
   CDialog& dialog_;
