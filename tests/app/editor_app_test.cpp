@@ -333,7 +333,7 @@ TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
   }
 }
 
-TEST_F(EditorApp, ALevelThatIsBeingDraggedAsksWhenItCloses) {
+TEST_F(EditorApp, WhatIsBeingDraggedCountsForCommandsAndWhenItCloses) {
   app->Run(ID_TOOL_MOVE_ROTATE_BRUSH);
   const auto drag = [&] {
     window.Editing(0).OnButtonDown(CZANDOView::MouseButton::Left, {.left = true}, {});
@@ -342,9 +342,13 @@ TEST_F(EditorApp, ALevelThatIsBeingDraggedAsksWhenItCloses) {
     Active().SetModifiedFlag(false);
   };
   drag();
+  app->Run(ID_ADD_TO_WORLD);
+  EXPECT_EQ(Active().BrushList.Brushes().back()->Pos[0].x, 9.0);
+  EXPECT_EQ(desktop.CursorHidden, 0);
+  drag();
   desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel};
   EXPECT_FALSE(window.UserCloses(*window.ActiveView()));
-  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 9.0);
+  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 18.0);
   drag();
   EXPECT_FALSE(app->MayExit());
 }
