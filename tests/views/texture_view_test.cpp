@@ -34,9 +34,12 @@ class TextureView : public ::testing::Test {
   /// An archive with textures "t0", "t1" and so on in a window that is so wide.
   void Show(const Sizes& sizes, std::int32_t width) {
     std::vector<testing::Lump> lumps;
-    for (const auto& [columns, rows] : sizes) {
+    for (const ScreenPoint& size : sizes) {
+      const auto columns = static_cast<std::uint32_t>(size.x);
+      const auto rows = static_cast<std::uint32_t>(size.y);
       const std::string name = "t" + std::to_string(lumps.size());
-      lumps.push_back({testing::MipHead(name, columns, rows) + std::string(columns * rows, '\1')});
+      lumps.push_back(
+          {testing::MipHead(name, columns, rows) + std::string(std::size_t{columns} * rows, '\1')});
     }
     ASSERT_TRUE(document.Textures.LoadBytes(testing::Archive(lumps)));
     view.OnSize(width);
