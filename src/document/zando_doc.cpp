@@ -92,6 +92,8 @@ void CZANDODoc::StepCurrentBrush(ListStep step) {
 void CZANDODoc::CopyToCurrent() {
   if (BrushPicked == 0) return;
   WorkingBrush = *CurrentBrush;
+  // The picked one may be hidden by now; no filter would ever show the working brush again.
+  SetBit(WorkingBrush.BFlags, BF_SHOWN, true);
   SetCurrentBrush(WorkingBrush);
 }
 

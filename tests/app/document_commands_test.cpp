@@ -138,9 +138,11 @@ TEST(DocumentCommands, StepsThroughTheListStayAtItsEnds) {
     EXPECT_EQ(bench.level.CurrentBrush, current);
   }
   first->MoveTo({1, 2, 3});
+  bench.commands.OnCommand(ID_SHOW_VISIBLE_GROUPS);
   bench.commands.OnCommand(ID_COPY_TO_CURRENT);
   EXPECT_EQ(bench.level.CurrentBrush, &bench.level.WorkingBrush);
   EXPECT_EQ(bench.level.WorkingBrush.Pos[kOwnSlot], (Vector{1, 2, 3}));
+  EXPECT_TRUE(bench.level.WorkingBrush.IsShown()) << "no filter could bring it back";
 }
 
 TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
