@@ -29,9 +29,12 @@ CZANDODoc* CEditorApp::FindByPath(const std::filesystem::path& path) const {
   return found == documents_.end() ? nullptr : found->get();
 }
 
-std::string CEditorApp::NameOf(const CZANDODoc& document) {
+std::string CEditorApp::NameOf(const CZANDODoc& document) const {
   const auto& path = document.GetPathName();
-  return path.empty() ? LevelOf(document).untitledName : FileNameText(path);
+  if (!path.empty()) return FileNameText(path);
+  // While a level is being closed, the windows it still has ask for a title.
+  const auto level = levels_.find(&document);
+  return level == levels_.end() ? std::string() : level->second.untitledName;
 }
 
 void CEditorApp::NewDocument() {

@@ -77,7 +77,7 @@ class CEditorApp : public CFrameDisplay {
 
   /// What a level is called in titles and questions: its file's name, or the one that a level
   /// without a file was given.
-  [[nodiscard]] std::string NameOf(const CZANDODoc& document);
+  [[nodiscard]] std::string NameOf(const CZANDODoc& document) const;
 
   /// A line of the group combo box was chosen.
   void SelectGroup(std::int32_t group);

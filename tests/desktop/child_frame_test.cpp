@@ -41,7 +41,7 @@ TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   EXPECT_TRUE(window_.close());
 }
 
-TEST_F(LevelTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
+TEST_F(LevelTest, FourViewsMinimizesTheOldOnesShowsFourInOrderAndAllCloseTogether) {
   Choose(ID_WINDOW_NEW);
   Choose(ID_FOUR_VIEWS);
   const std::vector<CChildFrame*> frames = Frames();
@@ -57,6 +57,8 @@ TEST_F(LevelTest, FourViewsMinimizesTheOldOnesAndShowsFourInOrder) {
   EXPECT_EQ(kindAt(3, {30, -60}), ViewKind::Top);
   EXPECT_EQ(kindAt(4, {-30, 30}), ViewKind::Front);
   EXPECT_EQ(kindAt(5, {30, 30}), ViewKind::Solid);
+  Choose(ID_FILE_CLOSE);
+  EXPECT_TRUE(app_.Documents().empty());
 }
 
 TEST_F(LevelTest, CommandsGoToTheWindowThatWasActivatedLast) {
