@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 #include "cli/level_info.h"
 #include "cli/png_image.h"
@@ -26,6 +27,14 @@ std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
   LoadedDocument loaded = LoadDocumentFile(path);
   if (!loaded.document) throw CCommandFailure(path, loaded.error);
   return std::move(loaded.document);
+}
+
+/// A slip in the output's name must not cost what was read, which is of another kind.
+void RefuseInput(const fs::path& input, const fs::path& output) {
+  std::error_code missing;
+  if (fs::equivalent(input, output, missing)) {
+    throw CCommandFailure(output, "is the file to read, and is not overwritten");
+  }
 }
 
 void Save(CZANDODoc& document, const fs::path& path) {
@@ -88,6 +97,7 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
 
 void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
                  std::ostream& out) {
+  RefuseInput(input, output);
   const std::unique_ptr<CZANDODoc> document = Load(input);
   MapExportReport report;
   const std::string error = ExportMap(*document, output, wad, &report);
@@ -109,6 +119,7 @@ void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& ou
 
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
                    std::ostream& out) {
+  RefuseInput(script, output);
   const FileContents text = ReadWholeFile(script);
   if (!text.bytes) throw CCommandFailure(script, text.error);
   const std::unique_ptr<CZANDODoc> document =
@@ -126,6 +137,7 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
 
 void RenderLevel(const fs::path& input, const fs::path& output, const PictureRequest& request,
                  std::ostream& out) {
+  RefuseInput(input, output);
   // Polygons get their flat colours as they are loaded; the same level gives the same picture.
   SeedColorTags(1);
   const std::unique_ptr<CZANDODoc> document = Load(input);

@@ -30,6 +30,16 @@ void SetBit(std::int32_t& flags, std::int32_t bit, bool on) {
   flags = on ? flags | bit : flags & ~bit;
 }
 
+/// The entity at this index is gone, and later ones have moved down.
+void ForgetEntity(CZandoBrush& brush, std::int32_t index) {
+  if (!brush.BelongsToEntity()) return;
+  if (brush.BEnt == index) {
+    SetBit(brush.BFlags, BF_ENTITY, false);
+  } else if (brush.BEnt > index) {
+    --brush.BEnt;
+  }
+}
+
 }  // namespace
 
 CZANDODoc::CZANDODoc() {
@@ -129,14 +139,9 @@ bool CZANDODoc::AnySelected() const {
 void CZANDODoc::DeleteEntity(std::int32_t index) {
   if (!IsEntity(index)) return;
   Entities.erase(Entities.begin() + index);
-  for (const auto& brush : BrushList.Brushes()) {
-    if (!brush->BelongsToEntity()) continue;
-    if (brush->BEnt == index) {
-      SetBit(brush->BFlags, BF_ENTITY, false);
-    } else if (brush->BEnt > index) {
-      --brush->BEnt;
-    }
-  }
+  for (const auto& brush : BrushList.Brushes()) ForgetEntity(*brush, index);
+  // As a copy of an entity's brush it belongs to that entity too.
+  ForgetEntity(WorkingBrush, index);
   if (CurrentEntity == index) {
     CurrentEntity = -1;
   } else if (CurrentEntity > index) {

@@ -137,6 +137,8 @@ TEST(Document, BrushesAndTheCurrentEntityFollowWhenAnEntityIsDeleted) {
     brush.BEnt = owner;
     brush.BFlags |= BF_ENTITY;
   }
+  level.SetCurrentBrush(*level.BrushList.Brushes().back());
+  level.CopyToCurrent();
   level.DeleteEntity(2);
   level.DeleteEntity(9);
   EXPECT_EQ(level.Entities.size(), 4U);
@@ -147,8 +149,10 @@ TEST(Document, BrushesAndTheCurrentEntityFollowWhenAnEntityIsDeleted) {
   EXPECT_FALSE(brushes[1]->BelongsToEntity());
   EXPECT_TRUE(brushes[1]->IsShown());
   EXPECT_EQ(brushes[2]->BEnt, 3);
+  EXPECT_EQ(level.WorkingBrush.BEnt, 3);
   level.DeleteEntity(3);
   EXPECT_EQ(level.CurrentEntity, -1);
+  EXPECT_FALSE(level.WorkingBrush.BelongsToEntity());
 }
 
 TEST(Document, IdsAreNeverUsedAgainAndTheOrderSurvivesDeletes) {
