@@ -57,12 +57,6 @@ class CConstructiveBsp {
 template <typename Visitor>
 void WalkBackFrontNode(CBspNode* root, Visitor&& visit);
 
-/// Visits the nodes that face the eye, nearest first: the front subtree, the node, the back
-/// subtree; nodes seen from behind or edge-on are passed over. The visitor gets the node (whose
-/// chain it draws) and returns whether to stop.
-template <typename Visitor>
-void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit);
-
 /// Where a walk has yet to go.
 struct WalkStep {
   const CBspNode* node;
@@ -74,7 +68,10 @@ using CWalkStack = std::vector<WalkStep>;
 /// where they face the eye, themselves.
 void ExpandSteps(CWalkStack& stack, const Vector& eye);
 
-/// The same with a stack that the caller keeps from walk to walk.
+/// Visits the nodes that face the eye, nearest first: the front subtree, the node, the back
+/// subtree; nodes seen from behind or edge-on are passed over. The visitor gets the node (whose
+/// chain it draws) and returns whether to stop. The caller keeps the stack from walk to walk, for
+/// its memory.
 template <typename Visitor>
 void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack, Visitor&& visit);
 

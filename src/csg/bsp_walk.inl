@@ -40,10 +40,4 @@ void WalkFrontToBack(const CBspNode* root, const Vector& eye, CWalkStack& stack,
   }
 }
 
-template <typename Visitor>
-void WalkFrontToBack(const CBspNode* root, const Vector& eye, Visitor&& visit) {
-  CWalkStack stack;
-  WalkFrontToBack(root, eye, stack, visit);
-}
-
 }  // namespace zando

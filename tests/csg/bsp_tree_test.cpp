@@ -66,7 +66,8 @@ TEST(BspTree, TheWalkVisitsWhatFacesTheEyeNearestFirst) {
   for (const auto& [eye, heights] : cases) {
     for (std::size_t limit = 1; limit <= heights.size(); ++limit) {
       std::vector<std::int32_t> seen;
-      WalkFrontToBack(tree.root, {1.0, 2.0, eye}, [&](const CBspNode* node) {
+      CWalkStack stack;
+      WalkFrontToBack(tree.root, {1.0, 2.0, eye}, stack, [&](const CBspNode* node) {
         seen.push_back(node->nPolNum);
         return seen.size() == limit;
       });
@@ -95,7 +96,8 @@ TEST(BspTree, AHundredThousandNodesDeepIsBuiltClippedLinkedWalkedAndCleared) {
       EXPECT_GE(world.coplanar, 49);  // the box cuts its shape out of the squares that it meets
       world.LinkBrushes(box.get());
       int seen = 0;
-      WalkFrontToBack(world.root, {0.0, 0.0, 2.0 * kNodes}, [&seen](const CBspNode*) {
+      CWalkStack stack;
+      WalkFrontToBack(world.root, {0.0, 0.0, 2.0 * kNodes}, stack, [&seen](const CBspNode*) {
         ++seen;
         return false;
       });
