@@ -124,8 +124,7 @@ void CheckPicture(const PictureRequest& picture) {
   } else if (picture.zoom) {
     throw CLI::ValidationError("--zoom", "is for top, side and front only");
   }
-  const bool hasColors = picture.kind == ViewKind::Solid || picture.kind == ViewKind::Texture;
-  if (picture.palette && !hasColors) {
+  if (picture.palette && !ShowsSurfaces(picture.kind)) {
     throw CLI::ValidationError("--palette", "is for solid and texture only");
   }
 }

@@ -1,10 +1,10 @@
 #include "cli/subcommands.h"
 
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <system_error>
 
+#include "cli/input_files.h"
 #include "cli/level_info.h"
 #include "cli/png_image.h"
 #include "cli/script.h"
@@ -29,7 +29,7 @@ std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
   return std::move(loaded.document);
 }
 
-/// A slip in the output's name must not cost what was read, which is of another kind.
+/// A slip in the name of a map, a picture or a level must not cost what it is made from.
 void RefuseInput(const fs::path& input, const fs::path& output) {
   std::error_code missing;
   if (fs::equivalent(input, output, missing)) {
@@ -41,15 +41,6 @@ void Save(CZANDODoc& document, const fs::path& path) {
   const std::string error = SaveDocumentFile(document, path);
   if (!error.empty()) throw CCommandFailure(path, error);
 }
-
-Palette ReadPalette(const std::optional<fs::path>& path) {
-  if (!path) return BuiltInPalette();
-  const FileContents file = ReadWholeFile(*path);
-  if (!file.bytes) throw CCommandFailure(*path, file.error);
-  return WithEntries(BuiltInPalette(), *file.bytes);
-}
-
-bool IsSolid(ViewKind kind) { return kind == ViewKind::Solid || kind == ViewKind::Texture; }
 
 /// The world's polygons under the entities, as a solid or texture view shows them.
 void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Palette& palette) {
@@ -120,12 +111,11 @@ void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& ou
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
                    std::ostream& out) {
   RefuseInput(script, output);
-  const FileContents text = ReadWholeFile(script);
-  if (!text.bytes) throw CCommandFailure(script, text.error);
+  const std::string text = ReadInput(script);
   const std::unique_ptr<CZANDODoc> document =
       level.empty() ? std::make_unique<CZANDODoc>() : Load(level);
 
-  const ScriptResult result = RunScript(*document, *text.bytes, script.string());
+  const ScriptResult result = RunScript(*document, text, script.string());
   if (!result.error.empty()) throw CCommandFailure(result.error);
   for (const PendingFile& file : result.files) {
     const std::string error = WriteFileAtomically(file.path, file.bytes);
@@ -141,7 +131,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   // Polygons get their flat colours as they are loaded; the same level gives the same picture.
   SeedColorTags(1);
   const std::unique_ptr<CZANDODoc> document = Load(input);
-  const Palette palette = ReadPalette(request.palette);
+  const Palette palette = ReadPalette(request.palette, {});
   document->RefreshColors();
   CCamera camera;
   const double zoom = FrameLevel(*document, request, camera);
@@ -149,7 +139,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     const ViewDrawing drawing{dc, camera, request.kind, zoom, {request.width, request.height}};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
-    if (IsSolid(request.kind)) {
+    if (ShowsSurfaces(request.kind)) {
       DrawWorld(drawing, *document, palette);
     } else {
       DrawBrushes(drawing, *document);

@@ -6,9 +6,9 @@
 #include <set>
 #include <string_view>
 #include <system_error>
-#include <utility>
 #include <vector>
 
+#include "cli/input_files.h"
 #include "cli/png_image.h"
 #include "cli/subcommands.h"
 #include "platform/file_io.h"
@@ -20,30 +20,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Contents(const fs::path& path) {
-  FileContents file = ReadWholeFile(path);
-  if (!file.bytes) throw CCommandFailure(path, file.error);
-  return std::move(*file.bytes);
-}
-
 CWad2 ReadArchive(const TextureRequest& request) {
   CWad2 archive;
-  const bool read = archive.LoadBytes(Contents(request.archive));
+  const bool read = archive.LoadBytes(ReadInput(request.archive));
   if (!read) throw CCommandFailure(request.archive, archive.Complaints().front());
   for (const std::string& complaint : archive.Complaints()) {
     request.warn(request.archive.string() + ": " + complaint);
   }
   return archive;
-}
-
-Palette ReadPalette(const TextureRequest& request) {
-  if (!request.palette) return BuiltInPalette();
-  const std::string bytes = Contents(*request.palette);
-  if (bytes.size() < kPaletteBytes) {
-    request.warn(request.palette->string() + ": holds " + std::to_string(bytes.size()) + " of " +
-                 std::to_string(kPaletteBytes) + " bytes; the other colours are the built-in ones");
-  }
-  return WithEntries(BuiltInPalette(), bytes);
 }
 
 std::string Counted(std::size_t textures) {
@@ -108,7 +92,8 @@ void MakeFolder(const fs::path& folder) {
 }  // namespace
 
 void ListTextures(const TextureRequest& request, std::ostream& out) {
-  static_cast<void>(ReadPalette(request));  // a palette that cannot be read is an error here too
+  static_cast<void>(ReadPalette(
+      request.palette, request.warn));  // a palette that cannot be read is an error here too
   const CWad2 archive = ReadArchive(request);
   for (std::size_t i = 0; i < archive.Textures().size(); ++i) {
     const Texture& texture = archive.Textures()[i];
@@ -119,7 +104,7 @@ void ListTextures(const TextureRequest& request, std::ostream& out) {
 }
 
 void WriteTextures(const TextureRequest& request, const fs::path& folder, std::ostream& out) {
-  const Palette palette = ReadPalette(request);
+  const Palette palette = ReadPalette(request.palette, request.warn);
   const CWad2 archive = ReadArchive(request);
   MakeFolder(folder);
   CFileNames names;

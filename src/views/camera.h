@@ -25,6 +25,11 @@ enum class ViewKind : std::int32_t {
   return kind == ViewKind::Top || kind == ViewKind::Side || kind == ViewKind::Front;
 }
 
+/// Whether the world's polygons are drawn with hidden surfaces removed, over the whole view.
+[[nodiscard]] constexpr bool ShowsSurfaces(ViewKind kind) {
+  return kind == ViewKind::Solid || kind == ViewKind::Texture;
+}
+
 /// Pitch stays within a quarter turn up and down.
 inline constexpr double kMaxPitch = 2048.0;
 

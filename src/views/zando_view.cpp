@@ -94,9 +94,7 @@ void CZANDOView::OnSize(std::int32_t width, std::int32_t height) {
   renderer_.SetViewport(camera_.Width(), camera_.Height(), *colors_);
 }
 
-bool CZANDOView::ErasesBackground() const {
-  return kind_ != ViewKind::Solid && kind_ != ViewKind::Texture;
-}
+bool CZANDOView::ErasesBackground() const { return !ShowsSurfaces(kind_); }
 
 void CZANDOView::OnDraw(CDC& dc) {
   dc.ResetClip();
