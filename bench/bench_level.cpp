@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "csg/csg_world.h"
-#include "primitives/create_box_dlg.h"
+#include "primitives/box.h"
 #include "support/random_level.h"
 
 namespace zando::bench {
@@ -22,7 +22,7 @@ std::int32_t SideOfLevel(Kind kind, std::int32_t count) {
   return static_cast<std::int32_t>(sideOfOne * std::cbrt(static_cast<double>(count)));
 }
 
-Vector CentreOnGrid(CRandom& random, const CCreateBoxDlg& box, std::int32_t side) {
+Vector CentreOnGrid(CRandom& random, const BoxParameters& box, std::int32_t side) {
   const auto corner = [&] { return static_cast<double>(random.Between(0, side / kGrid) * kGrid); };
   const double x = corner() + box.TopXSize / 2.0;
   const double y = corner() + box.YSize / 2.0;
@@ -32,7 +32,7 @@ Vector CentreOnGrid(CRandom& random, const CCreateBoxDlg& box, std::int32_t side
 /// Faces of boxes lie on the grid, as they do when a level is built by hand.
 void ShapeOnGrid(CZandoBrush& brush, CRandom& random, std::int32_t side) {
   const auto size = [&random] { return static_cast<double>(random.Between(4, 16) * kGrid); };
-  CCreateBoxDlg box;
+  BoxParameters box;
   box.YSize = size();
   box.BottomXSize = box.TopXSize = size();
   box.BottomZSize = box.TopZSize = size();
@@ -40,14 +40,14 @@ void ShapeOnGrid(CZandoBrush& brush, CRandom& random, std::int32_t side) {
     box.TopXSize = box.BottomXSize / 2.0;
     box.TopZSize = box.BottomZSize / 2.0;
   }
-  box.Generate(brush);
+  Generate(box, brush);
   if (random.Percent(10)) brush.Rot[kOwnSlot].x = random.Between(1, 7) * kEighthTurn;
   brush.MoveTo(CentreOnGrid(random, box, side));
 }
 
 void ShapeFreely(CZandoBrush& brush, CRandom& random, std::int32_t side) {
   const auto size = [&random] { return static_cast<double>(random.Between(64, 256)); };
-  CCreateBoxDlg box;
+  BoxParameters box;
   box.YSize = size();
   box.BottomXSize = box.TopXSize = size();
   box.BottomZSize = box.TopZSize = size();
@@ -55,7 +55,7 @@ void ShapeFreely(CZandoBrush& brush, CRandom& random, std::int32_t side) {
     box.BottomXSize += 64.0;
     box.BottomZSize += 32.0;
   }
-  box.Generate(brush);
+  Generate(box, brush);
   if (random.Percent(20)) {
     const double yaw = random.Between(0, 8191);
     brush.Rot[kOwnSlot] = {yaw, static_cast<double>(random.Between(0, 1023)), 0.0};

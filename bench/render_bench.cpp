@@ -6,7 +6,7 @@
 
 #include "bench_level.h"
 #include "document/zando_doc.h"
-#include "platform/qt/painter_dc.h"
+#include "paint/painter_dc.h"
 #include "views/camera.h"
 #include "views/wireframe.h"
 

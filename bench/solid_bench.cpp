@@ -12,7 +12,7 @@
 
 #include "bench_level.h"
 #include "document/zando_doc.h"
-#include "platform/qt/painter_dc.h"
+#include "paint/painter_dc.h"
 #include "support/depth_buffer.h"
 #include "views/camera.h"
 #include "views/solid_renderer.h"

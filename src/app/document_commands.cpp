@@ -5,12 +5,13 @@
 #include <filesystem>
 #include <string>
 
-#include "app/app_text.h"
 #include "app/command_table.h"
 #include "csg/csg_world.h"
+#include "dialogs/create_box_dlg.h"
+#include "dialogs/group_attributes_dlg.h"
 #include "document/command_ids.h"
-#include "entities/group_attributes_dlg.h"
 #include "formats/map_writer.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -25,9 +26,13 @@ struct Workplace {
 };
 
 void CreateCube(const Workplace& at) {
-  at.document.SetModifiedFlag();
-  at.document.BoxDialog.Run(*at.document.CurrentBrush, at.desktop);
-  at.document.CurrentBrush->ComputeFacePoints();
+  CZANDODoc& document = at.document;
+  if (const auto box = CCreateBoxDlg(document.LastBox).Run(at.desktop)) {
+    document.LastBox = *box;
+    Generate(*box, *document.CurrentBrush);
+    document.SetModifiedFlag();
+  }
+  document.CurrentBrush->ComputeFacePoints();
   at.Redraw();
 }
 

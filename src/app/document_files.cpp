@@ -4,9 +4,9 @@
 #include <system_error>
 #include <utility>
 
-#include "app/app_text.h"
 #include "app/editor_app.h"
 #include "document/document_file.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {

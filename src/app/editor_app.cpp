@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "app/app_text.h"
 #include "app/frame_commands.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {

@@ -10,15 +10,14 @@ namespace {
 /// The parameters of a line start from the defaults, whatever an earlier line set.
 void Box(CScriptContext& context, CScriptArguments& arguments) {
   auto keywords = arguments.Keywords();
-  CCreateBoxDlg& box = context.document.BoxDialog;
-  box.SetDefaults();
+  BoxParameters box;
   box.BottomXSize = keywords.PositiveNumber("x", box.BottomXSize);
   box.YSize = keywords.PositiveNumber("y", box.YSize);
   box.BottomZSize = keywords.PositiveNumber("z", box.BottomZSize);
   box.TopXSize = keywords.PositiveNumber("top_x", box.BottomXSize);
   box.TopZSize = keywords.PositiveNumber("top_z", box.BottomZSize);
   const bool hollow = keywords.Choice("style", {"solid", "hollow"}) == 1;
-  box.Style = hollow ? CCreateBoxDlg::kHollow : CCreateBoxDlg::kSolid;
+  box.Style = hollow ? BoxParameters::kHollow : BoxParameters::kSolid;
   box.WallThickness = keywords.PositiveNumber("wall", box.WallThickness);
   keywords.Finish();
 
@@ -27,7 +26,7 @@ void Box(CScriptContext& context, CScriptArguments& arguments) {
   if (hollow && box.WallThickness * 2.0 >= smallest) {
     throw CScriptError("the walls leave no room in the box");
   }
-  box.Generate(context.CurrentBrush());
+  Generate(box, context.CurrentBrush());
   context.CurrentBrush().ComputeFacePoints();
   context.Changed();
 }

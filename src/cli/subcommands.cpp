@@ -6,11 +6,11 @@
 
 #include "cli/input_files.h"
 #include "cli/level_info.h"
-#include "cli/png_image.h"
 #include "cli/script.h"
 #include "csg/bsp_node.h"
 #include "document/document_file.h"
 #include "formats/map_writer.h"
+#include "paint/png_image.h"
 #include "platform/file_io.h"
 #include "platform/text.h"
 #include "textures/palette.h"

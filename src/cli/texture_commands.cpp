@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "cli/input_files.h"
-#include "cli/png_image.h"
 #include "cli/subcommands.h"
+#include "paint/png_image.h"
 #include "platform/file_io.h"
 #include "platform/text.h"
 #include "textures/wad2.h"

@@ -43,7 +43,7 @@ void ForgetEntity(CZandoBrush& brush, std::int32_t index) {
 }  // namespace
 
 CZANDODoc::CZANDODoc() {
-  BoxDialog.Generate(WorkingBrush);
+  Generate(LastBox, WorkingBrush);
   WorkingBrush.ComputeFacePoints();
 }
 

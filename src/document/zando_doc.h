@@ -11,7 +11,7 @@
 #include "geometry/brush.h"
 #include "platform/document.h"
 #include "platform/frame_display.h"
-#include "primitives/create_box_dlg.h"
+#include "primitives/box.h"
 #include "textures/wad2.h"
 
 namespace zando {
@@ -45,7 +45,7 @@ class CZANDODoc : public CDocument {
   std::int32_t UseRotationSnap = 1;
   double RotationSnap = 341.3333333333333;  ///< rotation units: 15 degrees
   CConstructiveBsp World;
-  CCreateBoxDlg BoxDialog;
+  BoxParameters LastBox;  ///< the values last used
   std::int32_t NextBrushId = 0;
   CEntList Entities;
   std::int32_t CurrentEntity = -1;

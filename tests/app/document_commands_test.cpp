@@ -150,7 +150,7 @@ TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   bench.Prepare();
   const CZandoBrush& picked = *bench.level.CurrentBrush;
   const Vector corner = picked.Polys[0][0];
-  bench.level.BoxDialog.YSize = 32;
+  bench.level.LastBox.YSize = 32;
   bench.Answer(IDCANCEL);
   bench.commands.OnCommand(ID_CUBE);
   EXPECT_EQ(picked.Polys[0][0], corner);

@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "cli/cli_fixture.h"
-#include "platform/qt/painter_dc.h"
+#include "paint/painter_dc.h"
 
 namespace zando {
 namespace {

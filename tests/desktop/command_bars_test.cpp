@@ -14,9 +14,9 @@
 
 #include "app/command_table.h"
 #include "desktop/editor_fixture.h"
-#include "platform/qt/qt_text.h"
-#include "platform/qt/recent_files.h"
-#include "platform/qt/tiling.h"
+#include "desktop/qt_text.h"
+#include "desktop/recent_files.h"
+#include "desktop/tiling.h"
 
 namespace zando::testing {
 namespace {

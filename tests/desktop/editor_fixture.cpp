@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/qt_text.h"
 #include "platform/file_io.h"
-#include "platform/qt/qt_text.h"
 
 namespace zando::testing {
 namespace {

@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "app/editor_app.h"
-#include "platform/qt/child_frame.h"
-#include "platform/qt/main_window.h"
-#include "platform/qt/qt_desktop.h"
-#include "platform/qt/view_widget.h"
+#include "desktop/child_frame.h"
+#include "desktop/qt_desktop.h"
+#include "desktop/qt_main_window.h"
+#include "desktop/view_widget.h"
 
 namespace zando::testing {
 

@@ -8,7 +8,7 @@
 #include <QUrl>
 
 #include "desktop/editor_fixture.h"
-#include "platform/qt/qt_text.h"
+#include "desktop/qt_text.h"
 
 namespace zando::testing {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/qt/qt_form.h"
+#include "desktop/qt_form.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/splash_wnd.h"
+#include "desktop/splash_wnd.h"
 
 namespace zando {
 namespace {

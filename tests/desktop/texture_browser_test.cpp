@@ -7,8 +7,8 @@
 #include <QWheelEvent>
 
 #include "desktop/editor_fixture.h"
+#include "desktop/texture_widget.h"
 #include "platform/file_io.h"
-#include "platform/qt/texture_widget.h"
 #include "support/made_up_wad.h"
 
 namespace zando::testing {

@@ -1,0 +1,108 @@
+#include "dialogs/group_attributes_dlg.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace zando {
+namespace {
+
+constexpr ControlId kName = 1001;
+constexpr ControlId kGroups = 1064;
+constexpr ControlId kColor = 1065;
+constexpr ControlId kVisible = 1066;
+constexpr ControlId kBrushes = 1067;
+
+std::string LineOf(const CBGroup& group) {
+  return group.gName + (group.gVis != 0 ? " [X]" : " [ ]");
+}
+
+}  // namespace
+
+std::int32_t CGroupAttributesDlg::Run(std::vector<CBGroup>& groups, std::int32_t current,
+                                      CZandoBrush* firstBrush, CDesktop& desktop) {
+  groups_ = &groups;
+  selected_ = current;
+  firstBrush_ = firstBrush;
+  desktop_ = &desktop;
+  desktop.DoModal(*this);
+  return selected_;
+}
+
+CBGroup* CGroupAttributesDlg::Selected() {
+  const auto index = static_cast<std::size_t>(selected_);
+  return selected_ >= 0 && index < groups_->size() ? &(*groups_)[index] : nullptr;
+}
+
+void CGroupAttributesDlg::FillGroups() {
+  Form().ClearList(kGroups);
+  std::int32_t index = 0;
+  for (const CBGroup& group : *groups_) Form().AddLine(kGroups, LineOf(group), index++);
+  Form().SelectLine(kGroups, selected_);
+  selected_ = Form().SelectedLine(kGroups);
+  FillFields();
+}
+
+void CGroupAttributesDlg::FillFields() {
+  const CBGroup* group = Selected();
+  if (group == nullptr) return;
+  Form().SetText(kName, group->gName);
+  Form().SetChecked(kVisible, group->gVis != 0);
+  Form().SetColor(kColor, group->gCol);
+  Form().ClearList(kBrushes);
+  std::int32_t position = 0;
+  for (const CZandoBrush* brush = firstBrush_; brush != nullptr; brush = brush->Next, ++position) {
+    if (brush->BGroup == selected_) Form().AddLine(kBrushes, brush->Name, position);
+  }
+}
+
+/// A level file holds no blanks at the end of a name, and an empty one would read back as the name
+/// of a new group.
+bool CGroupAttributesDlg::ApplyFields() {
+  CBGroup* group = Selected();
+  if (group == nullptr) return true;
+  std::string name = Form().GetText(kName);
+  name.resize(name.find_last_not_of(" \t") + 1);
+  if (name.empty()) {
+    Form().ReportError(kName, "Please enter a name for the group.");
+    return false;
+  }
+  group->gName = std::move(name);
+  group->gVis = Form().IsChecked(kVisible) ? 1 : 0;
+  group->gCol = Form().GetColor(kColor);
+  return true;
+}
+
+void CGroupAttributesDlg::OnSelectionChange(ControlId list) {
+  if (list != kGroups) return;
+  const std::int32_t chosen = Form().SelectedLine(kGroups);
+  if (!ApplyFields()) {
+    Form().SelectLine(kGroups, selected_);
+    return;
+  }
+  selected_ = chosen;
+  if (selected_ >= 0) FillGroups();
+}
+
+void CGroupAttributesDlg::OnDoubleClick(ControlId list) {
+  if (list != kGroups) return;
+  Form().SetChecked(kVisible, !Form().IsChecked(kVisible));
+  if (ApplyFields()) {
+    FillGroups();
+  } else {
+    Form().SetChecked(kVisible, !Form().IsChecked(kVisible));
+  }
+}
+
+void CGroupAttributesDlg::OnButton(ControlId id) {
+  if (id != kColor) return;
+  const std::optional<ColorRef> color = desktop_->ChooseColor(Form().GetColor(kColor));
+  if (color) Form().SetColor(kColor, *color);
+}
+
+void CGroupAttributesDlg::OnOK() {
+  if (ApplyFields()) CDialog::OnOK();
+}
+
+}  // namespace zando
