@@ -4,7 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "csg/csg_world.h"
+#include "document/brush_edits.h"
+#include "document/world_edits.h"
 #include "primitives/box.h"
 #include "support/random_level.h"
 
@@ -29,6 +30,12 @@ Vector CentreOnGrid(CRandom& random, const BoxParameters& box, std::int32_t side
   return {x, y, corner() + box.TopZSize / 2.0};
 }
 
+void Turn(CZandoBrush& brush, const Vector& rotation) {
+  Placement own = brush.Own();
+  own.Rot = own.WorkRot = rotation;
+  brush.SetSlot(kOwnSlot, own);
+}
+
 /// Faces of boxes lie on the grid, as they do when a level is built by hand.
 void ShapeOnGrid(CZandoBrush& brush, CRandom& random, std::int32_t side) {
   const auto size = [&random] { return static_cast<double>(random.Between(4, 16) * kGrid); };
@@ -41,7 +48,7 @@ void ShapeOnGrid(CZandoBrush& brush, CRandom& random, std::int32_t side) {
     box.TopZSize = box.BottomZSize / 2.0;
   }
   Generate(box, brush);
-  if (random.Percent(10)) brush.Rot[kOwnSlot].x = random.Between(1, 7) * kEighthTurn;
+  if (random.Percent(10)) Turn(brush, {random.Between(1, 7) * kEighthTurn, 0.0, 0.0});
   brush.MoveTo(CentreOnGrid(random, box, side));
 }
 
@@ -58,7 +65,7 @@ void ShapeFreely(CZandoBrush& brush, CRandom& random, std::int32_t side) {
   Generate(box, brush);
   if (random.Percent(20)) {
     const double yaw = random.Between(0, 8191);
-    brush.Rot[kOwnSlot] = {yaw, static_cast<double>(random.Between(0, 1023)), 0.0};
+    Turn(brush, {yaw, static_cast<double>(random.Between(0, 1023)), 0.0});
   }
   const double x = random.Between(0, side);
   const double y = random.Between(0, side);
@@ -79,7 +86,6 @@ CBrushList MakeLevel(Kind kind, std::int32_t count) {
       ShapeFreely(*brush, random, side);
     }
     brush->ComputeFacePoints();
-    brush->WorkRot = brush->Rot;
     brush->TranT = random.Percent(25) ? kSubtractFromWorld : kAddToWorld;
     brush->BBid = i;
     level.Append(std::move(brush));
@@ -89,19 +95,17 @@ CBrushList MakeLevel(Kind kind, std::int32_t count) {
 
 void FillDocument(CZANDODoc& document, Kind kind, std::int32_t count) {
   const CBrushList level = MakeLevel(kind, count);
-  for (const auto& brush : level.Brushes()) document.AddBrush(*brush);
-  document.World.brushList = document.BrushList.Head();
-  RebuildOptimal(document.World, nullptr, WaterBrushes::Build);
+  const CCompoundChange whole(document);
+  for (const CZandoBrush& brush : level) AddBrush(document, brush);
+  RebuildWorld(document, RebuildKind::Optimal, WaterBrushes::Build, nullptr);
 }
 
 double MeanNeighbours(const CBrushList& level) {
-  const auto& brushes = level.Brushes();
-  for (const auto& brush : brushes) brush->UpdateWorld();
   std::int64_t pairs = 0;
-  for (std::size_t i = 0; i < brushes.size(); ++i) {
-    for (std::size_t j = 0; j < i; ++j) pairs += BoundsOverlap(*brushes[i], *brushes[j]) ? 1 : 0;
+  for (std::int32_t i = 0; i < level.BrushCount(); ++i) {
+    for (std::int32_t j = 0; j < i; ++j) pairs += BoundsOverlap(level[i], level[j]) ? 1 : 0;
   }
-  return 2.0 * static_cast<double>(pairs) / static_cast<double>(brushes.size());
+  return 2.0 * static_cast<double>(pairs) / static_cast<double>(level.BrushCount());
 }
 
 }  // namespace zando::bench

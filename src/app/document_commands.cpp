@@ -6,10 +6,14 @@
 #include <string>
 
 #include "app/command_table.h"
-#include "csg/csg_world.h"
 #include "dialogs/create_box_dlg.h"
 #include "dialogs/group_attributes_dlg.h"
+#include "document/brush_edits.h"
 #include "document/command_ids.h"
+#include "document/entity_edits.h"
+#include "document/group_edits.h"
+#include "document/view_edits.h"
+#include "document/world_edits.h"
 #include "formats/map_writer.h"
 #include "platform/text.h"
 
@@ -21,51 +25,27 @@ struct Workplace {
   CZANDODoc& document;
   const CEditorSettings& settings;
   CDesktop& desktop;
-
-  void Redraw() const { document.UpdateAllViews(nullptr); }
 };
 
 void CreateCube(const Workplace& at) {
   CZANDODoc& document = at.document;
-  if (const auto box = CCreateBoxDlg(document.LastBox).Run(at.desktop)) {
-    document.LastBox = *box;
-    Generate(*box, *document.CurrentBrush);
-    document.SetModifiedFlag();
-  }
-  document.CurrentBrush->ComputeFacePoints();
-  at.Redraw();
+  const auto box = CCreateBoxDlg(document.State().LastBox).Run(at.desktop);
+  if (box) GenerateBox(document, *box);
 }
 
 void QuickBsp(const Workplace& at) {
-  at.document.SetModifiedFlag();
-  RebuildQuick(at.document.World, nullptr, WaterBrushes::Skip);
-  at.Redraw();
+  RebuildWorld(at.document, RebuildKind::Quick, WaterBrushes::Skip, nullptr);
 }
 
-void EditGroups(const Workplace& at) {
-  CZANDODoc& document = at.document;
-  CGroupAttributesDlg dialog;
-  document.CurrentGroup =
-      dialog.Run(document.Groups, document.CurrentGroup, document.BrushList.Head(), at.desktop);
-  document.RefreshColors();
-  at.Redraw();
-  document.SetModifiedFlag();
-}
+void EditGroups(const Workplace& at) { CGroupAttributesDlg(at.document, at.desktop).Run(); }
 
 void CreateGroup(const Workplace& at) {
-  at.document.CreateNewGroup();
+  CreateNewGroup(at.document);
   EditGroups(at);
 }
 
-std::string DescribeExport(const MapExportReport& report, const std::string& name) {
-  std::string text = "Wrote " + std::to_string(report.brushes) + " brushes to " + name;
-  const std::int32_t leftOut = report.strayCells + report.thinCells;
-  if (leftOut > 0) text += ", left out " + std::to_string(leftOut) + " stray or empty cells";
-  return text;
-}
-
 void ExportToMap(const Workplace& at) {
-  at.Redraw();
+  at.document.UpdateAllViews(nullptr);
   const FileRequest request{
       .kind = FileRequest::Kind::Save,
       .title = "Export to Quake (MAP)",
@@ -75,63 +55,54 @@ void ExportToMap(const Workplace& at) {
   const auto path = at.desktop.ChooseFile(request);
   if (!path) return;
   MapExportReport report;
-  const std::string error = ExportMap(at.document, *path, at.settings.WadPath.string(), &report);
+  const std::string error =
+      ExportMap(at.document.GetLevel(), *path, at.settings.WadPath.string(), &report);
   at.desktop.SetStatusText(error.empty()
-                               ? DescribeExport(report, FileNameText(*path))
+                               ? FileNameText(*path) + ": " + DescribeExport(report)
                                : "Cannot write " + PathText(*path) + ": " + ToLatin1(error));
 }
 
 template <std::int32_t Tool>
 void SetTool(const Workplace& at) {
-  at.document.ToolMode = Tool;
+  SetTool(at.document, Tool);
 }
 template <std::int32_t Tool>
 bool IsTool(const CZANDODoc& document) {
-  return document.ToolMode == Tool;
+  return document.State().ToolMode == Tool;
 }
 
 template <std::int32_t Filter>
 void SetFilter(const Workplace& at) {
-  at.document.SetShowFilter(Filter);
+  SetShowFilter(at.document, Filter);
 }
 template <std::int32_t Filter>
 bool IsFilter(const CZANDODoc& document) {
-  return document.ShowFilter == Filter;
+  return document.State().ShowFilter == Filter;
 }
 
 /// A step of the document that needs nobody else.
-template <void (CZANDODoc::*Operation)()>
+template <void (*Operation)(CZANDODoc&)>
 void Call(const Workplace& at) {
-  (at.document.*Operation)();
+  Operation(at.document);
 }
 
-template <CZANDODoc::ListStep Step>
+template <ListStep Step>
 void StepBrush(const Workplace& at) {
-  at.document.StepCurrentBrush(Step);
+  StepCurrentBrush(at.document, Step);
 }
 
-void Undo(const Workplace& at) {
-  at.document.CurrentBrush->Undo();
-  at.Redraw();
-}
-void Redo(const Workplace& at) {
-  at.document.CurrentBrush->Redo();
-  at.Redraw();
-}
-
-void ToggleGroupMovement(const Workplace& at) {
-  at.document.GroupMovementMode = at.document.GroupMovementMode == 0 ? 1 : 0;
-}
+/// A brush keeps no history: there is never a step to take.
+void Undo(const Workplace& at) { at.document.UpdateAllViews(nullptr); }
 
 bool CanUndo(const CZANDODoc& /*document*/) { return CZandoBrush::CanUndo(); }
 bool CanRedo(const CZANDODoc& /*document*/) { return CZandoBrush::CanRedo(); }
-bool IsPicked(const CZANDODoc& document) { return document.BrushPicked != 0; }
+bool IsPicked(const CZANDODoc& document) { return document.BrushPicked(); }
 bool HasSelection(const CZANDODoc& document) { return document.AnySelected(); }
-bool HasCurrentEntity(const CZANDODoc& document) { return document.CurrentEntity >= 0; }
-bool UsesGrid(const CZANDODoc& document) { return document.UseGrid != 0; }
-bool ShowsEntities(const CZANDODoc& document) { return document.ShowEntities != 0; }
-bool ShowsBrush(const CZANDODoc& document) { return document.ShowBrush != 0; }
-bool MovesGroups(const CZANDODoc& document) { return document.GroupMovementMode != 0; }
+bool HasCurrentEntity(const CZANDODoc& document) { return document.State().CurrentEntity >= 0; }
+bool UsesGrid(const CZANDODoc& document) { return document.State().UseGrid != 0; }
+bool ShowsEntities(const CZANDODoc& document) { return document.State().ShowEntities != 0; }
+bool ShowsBrush(const CZANDODoc& document) { return document.State().ShowBrush != 0; }
+bool MovesGroups(const CZANDODoc& document) { return document.State().GroupMovementMode != 0; }
 
 using Rule = bool (*)(const CZANDODoc&);
 
@@ -143,28 +114,28 @@ struct DocumentCommand {
 };
 
 constexpr std::array kCommands{
-    DocumentCommand{ID_ADD_TO_WORLD, Call<&CZANDODoc::AddToWorld>},
-    DocumentCommand{ID_SUBTRACT_FROM_WORLD, Call<&CZANDODoc::SubtractFromWorld>},
+    DocumentCommand{ID_ADD_TO_WORLD, Call<AddToWorld>},
+    DocumentCommand{ID_SUBTRACT_FROM_WORLD, Call<SubtractFromWorld>},
     DocumentCommand{ID_CUBE, CreateCube},
     DocumentCommand{ID_EXPORT_MAP, ExportToMap},
-    DocumentCommand{ID_USE_GRID, Call<&CZANDODoc::ToggleUseGrid>, nullptr, UsesGrid},
+    DocumentCommand{ID_USE_GRID, Call<ToggleUseGrid>, nullptr, UsesGrid},
     DocumentCommand{ID_EDIT_UNDO, Undo, CanUndo},
-    DocumentCommand{ID_EDIT_REDO, Redo, CanRedo},
+    DocumentCommand{ID_EDIT_REDO, Undo, CanRedo},
     DocumentCommand{ID_QUICK_BSP, QuickBsp},
-    DocumentCommand{ID_PLACE_LIGHT, Call<&CZANDODoc::PlaceLight>},
-    DocumentCommand{ID_COPY_ENTITY, Call<&CZANDODoc::CopyCurrentEntity>, HasCurrentEntity},
-    DocumentCommand{ID_SHOW_ENTITIES, Call<&CZANDODoc::ToggleShowEntities>, nullptr, ShowsEntities},
+    DocumentCommand{ID_PLACE_LIGHT, Call<PlaceLight>},
+    DocumentCommand{ID_COPY_ENTITY, Call<CopyCurrentEntity>, HasCurrentEntity},
+    DocumentCommand{ID_SHOW_ENTITIES, Call<ToggleShowEntities>, nullptr, ShowsEntities},
     DocumentCommand{ID_SHOW_ALL_BRUSHES, SetFilter<ID_SHOW_ALL_BRUSHES>, nullptr,
                     IsFilter<ID_SHOW_ALL_BRUSHES>},
     DocumentCommand{ID_SHOW_VISIBLE_GROUPS, SetFilter<ID_SHOW_VISIBLE_GROUPS>, nullptr,
                     IsFilter<ID_SHOW_VISIBLE_GROUPS>},
     DocumentCommand{ID_SHOW_CURRENT_GROUP, SetFilter<ID_SHOW_CURRENT_GROUP>, nullptr,
                     IsFilter<ID_SHOW_CURRENT_GROUP>},
-    DocumentCommand{ID_ADD_TO_GROUP, Call<&CZANDODoc::AddSelectedToGroup>, HasSelection},
-    DocumentCommand{ID_REMOVE_FROM_GROUP, Call<&CZANDODoc::RemoveSelectedFromGroup>, HasSelection},
+    DocumentCommand{ID_ADD_TO_GROUP, Call<AddSelectedToGroup>, HasSelection},
+    DocumentCommand{ID_REMOVE_FROM_GROUP, Call<RemoveSelectedFromGroup>, HasSelection},
     DocumentCommand{ID_CREATE_GROUP, CreateGroup, HasSelection},
     DocumentCommand{ID_GROUP_EDITOR, EditGroups},
-    DocumentCommand{ID_GROUP_MOVEMENT, ToggleGroupMovement, nullptr, MovesGroups},
+    DocumentCommand{ID_GROUP_MOVEMENT, Call<ToggleGroupMovement>, nullptr, MovesGroups},
     DocumentCommand{ID_TOOL_CAMERA, SetTool<ID_TOOL_CAMERA>, nullptr, IsTool<ID_TOOL_CAMERA>},
     DocumentCommand{ID_TOOL_MOVE_ROTATE_BRUSH, SetTool<ID_TOOL_MOVE_ROTATE_BRUSH>, nullptr,
                     IsTool<ID_TOOL_MOVE_ROTATE_BRUSH>},
@@ -178,12 +149,12 @@ constexpr std::array kCommands{
                     IsTool<ID_TOOL_SELECT_GROUP>},
     DocumentCommand{ID_TOOL_SELECT_BRUSH, SetTool<ID_TOOL_SELECT_BRUSH>, nullptr,
                     IsTool<ID_TOOL_SELECT_BRUSH>},
-    DocumentCommand{ID_RESET_BRUSH, Call<&CZANDODoc::ResetBrush>},
-    DocumentCommand{ID_SHOW_BRUSH, Call<&CZANDODoc::ToggleShowBrush>, nullptr, ShowsBrush},
-    DocumentCommand{ID_DELETE_BRUSH, Call<&CZANDODoc::DeleteCurrentBrush>, IsPicked},
-    DocumentCommand{ID_NEXT_BRUSH, StepBrush<CZANDODoc::ListStep::Next>, IsPicked},
-    DocumentCommand{ID_PREVIOUS_BRUSH, StepBrush<CZANDODoc::ListStep::Previous>, IsPicked},
-    DocumentCommand{ID_COPY_TO_CURRENT, Call<&CZANDODoc::CopyToCurrent>, IsPicked},
+    DocumentCommand{ID_RESET_BRUSH, Call<ResetBrush>},
+    DocumentCommand{ID_SHOW_BRUSH, Call<ToggleShowBrush>, nullptr, ShowsBrush},
+    DocumentCommand{ID_DELETE_BRUSH, Call<DeleteCurrentBrush>, IsPicked},
+    DocumentCommand{ID_NEXT_BRUSH, StepBrush<ListStep::Next>, IsPicked},
+    DocumentCommand{ID_PREVIOUS_BRUSH, StepBrush<ListStep::Previous>, IsPicked},
+    DocumentCommand{ID_COPY_TO_CURRENT, Call<CopyToCurrent>, IsPicked},
 };
 
 const DocumentCommand* Find(CommandId id) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/frame_commands.h"
+#include "document/group_edits.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -21,8 +22,8 @@ std::int32_t WholeGridSize(double size) {
 }
 
 std::string GridText(const CZANDODoc& document) {
-  return "Gridsize: " + std::to_string(WholeGridSize(document.GridSize)) +
-         (document.UseGrid != 0 ? " Snap On" : " Snap Off");
+  return "Gridsize: " + std::to_string(WholeGridSize(document.State().GridSize)) +
+         (document.State().UseGrid != 0 ? " Snap On" : " Snap Off");
 }
 
 /// What was wrong with an archive of textures in one line, or nothing.
@@ -110,8 +111,7 @@ CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStam
   OpenLevel& level = levels_[&adopted];
   level.commands = std::make_unique<CDocumentCommands>(adopted, settings_, desktop_);
   level.stamp = stamp;
-  adopted.Frame = this;
-  adopted.RefreshColors();
+  adopted.SetFrame(this);
   LoadTextures(adopted);
   OpenView(adopted);
   OnActiveViewChanged();
@@ -119,8 +119,8 @@ CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStam
 }
 
 void CEditorApp::LoadTextures(CZANDODoc& document) {
-  document.Textures.Create(settings_.PalettePath, settings_.WadPath);
-  const std::string complaint = ComplaintText(document.Textures, settings_.WadPath);
+  document.LoadTextures(settings_.PalettePath, settings_.WadPath);
+  const std::string complaint = ComplaintText(document.Textures(), settings_.WadPath);
   if (!complaint.empty()) desktop_.SetStatusText(complaint);
 }
 
@@ -130,8 +130,8 @@ void CEditorApp::OpenView(CZANDODoc& document) {
 
 void CEditorApp::OpenTextureBrowser(CZANDODoc& document) {
   window_.OpenChild(std::make_unique<CTextureView>(document, desktop_));
-  if (document.Textures.TextureCount() > 0) return;
-  const std::string complaint = ComplaintText(document.Textures, settings_.WadPath);
+  if (document.Textures().TextureCount() > 0) return;
+  const std::string complaint = ComplaintText(document.Textures(), settings_.WadPath);
   desktop_.SetStatusText(!complaint.empty() ? complaint
                                             : "No textures: " + PathText(settings_.WadPath) +
                                                   " was not found or holds none");
@@ -204,7 +204,7 @@ void CEditorApp::OnActiveViewChanged() {
 }
 
 void CEditorApp::SelectGroup(std::int32_t group) {
-  if (CZANDODoc* document = ActiveDocument()) document->SetCurrentGroup(group);
+  if (CZANDODoc* document = ActiveDocument()) SetCurrentGroup(*document, group);
 }
 
 void CEditorApp::RefreshGroups() {
@@ -214,10 +214,10 @@ void CEditorApp::RefreshGroups() {
     return;
   }
   std::vector<GroupItem> items{{"No Group", -1}};
-  for (const CBGroup& group : document->Groups) {
+  for (const CBGroup& group : document->GetLevel().Groups) {
     items.push_back({group.gName, static_cast<std::int32_t>(items.size()) - 1});
   }
-  window_.SetGroupItems(items, document->CurrentGroup);
+  window_.SetGroupItems(items, document->State().CurrentGroup);
 }
 
 void CEditorApp::RefreshGrid() {

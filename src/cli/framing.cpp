@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "geometry/bounds.h"
+
 namespace zando {
 namespace {
 
@@ -21,60 +23,44 @@ constexpr double kFarthest = 1000000.0;
 /// From a corner, a little from above.
 constexpr ViewAngles kFromACorner{DegreesToUnits(30.0), DegreesToUnits(-30.0), 0.0};
 
-class CBounds {
- public:
-  void Include(const Vector& point) {
-    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) return;
-    const auto near = [](double value) { return std::clamp(value, -kFarthest, kFarthest); };
-    const Vector p{near(point.x), near(point.y), near(point.z)};
-    if (empty_) low_ = high_ = p;
-    empty_ = false;
-    low_ = {std::min(low_.x, p.x), std::min(low_.y, p.y), std::min(low_.z, p.z)};
-    high_ = {std::max(high_.x, p.x), std::max(high_.y, p.y), std::max(high_.z, p.z)};
+Vector Middle(const Bounds& bounds) {
+  return bounds.IsEmpty() ? Vector{0.0, 0.0, 0.0} : (bounds.low + bounds.high) * 0.5;
+}
+
+/// How far the bounds reach from a point, along each axis.
+Vector ReachFrom(const Bounds& bounds, const Vector& point) {
+  const auto reach = [](double low, double high, double from) {
+    return std::max(std::fabs(low - from), std::fabs(high - from));
+  };
+  return {reach(bounds.low.x, bounds.high.x, point.x), reach(bounds.low.y, bounds.high.y, point.y),
+          reach(bounds.low.z, bounds.high.z, point.z)};
+}
+
+void IncludeNear(Bounds& bounds, const Vector& point) {
+  if (!IsFinite(point)) return;
+  const auto near = [](double value) { return std::clamp(value, -kFarthest, kFarthest); };
+  bounds.Include(Vector{near(point.x), near(point.y), near(point.z)});
+}
+
+Bounds BoundsOfShown(const CZANDODoc& document) {
+  Bounds bounds;
+  for (const CZandoBrush& brush : document.GetLevel().BrushList) {
+    if (!brush.IsShown() || brush.WorldBounds().IsEmpty()) continue;
+    IncludeNear(bounds, brush.WorldBounds().low);
+    IncludeNear(bounds, brush.WorldBounds().high);
   }
-
-  [[nodiscard]] bool IsEmpty() const { return empty_; }
-  [[nodiscard]] Vector Middle() const { return (low_ + high_) * 0.5; }
-  [[nodiscard]] Vector HalfSize() const { return (high_ - low_) * 0.5; }
-
-  /// How far they reach from a point, along each axis.
-  [[nodiscard]] Vector ReachFrom(const Vector& point) const {
-    const auto reach = [](double low, double high, double from) {
-      return std::max(std::fabs(low - from), std::fabs(high - from));
-    };
-    return {reach(low_.x, high_.x, point.x), reach(low_.y, high_.y, point.y),
-            reach(low_.z, high_.z, point.z)};
-  }
-
- private:
-  bool empty_ = true;
-  Vector low_{0.0, 0.0, 0.0};
-  Vector high_{0.0, 0.0, 0.0};
-};
-
-CBounds BoundsOfShown(CZANDODoc& document) {
-  CBounds bounds;
-  for (const auto& brush : document.BrushList.Brushes()) {
-    if (!brush->IsShown()) continue;
-    brush->UpdateWorld();
-    const bool hasVertices = std::any_of(brush->Polys.begin(), brush->Polys.end(),
-                                         [](const auto& polygon) { return polygon.count > 0; });
-    if (!hasVertices) continue;
-    bounds.Include(brush->BoundsMin);
-    bounds.Include(brush->BoundsMax);
-  }
-  if (document.ShowEntities != 0) {
-    for (const CEntity& entity : document.Entities) {
-      if (entity.IsShown() && entity.eStyle == 0) bounds.Include(entity.WorkOrigin);
-    }
+  if (document.State().ShowEntities == 0) return bounds;
+  for (const CEntity& entity : document.GetLevel().Entities) {
+    if (entity.IsShown() && entity.eStyle == 0) IncludeNear(bounds, entity.WorkOrigin);
   }
   return bounds;
 }
 
 /// The zoom at which everything within reach of the middle is in the picture.
 double FittingZoom(const Vector& reach, const PictureRequest& request) {
-  const double across = request.kind == ViewKind::Side ? reach.z : reach.x;
-  const double up = request.kind == ViewKind::Top ? reach.z : reach.y;
+  const ViewAxes& axes = AxesOf(request.kind);
+  const double across = reach.*axes.across;
+  const double up = reach.*axes.up;
   double zoom = kHighestZoom;
   if (across > 0.0) zoom = std::min(zoom, kFill * request.width / (2.0 * across));
   if (up > 0.0) zoom = std::min(zoom, kFill * request.height / (2.0 * up));
@@ -89,11 +75,11 @@ ViewAngles Toward(const Vector& direction) {
 }
 
 /// The place to look from with the camera's angles so that all of the bounds is in the picture.
-Vector EyeOutside(const CBounds& bounds, CCamera& camera) {
+Vector EyeOutside(const Bounds& bounds, CCamera& camera) {
   camera.Position = {0.0, 0.0, 0.0};
   camera.BuildViewMatrix();
   const auto& m = camera.ViewMatrix().m;
-  const Vector half = bounds.HalfSize();
+  const Vector half = (bounds.high - bounds.low) * 0.5;
   const double across = camera.FocalX() / (kFill * 0.5 * camera.Width());
   const double up = camera.FocalX() / (kFill * 0.5 * camera.Height());
   double distance = 0.0;
@@ -106,13 +92,13 @@ Vector EyeOutside(const CBounds& bounds, CCamera& camera) {
     distance = std::max(distance, needed - point.z);
   }
   const Vector forward{m[2][0], m[2][1], m[2][2]};
-  return bounds.Middle() - forward * distance;
+  return Middle(bounds) - forward * distance;
 }
 
-void PlaceEye(const CBounds& bounds, const PictureRequest& request, CCamera& camera) {
+void PlaceEye(const Bounds& bounds, const PictureRequest& request, CCamera& camera) {
   ViewAngles angles = request.angles.value_or(bounds.IsEmpty() ? ViewAngles{} : kFromACorner);
   if (request.at && !request.angles && !bounds.IsEmpty()) {
-    angles = Toward(bounds.Middle() - *request.at);
+    angles = Toward(Middle(bounds) - *request.at);
   }
   camera.Yaw = angles.yaw;
   camera.Pitch = angles.pitch;
@@ -126,13 +112,13 @@ void PlaceEye(const CBounds& bounds, const PictureRequest& request, CCamera& cam
 
 }  // namespace
 
-double FrameLevel(CZANDODoc& document, const PictureRequest& request, CCamera& camera) {
+double FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera) {
   camera.SetViewport(0, 0, request.width, request.height);
-  const CBounds bounds = BoundsOfShown(document);
+  const Bounds bounds = BoundsOfShown(document);
   double zoom = kZoomOfNothing;
   if (IsOrthographic(request.kind)) {
-    camera.Position = request.at.value_or(bounds.Middle());
-    if (!bounds.IsEmpty()) zoom = FittingZoom(bounds.ReachFrom(camera.Position), request);
+    camera.Position = request.at.value_or(Middle(bounds));
+    if (!bounds.IsEmpty()) zoom = FittingZoom(ReachFrom(bounds, camera.Position), request);
     zoom = request.zoom.value_or(zoom);
   } else {
     PlaceEye(bounds, request, camera);

@@ -31,7 +31,7 @@ struct PictureRequest {
 };
 
 /// Puts the camera where the request wants it, ready to draw, and returns the zoom. Only what is
-/// shown of the level has to fit. World polygons of the brushes are brought up to date.
-double FrameLevel(CZANDODoc& document, const PictureRequest& request, CCamera& camera);
+/// shown of the level has to fit.
+double FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera);
 
 }  // namespace zando

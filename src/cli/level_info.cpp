@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace zando {
 namespace {
 
@@ -17,10 +19,6 @@ std::string NumberText(double value) {
 
 std::string VectorText(const Vector& v) {
   return '(' + NumberText(v.x) + ' ' + NumberText(v.y) + ' ' + NumberText(v.z) + ')';
-}
-
-std::string Count(std::int32_t n, std::string_view one, std::string_view many) {
-  return std::to_string(n) + ' ' + std::string(n == 1 ? one : many);
 }
 
 /// The text of a level is 8-bit; what leaves for a terminal or a JSON reader is UTF-8.
@@ -49,7 +47,7 @@ std::string Printable(std::string_view text) {
   return Utf8(plain);
 }
 
-void CountBrush(CZandoBrush& brush, LevelInfo& info) {
+void CountBrush(const CZandoBrush& brush, LevelInfo& info) {
   ++info.brushes;
   ++(brush.TranT == kAddToWorld ? info.solid : info.carving);
   if (brush.IsWater()) ++info.water;
@@ -58,17 +56,10 @@ void CountBrush(CZandoBrush& brush, LevelInfo& info) {
     ++info.groups[static_cast<std::size_t>(brush.BGroup)].brushes;
   }
 
-  brush.UpdateWorld();
-  const bool hasVertices = std::any_of(brush.Polys.begin(), brush.Polys.end(),
-                                       [](const auto& p) { return p.count > 0; });
-  if (!hasVertices) return;
-  if (!info.bounds) info.bounds = LevelInfo::Bounds{brush.BoundsMin, brush.BoundsMax};
-  Vector& low = info.bounds->low;
-  Vector& high = info.bounds->high;
-  low = {std::min(low.x, brush.BoundsMin.x), std::min(low.y, brush.BoundsMin.y),
-         std::min(low.z, brush.BoundsMin.z)};
-  high = {std::max(high.x, brush.BoundsMax.x), std::max(high.y, brush.BoundsMax.y),
-          std::max(high.z, brush.BoundsMax.z)};
+  if (!brush.HasVolume()) ++info.flat;
+  if (brush.WorldBounds().IsEmpty()) return;
+  if (!info.bounds) info.bounds.emplace();
+  info.bounds->Include(brush.WorldBounds());
 }
 
 nlohmann::ordered_json JsonVector(const Vector& v) {
@@ -77,31 +68,29 @@ nlohmann::ordered_json JsonVector(const Vector& v) {
 
 }  // namespace
 
-LevelInfo CollectInfo(CZANDODoc& document) {
+LevelInfo CollectInfo(const Level& level) {
   LevelInfo info;
-  for (const CBGroup& group : document.Groups) {
+  for (const CBGroup& group : level.Groups) {
     info.groups.push_back({group.gName, group.gCol, group.gVis != 0});
   }
-  for (const auto& brush : document.BrushList.Brushes()) CountBrush(*brush, info);
+  for (const CZandoBrush& brush : level.BrushList) CountBrush(brush, info);
 
-  info.entities = static_cast<std::int32_t>(document.Entities.size());
-  for (const CEntity& entity : document.Entities) {
+  info.entities = static_cast<std::int32_t>(level.Entities.size());
+  for (const CEntity& entity : level.Entities) {
     ++info.classes[entity.GetClassname()];
-    if (!document.IsGroup(entity.eGroup)) continue;
+    if (!level.IsGroup(entity.eGroup)) continue;
     ++info.groups[static_cast<std::size_t>(entity.eGroup)].entities;
   }
-
-  CConstructiveBsp& world = document.World;
-  world.CountStats();
-  info.world = {world.nodes, world.coplanar, world.inserted, world.splits, world.visible};
+  info.world = level.World.Count();
   return info;
 }
 
 std::string InfoAsText(const LevelInfo& info) {
-  std::string text = "brushes:  " + std::to_string(info.brushes) + " (" +
-                     std::to_string(info.solid) + " solid, " + std::to_string(info.carving) +
-                     " carving; " + std::to_string(info.water) + " water, " +
-                     std::to_string(info.ofEntities) + " of entities)\n";
+  std::string text =
+      "brushes:  " + std::to_string(info.brushes) + " (" + std::to_string(info.solid) + " solid, " +
+      std::to_string(info.carving) + " carving; " + std::to_string(info.water) + " water, " +
+      std::to_string(info.ofEntities) + " of entities" +
+      (info.flat > 0 ? ", " + std::to_string(info.flat) + " without volume" : "") + ")\n";
   text += "entities: " + std::to_string(info.entities) + '\n';
   for (const auto& [name, count] : info.classes) {
     text += "  " + (name.empty() ? "(no class)" : Printable(name)) + ": " + std::to_string(count) +
@@ -109,11 +98,11 @@ std::string InfoAsText(const LevelInfo& info) {
   }
   text += "groups:   " + std::to_string(info.groups.size()) + '\n';
   for (const LevelInfo::Group& group : info.groups) {
-    text += "  " + Printable(group.name) + ": " + Count(group.brushes, "brush", "brushes") + ", " +
-            Count(group.entities, "entity", "entities") + ", colour " + ColorAsHex(group.color) +
-            (group.visible ? "\n" : ", hidden\n");
+    text += "  " + Printable(group.name) + ": " + Counted(group.brushes, "brush", "brushes") +
+            ", " + Counted(group.entities, "entity", "entities") + ", colour " +
+            ColorAsHex(group.color) + (group.visible ? "\n" : ", hidden\n");
   }
-  text += "world:    " + Count(info.world.nodes, "node", "nodes") + ", " +
+  text += "world:    " + Counted(info.world.nodes, "node", "nodes") + ", " +
           std::to_string(info.world.coplanar) + " coplanar, " +
           std::to_string(info.world.inserted) + " inserted, " + std::to_string(info.world.splits) +
           " splits, " + std::to_string(info.world.visible) + " visible\n";
@@ -125,11 +114,9 @@ std::string InfoAsText(const LevelInfo& info) {
 
 std::string InfoAsJson(const LevelInfo& info) {
   nlohmann::ordered_json json;
-  json["brushes"] = {{"total", info.brushes},
-                     {"solid", info.solid},
-                     {"carving", info.carving},
-                     {"water", info.water},
-                     {"of_entities", info.ofEntities}};
+  json["brushes"] = {{"total", info.brushes},          {"solid", info.solid},
+                     {"carving", info.carving},        {"water", info.water},
+                     {"of_entities", info.ofEntities}, {"without_volume", info.flat}};
   nlohmann::ordered_json classes = nlohmann::ordered_json::object();
   for (const auto& [name, count] : info.classes) classes[Utf8(name)] = count;
   json["entities"] = {{"total", info.entities}, {"classes", classes}};
@@ -156,22 +143,8 @@ std::string InfoAsJson(const LevelInfo& info) {
 
 std::string DescribeWorld(const CConstructiveBsp& world) {
   std::string text =
-      Count(world.nodes, "node", "nodes") + ", " + std::to_string(world.visible) + " visible";
-  if (world.refused > 0) text += ", " + Count(world.refused, "split", "splits") + " refused";
-  return text;
-}
-
-std::string DescribeExport(const MapExportReport& report) {
-  std::string text = Count(report.brushes, "brush", "brushes") + " written";
-  if (report.strayCells > 0) {
-    text += ", " + Count(report.strayCells, "stray cell", "stray cells") + " left out";
-  }
-  if (report.thinCells > 0) {
-    text += ", " + Count(report.thinCells, "thin cell", "thin cells") + " left out";
-  }
-  if (report.refusedSplits > 0) {
-    text += ", " + Count(report.refusedSplits, "split", "splits") + " refused";
-  }
+      Counted(world.nodes, "node", "nodes") + ", " + std::to_string(world.visible) + " visible";
+  if (world.refused > 0) text += ", " + Counted(world.refused, "split", "splits") + " refused";
   return text;
 }
 

@@ -132,9 +132,9 @@ const std::string_view* CScriptArguments::CKeywords::Take(std::string_view key) 
   return nullptr;
 }
 
-double CScriptArguments::CKeywords::PositiveNumber(std::string_view key, double otherwise) {
+double CScriptArguments::CKeywords::Number(std::string_view key, double otherwise) {
   const std::string_view* value = Take(key);
-  return value == nullptr ? otherwise : Positive(ParseScriptNumber(*value), *value);
+  return value == nullptr ? otherwise : ParseScriptNumber(*value);
 }
 
 std::size_t CScriptArguments::CKeywords::Choice(std::string_view key,

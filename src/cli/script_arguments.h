@@ -52,7 +52,7 @@ class CScriptArguments {
   /// The rest of the words: key=value, in any order, each key once.
   class CKeywords {
    public:
-    [[nodiscard]] double PositiveNumber(std::string_view key, double otherwise);
+    [[nodiscard]] double Number(std::string_view key, double otherwise);
     [[nodiscard]] std::size_t Choice(std::string_view key,
                                      std::initializer_list<std::string_view> choices);
 

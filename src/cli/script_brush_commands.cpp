@@ -1,7 +1,8 @@
-#include <algorithm>
 #include <array>
 
 #include "cli/script_commands.h"
+#include "document/brush_edits.h"
+#include "document/selection_edits.h"
 #include "geometry/transform.h"
 
 namespace zando {
@@ -11,53 +12,38 @@ namespace {
 void Box(CScriptContext& context, CScriptArguments& arguments) {
   auto keywords = arguments.Keywords();
   BoxParameters box;
-  box.BottomXSize = keywords.PositiveNumber("x", box.BottomXSize);
-  box.YSize = keywords.PositiveNumber("y", box.YSize);
-  box.BottomZSize = keywords.PositiveNumber("z", box.BottomZSize);
-  box.TopXSize = keywords.PositiveNumber("top_x", box.BottomXSize);
-  box.TopZSize = keywords.PositiveNumber("top_z", box.BottomZSize);
+  box.BottomXSize = keywords.Number("x", box.BottomXSize);
+  box.YSize = keywords.Number("y", box.YSize);
+  box.BottomZSize = keywords.Number("z", box.BottomZSize);
+  box.TopXSize = keywords.Number("top_x", box.BottomXSize);
+  box.TopZSize = keywords.Number("top_z", box.BottomZSize);
   const bool hollow = keywords.Choice("style", {"solid", "hollow"}) == 1;
   box.Style = hollow ? BoxParameters::kHollow : BoxParameters::kSolid;
-  box.WallThickness = keywords.PositiveNumber("wall", box.WallThickness);
+  box.WallThickness = keywords.Number("wall", box.WallThickness);
   keywords.Finish();
-
-  const double smallest =
-      std::min({box.BottomXSize, box.YSize, box.BottomZSize, box.TopXSize, box.TopZSize});
-  if (hollow && box.WallThickness * 2.0 >= smallest) {
-    throw CScriptError("the walls leave no room in the box");
-  }
-  Generate(box, context.CurrentBrush());
-  context.CurrentBrush().ComputeFacePoints();
-  context.Changed();
+  GenerateBox(context.document, box);
 }
 
 void Position(CScriptContext& context, CScriptArguments& arguments) {
-  context.CurrentBrush().MoveTo(arguments.Numbers());
-  context.Changed();
+  PlaceBrush(context.document, arguments.Numbers());
 }
 
 void Rotate(CScriptContext& context, CScriptArguments& arguments) {
   const Vector degrees = arguments.Numbers();
-  CZandoBrush& brush = context.CurrentBrush();
-  brush.Rot[kOwnSlot] = {DegreesToUnits(degrees.x), DegreesToUnits(degrees.y),
-                         DegreesToUnits(degrees.z)};
-  brush.WorkRot[kOwnSlot] = brush.Rot[kOwnSlot];
-  context.Changed();
+  SetBrushRotation(context.document, {DegreesToUnits(degrees.x), DegreesToUnits(degrees.y),
+                                      DegreesToUnits(degrees.z)});
 }
 
 void Scale(CScriptContext& context, CScriptArguments& arguments) {
-  context.CurrentBrush().Scl[kOwnSlot] = arguments.PositiveNumbers();
-  context.Changed();
+  SetBrushScale(context.document, arguments.Numbers());
 }
 
 void Shear(CScriptContext& context, CScriptArguments& arguments) {
-  context.CurrentBrush().Shr[kOwnSlot] = arguments.Numbers();
-  context.Changed();
+  SetBrushShear(context.document, arguments.Numbers());
 }
 
 void Reset(CScriptContext& context, CScriptArguments& /*arguments*/) {
-  context.CurrentBrush().ResetSlot(kOwnSlot);
-  context.Changed();
+  ResetBrush(context.document);
 }
 
 /// A brush's name stands in a .map as the texture of its faces, where a blank would end it.
@@ -66,62 +52,51 @@ void Name(CScriptContext& context, CScriptArguments& arguments) {
   if (name.find_first_of(" \t") != std::string::npos) {
     throw CScriptError("a brush's name cannot hold a blank");
   }
-  context.CurrentBrush().Name = name;
-  context.Changed();
+  SetBrushName(context.document, name);
 }
 
-void Add(CScriptContext& context, CScriptArguments& /*arguments*/) {
-  context.document.AddToWorld();
-}
+void Add(CScriptContext& context, CScriptArguments& /*arguments*/) { AddToWorld(context.document); }
 
 void Subtract(CScriptContext& context, CScriptArguments& /*arguments*/) {
-  context.document.SubtractFromWorld();
+  SubtractFromWorld(context.document);
 }
 
 void Pick(CScriptContext& context, CScriptArguments& arguments) {
   const std::string& word = arguments.Word();
-  CZANDODoc& document = context.document;
-  document.SetCurrentBrush(word == "none" ? document.WorkingBrush : context.Brush(word));
+  SetCurrentBrush(context.document, word == "none" ? kWorkingBrush : context.Brush(word).BBid);
 }
 
 void RequirePicked(const CZANDODoc& document) {
-  if (document.BrushPicked == 0) throw CScriptError("no brush is picked");
+  if (!document.BrushPicked()) throw CScriptError("no brush is picked");
 }
 
 void Delete(CScriptContext& context, CScriptArguments& /*arguments*/) {
   RequirePicked(context.document);
-  context.document.DeleteCurrentBrush();
+  DeleteCurrentBrush(context.document);
 }
 
-void CopyToCurrent(CScriptContext& context, CScriptArguments& /*arguments*/) {
+void Copy(CScriptContext& context, CScriptArguments& /*arguments*/) {
   RequirePicked(context.document);
-  context.document.CopyToCurrent();
-}
-
-void SelectAll(CZANDODoc& document) {
-  for (const auto& brush : document.BrushList.Brushes()) {
-    if (brush->IsShown()) brush->BFlags |= BF_SELECTED;
-  }
-  for (CEntity& entity : document.Entities) {
-    if (entity.IsShown()) entity.eFlags |= EF_SELECTED;
-  }
-}
-
-void SelectNone(CZANDODoc& document) {
-  for (const auto& brush : document.BrushList.Brushes()) brush->BFlags &= ~BF_SELECTED;
-  for (CEntity& entity : document.Entities) entity.eFlags &= ~EF_SELECTED;
+  CopyToCurrent(context.document);
 }
 
 void SelectEntities(CScriptContext& context, CScriptArguments& arguments) {
   do {
     const std::int32_t index = context.CheckedEntity(arguments.WholeNumber());
-    CEntity& entity = context.document.Entities[static_cast<std::size_t>(index)];
+    const CEntity& entity = context.document.GetLevel().Entities[static_cast<std::size_t>(index)];
     if (!entity.IsShown()) throw CScriptError("entity " + std::to_string(index) + " is hidden");
-    entity.eFlags |= EF_SELECTED;
+    SelectEntity(context.document, index, Selection::Select);
   } while (!arguments.IsEmpty());
 }
 
+void SelectBrushes(CScriptContext& context, const std::string& word) {
+  for (const CZandoBrush* brush : context.Brushes(word)) {
+    SelectBrush(context.document, brush->BBid, Selection::Select);
+  }
+}
+
 void Select(CScriptContext& context, CScriptArguments& arguments) {
+  const CCompoundChange whole(context.document);
   const std::string& first = arguments.Word();
   if (first == "all") {
     SelectAll(context.document);
@@ -130,12 +105,9 @@ void Select(CScriptContext& context, CScriptArguments& arguments) {
   } else if (first == "entity") {
     SelectEntities(context, arguments);
   } else {
-    for (CZandoBrush* brush : context.Brushes(first)) brush->BFlags |= BF_SELECTED;
-    while (!arguments.IsEmpty()) {
-      for (CZandoBrush* brush : context.Brushes(arguments.Word())) brush->BFlags |= BF_SELECTED;
-    }
+    SelectBrushes(context, first);
+    while (!arguments.IsEmpty()) SelectBrushes(context, arguments.Word());
   }
-  context.document.UpdateAllViews(nullptr);
 }
 
 constexpr std::array kCommands{
@@ -150,7 +122,7 @@ constexpr std::array kCommands{
     ScriptCommand{"subtract", "subtract", Subtract},
     ScriptCommand{"pick", "pick INDEX|last|NAME|none", Pick},
     ScriptCommand{"delete", "delete", Delete},
-    ScriptCommand{"copy-to-current", "copy-to-current", CopyToCurrent},
+    ScriptCommand{"copy-to-current", "copy-to-current", Copy},
     ScriptCommand{"select", "select all|none|entity INDEX...|BRUSH...", Select},
 };
 

@@ -20,33 +20,34 @@ std::optional<std::int32_t> ParseIndex(std::string_view word) {
 
 }  // namespace
 
-CZandoBrush& CScriptContext::BrushAt(std::int32_t index) {
-  if (index >= document.BrushCount()) {
+const CZandoBrush& CScriptContext::BrushAt(std::int32_t index) const {
+  const CBrushList& list = document.GetLevel().BrushList;
+  if (index >= list.BrushCount()) {
     throw CScriptError("no brush " + std::to_string(index) + ", the level has " +
-                       std::to_string(document.BrushCount()));
+                       std::to_string(list.BrushCount()));
   }
-  CZandoBrush& brush = *document.BrushList.Brushes()[static_cast<std::size_t>(index)];
-  if (!brush.IsShown()) throw CScriptError("brush " + std::to_string(index) + " is hidden");
-  return brush;
+  if (!list[index].IsShown()) throw CScriptError("brush " + std::to_string(index) + " is hidden");
+  return list[index];
 }
 
-std::vector<CZandoBrush*> CScriptContext::ShownBrushesNamed(const std::string& name) const {
-  std::vector<CZandoBrush*> found;
-  for (const auto& brush : document.BrushList.Brushes()) {
-    if (brush->IsShown() && brush->Name == name) found.push_back(brush.get());
+std::vector<const CZandoBrush*> CScriptContext::ShownBrushesNamed(const std::string& name) const {
+  std::vector<const CZandoBrush*> found;
+  for (const CZandoBrush& brush : document.GetLevel().BrushList) {
+    if (brush.IsShown() && brush.Name == name) found.push_back(&brush);
   }
   if (found.empty()) throw CScriptError("no shown brush '" + name + "'");
   return found;
 }
 
-CZandoBrush& CScriptContext::Brush(const std::string& word) {
+const CZandoBrush& CScriptContext::Brush(const std::string& word) const {
   if (const auto index = ParseIndex(word)) return BrushAt(*index);
   if (word != "last") return *ShownBrushesNamed(word).front();
-  if (document.BrushCount() == 0) throw CScriptError("the level has no brushes");
-  return BrushAt(document.BrushCount() - 1);
+  const CBrushList& list = document.GetLevel().BrushList;
+  if (list.IsEmpty()) throw CScriptError("the level has no brushes");
+  return BrushAt(list.BrushCount() - 1);
 }
 
-std::vector<CZandoBrush*> CScriptContext::Brushes(const std::string& word) {
+std::vector<const CZandoBrush*> CScriptContext::Brushes(const std::string& word) const {
   if (word == "last") return {&Brush(word)};
   if (const auto index = ParseIndex(word)) return {&BrushAt(*index)};
 
@@ -56,38 +57,28 @@ std::vector<CZandoBrush*> CScriptContext::Brushes(const std::string& word) {
   const auto last = ParseIndex(std::string_view(word).substr(dots + 2));
   if (!first || !last) return ShownBrushesNamed(word);
   if (*first > *last) throw CScriptError("the range '" + word + "' runs backwards");
-  std::vector<CZandoBrush*> range;
+  std::vector<const CZandoBrush*> range;
   for (std::int32_t index = *first; index <= *last; ++index) range.push_back(&BrushAt(index));
   return range;
 }
 
 std::int32_t CScriptContext::GroupIndex(std::string_view name) const {
-  const auto found = std::find_if(document.Groups.begin(), document.Groups.end(),
-                                  [name](const CBGroup& group) { return group.gName == name; });
-  if (found == document.Groups.end()) {
-    throw CScriptError("unknown group '" + std::string(name) + "'");
-  }
-  return static_cast<std::int32_t>(found - document.Groups.begin());
-}
-
-CBGroup& CScriptContext::Group(std::string_view name) {
-  return document.Groups[static_cast<std::size_t>(GroupIndex(name))];
+  const CGroupList& groups = document.GetLevel().Groups;
+  const auto found = std::ranges::find(groups, name, &CBGroup::gName);
+  if (found == groups.end()) throw CScriptError("unknown group '" + std::string(name) + "'");
+  return static_cast<std::int32_t>(found - groups.begin());
 }
 
 std::int32_t CScriptContext::CheckedEntity(std::int32_t index) const {
-  if (document.IsEntity(index)) return index;
+  if (document.GetLevel().IsEntity(index)) return index;
   throw CScriptError("no entity " + std::to_string(index) + ", the level has " +
-                     std::to_string(document.Entities.size()));
+                     std::to_string(document.GetLevel().Entities.size()));
 }
 
-CEntity& CScriptContext::CurrentEntity() {
-  if (!document.IsEntity(document.CurrentEntity)) throw CScriptError("no entity is current");
-  return document.Entities[static_cast<std::size_t>(document.CurrentEntity)];
-}
-
-void CScriptContext::Changed() {
-  document.UpdateAllViews(nullptr);
-  document.SetModifiedFlag();
+const CEntity& CScriptContext::CurrentEntity() const {
+  const std::int32_t current = document.State().CurrentEntity;
+  if (!document.GetLevel().IsEntity(current)) throw CScriptError("no entity is current");
+  return document.GetLevel().Entities[static_cast<std::size_t>(current)];
 }
 
 const std::string& CheckedText(const std::string& text, std::string_view what) {

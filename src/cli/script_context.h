@@ -21,27 +21,20 @@ class CScriptContext {
 
   /// The listed brush that a word names: its index in the list, `last`, or the first shown brush of
   /// that name. A hidden brush cannot be named.
-  [[nodiscard]] CZandoBrush& Brush(const std::string& word);
+  [[nodiscard]] const CZandoBrush& Brush(const std::string& word) const;
 
   /// As Brush, but every shown brush of the name, and FIRST..LAST for a range of indices.
-  [[nodiscard]] std::vector<CZandoBrush*> Brushes(const std::string& word);
+  [[nodiscard]] std::vector<const CZandoBrush*> Brushes(const std::string& word) const;
 
   [[nodiscard]] std::int32_t GroupIndex(std::string_view name) const;
-  [[nodiscard]] CBGroup& Group(std::string_view name);
 
   /// The index, if there is such an entity.
   [[nodiscard]] std::int32_t CheckedEntity(std::int32_t index) const;
-  [[nodiscard]] CEntity& CurrentEntity();
-
-  /// The brush that placement commands act on.
-  [[nodiscard]] CZandoBrush& CurrentBrush() { return *document.CurrentBrush; }
-
-  /// The level changed under a view's eyes.
-  void Changed();
+  [[nodiscard]] const CEntity& CurrentEntity() const;
 
  private:
-  [[nodiscard]] CZandoBrush& BrushAt(std::int32_t index);
-  [[nodiscard]] std::vector<CZandoBrush*> ShownBrushesNamed(const std::string& name) const;
+  [[nodiscard]] const CZandoBrush& BrushAt(std::int32_t index) const;
+  [[nodiscard]] std::vector<const CZandoBrush*> ShownBrushesNamed(const std::string& name) const;
 };
 
 /// Text that both the level's own file and a .map hold unharmed: no quotes, no blanks at the ends.

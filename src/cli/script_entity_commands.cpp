@@ -2,8 +2,8 @@
 #include <array>
 
 #include "cli/script_commands.h"
+#include "document/entity_edits.h"
 #include "entities/class_defaults.h"
-#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -12,25 +12,20 @@ void New(CScriptContext& context, CScriptArguments& arguments) {
   const std::string& className = arguments.Word();
   const ClassDefaults* defaults = FindClassDefaults(className);
   if (defaults == nullptr) throw CScriptError("unknown class '" + className + "'");
-  context.document.AddEntity(MakeEntity(*defaults));
+  AddEntity(context.document, MakeEntity(*defaults));
 }
 
 void Light(CScriptContext& context, CScriptArguments& /*arguments*/) {
-  context.document.PlaceLight();
+  PlaceLight(context.document);
 }
 
 void Copy(CScriptContext& context, CScriptArguments& /*arguments*/) {
   static_cast<void>(context.CurrentEntity());
-  context.document.CopyCurrentEntity();
-}
-
-bool HasKey(const CEntity& entity, std::string_view key) {
-  return std::any_of(entity.Pairs.begin(), entity.Pairs.end(),
-                     [key](const EntityPair& pair) { return EqualIgnoringCase(pair.key, key); });
+  CopyCurrentEntity(context.document);
 }
 
 void RequireKey(const CEntity& entity, const std::string& key) {
-  if (!HasKey(entity, key)) {
+  if (!entity.HasKey(key)) {
     throw CScriptError(entity.GetClassname() + " has no key '" + key +
                        "' (entity add-key adds it)");
   }
@@ -41,81 +36,63 @@ const std::string& CheckedValue(const std::string& value) {
   return value.empty() ? value : CheckedText(value, "a value");
 }
 
+void SetCurrentKey(CScriptContext& context, const std::string& key, const std::string& value) {
+  SetEntityKey(context.document, context.document.State().CurrentEntity, key, value);
+}
+
 void Set(CScriptContext& context, CScriptArguments& arguments) {
-  CEntity& entity = context.CurrentEntity();
   const std::string& key = arguments.Word();
-  RequireKey(entity, key);
-  entity.SetValue(key, CheckedValue(arguments.Word()));
-  entity.ParseOrigin();
-  context.Changed();
+  RequireKey(context.CurrentEntity(), key);
+  SetCurrentKey(context, key, CheckedValue(arguments.Word()));
 }
 
 void AddKey(CScriptContext& context, CScriptArguments& arguments) {
-  CEntity& entity = context.CurrentEntity();
+  const CEntity& entity = context.CurrentEntity();
   const std::string& key = CheckedText(arguments.Word(), "a key");
-  if (HasKey(entity, key)) throw CScriptError("there is a key '" + key + "' already");
-  entity.AddPair(key, CheckedValue(arguments.Word()));
-  entity.ParseOrigin();
-  context.Changed();
+  if (entity.HasKey(key)) throw CScriptError("there is a key '" + key + "' already");
+  SetCurrentKey(context, key, CheckedValue(arguments.Word()));
 }
 
 void Origin(CScriptContext& context, CScriptArguments& arguments) {
-  CEntity& entity = context.CurrentEntity();
-  RequireKey(entity, "origin");
+  RequireKey(context.CurrentEntity(), "origin");
   const std::int32_t x = arguments.WholeNumber();
   const std::int32_t y = arguments.WholeNumber();
   const std::int32_t z = arguments.WholeNumber();
-  entity.SetValue("origin", FormatWholeNumbers(x, y, z));
-  entity.ParseOrigin();
-  context.Changed();
+  SetCurrentKey(context, "origin", FormatWholeNumbers(x, y, z));
 }
 
 void Select(CScriptContext& context, CScriptArguments& arguments) {
-  context.document.CurrentEntity = context.CheckedEntity(arguments.WholeNumber());
+  SetCurrentEntity(context.document, context.CheckedEntity(arguments.WholeNumber()));
 }
 
 void Delete(CScriptContext& context, CScriptArguments& /*arguments*/) {
   static_cast<void>(context.CurrentEntity());
-  context.document.DeleteEntity(context.document.CurrentEntity);
-}
-
-void GiveTo(const CEntity& entity, std::int32_t index, CZandoBrush& brush) {
-  brush.BFlags &= ~BF_SELECTED;
-  brush.BFlags |= BF_ENTITY;
-  brush.BEnt = index;
-  brush.BGroup = entity.eGroup;
+  DeleteEntity(context.document, context.document.State().CurrentEntity);
 }
 
 /// The named brushes, or else the selected ones.
-std::vector<CZandoBrush*> BrushesToOwn(CScriptContext& context, CScriptArguments& arguments) {
-  std::vector<CZandoBrush*> brushes;
-  while (!arguments.IsEmpty()) {
-    for (CZandoBrush* brush : context.Brushes(arguments.Word())) brushes.push_back(brush);
-  }
-  if (!brushes.empty()) return brushes;
-  for (const auto& brush : context.document.BrushList.Brushes()) {
-    if (brush->IsSelected()) brushes.push_back(brush.get());
-  }
-  if (brushes.empty()) throw CScriptError("no brush is named or selected");
-  return brushes;
-}
-
 void Own(CScriptContext& context, CScriptArguments& arguments) {
-  const CEntity& entity = context.CurrentEntity();
-  for (CZandoBrush* brush : BrushesToOwn(context, arguments)) {
-    GiveTo(entity, context.document.CurrentEntity, *brush);
+  static_cast<void>(context.CurrentEntity());
+  CZANDODoc& document = context.document;
+  const CCompoundChange whole(document);
+  const std::int32_t entity = document.State().CurrentEntity;
+  if (arguments.IsEmpty()) {
+    if (std::ranges::none_of(document.GetLevel().BrushList, &CZandoBrush::IsSelected)) {
+      throw CScriptError("no brush is named or selected");
+    }
+    AssociateSelectedBrushes(document, entity);
+    return;
   }
-  context.document.RefreshColors();
-  context.Changed();
+  std::vector<const CZandoBrush*> brushes;
+  while (!arguments.IsEmpty()) {
+    for (const CZandoBrush* brush : context.Brushes(arguments.Word())) brushes.push_back(brush);
+  }
+  for (const CZandoBrush* brush : brushes) AssociateBrush(document, entity, brush->BBid);
 }
 
 void Disown(CScriptContext& context, CScriptArguments& /*arguments*/) {
   static_cast<void>(context.CurrentEntity());
-  for (const auto& brush : context.document.BrushList.Brushes()) {
-    if (brush->BEnt == context.document.CurrentEntity) brush->BFlags &= ~BF_ENTITY;
-  }
-  context.document.RefreshColors();
-  context.Changed();
+  DisassociateBrushes(context.document, context.document.State().CurrentEntity);
 }
 
 constexpr std::array kCommands{

@@ -1,14 +1,15 @@
+#include <algorithm>
 #include <array>
 
 #include "cli/script_commands.h"
+#include "document/group_edits.h"
 #include "geometry/transform.h"
 
 namespace zando {
 namespace {
 
-void RefreshGroups(CScriptContext& context) {
-  context.document.RefreshColors();
-  context.Changed();
+const CBGroup& GroupAt(const CScriptContext& context, std::int32_t index) {
+  return context.document.GetLevel().Groups[static_cast<std::size_t>(index)];
 }
 
 void RequireSelection(const CZANDODoc& document) {
@@ -20,83 +21,69 @@ void RequireSelection(const CZANDODoc& document) {
 void New(CScriptContext& context, CScriptArguments& arguments) {
   CZANDODoc& document = context.document;
   const std::string& name = CheckedText(arguments.Word(), "a group's name");
-  for (const CBGroup& group : document.Groups) {
-    if (group.gName == name) throw CScriptError("there is a group '" + name + "' already");
+  if (std::ranges::find(document.GetLevel().Groups, name, &CBGroup::gName) !=
+      document.GetLevel().Groups.end()) {
+    throw CScriptError("there is a group '" + name + "' already");
   }
+  const CCompoundChange whole(document);
   if (document.AnySelected()) {
-    document.CreateNewGroup();
+    CreateNewGroup(document);
   } else {
-    document.Groups.emplace_back();
-    document.CurrentGroup = static_cast<std::int32_t>(document.Groups.size()) - 1;
+    CreateEmptyGroup(document);
   }
-  document.Groups.back().gName = name;
-  RefreshGroups(context);
+  GroupLook look = LookOf(document.GetLevel().Groups.back());
+  look.name = name;
+  SetGroupLook(document, document.State().CurrentGroup, look);
 }
 
 void Color(CScriptContext& context, CScriptArguments& arguments) {
-  CBGroup& group = context.Group(arguments.Word());
-  group.gCol = arguments.Color();
-  RefreshGroups(context);
+  const std::int32_t group = context.GroupIndex(arguments.Word());
+  GroupLook look = LookOf(GroupAt(context, group));
+  look.color = arguments.Color();
+  SetGroupLook(context.document, group, look);
 }
 
 void Visible(CScriptContext& context, CScriptArguments& arguments) {
-  CBGroup& group = context.Group(arguments.Word());
-  group.gVis = arguments.OnOff() ? 1 : 0;
-  RefreshGroups(context);
+  const std::int32_t group = context.GroupIndex(arguments.Word());
+  GroupLook look = LookOf(GroupAt(context, group));
+  look.visible = arguments.OnOff();
+  SetGroupLook(context.document, group, look);
 }
 
 void Current(CScriptContext& context, CScriptArguments& arguments) {
   const std::string& name = arguments.Word();
-  context.document.CurrentGroup = name == "none" ? -1 : context.GroupIndex(name);
-  RefreshGroups(context);
+  SetCurrentGroup(context.document, name == "none" ? -1 : context.GroupIndex(name));
 }
 
 void AddSelected(CScriptContext& context, CScriptArguments& /*arguments*/) {
   RequireSelection(context.document);
-  context.document.AddSelectedToGroup();
+  AddSelectedToGroup(context.document);
 }
 
 void RemoveSelected(CScriptContext& context, CScriptArguments& /*arguments*/) {
   RequireSelection(context.document);
-  context.document.RemoveSelectedFromGroup();
+  RemoveSelectedFromGroup(context.document);
 }
 
 void Move(CScriptContext& context, CScriptArguments& arguments) {
-  const std::int32_t index = context.GroupIndex(arguments.Word());
-  const Vector offset = arguments.Numbers();
-  for (const auto& brush : context.document.BrushList.Brushes()) {
-    if (brush->BGroup == index) brush->MoveTo(brush->Pos[kOwnSlot] + offset);
-  }
-  context.Changed();
-}
-
-/// The pivot is the mean of the brushes' origins, as they lie now.
-void ApplyAboutCentre(CScriptContext& context, std::int32_t index, const Transform& operation) {
-  CZANDODoc& document = context.document;
-  CBGroup& group = document.Groups[static_cast<std::size_t>(index)];
-  group.ComputeCentre(document.BrushList.Head(), index);
-  for (const auto& brush : document.BrushList.Brushes()) {
-    if (brush->BGroup != index) continue;
-    brush->BeginGroupOperation(group.Centre);
-    brush->EndGroupOperation(operation);
-  }
-  context.Changed();
+  const std::int32_t group = context.GroupIndex(arguments.Word());
+  MoveGroup(context.document, group, arguments.Numbers());
 }
 
 void Rotate(CScriptContext& context, CScriptArguments& arguments) {
-  const std::int32_t index = context.GroupIndex(arguments.Word());
+  const std::int32_t group = context.GroupIndex(arguments.Word());
   const Vector degrees = arguments.Numbers();
   Transform rotation = Transform::Identity();
   rotation.Rotate(DegreesToUnits(degrees.x), DegreesToUnits(degrees.y), DegreesToUnits(degrees.z));
-  ApplyAboutCentre(context, index, rotation);
+  TransformGroup(context.document, group, rotation);
 }
 
 void Scale(CScriptContext& context, CScriptArguments& arguments) {
-  const std::int32_t index = context.GroupIndex(arguments.Word());
+  const std::int32_t group = context.GroupIndex(arguments.Word());
   const Vector factors = arguments.PositiveNumbers();
   Transform scale = Transform::Identity();
   scale.Scale(factors.x, factors.y, factors.z);
-  ApplyAboutCentre(context, index, scale);
+  TransformGroup(context.document, group, scale);
 }
 
 constexpr std::array kCommands{

@@ -3,8 +3,9 @@
 #include "cli/level_info.h"
 #include "cli/script_commands.h"
 #include "cli/subcommands.h"
-#include "csg/csg_world.h"
 #include "document/document_file.h"
+#include "document/view_edits.h"
+#include "document/world_edits.h"
 #include "formats/map_writer.h"
 
 namespace zando {
@@ -12,13 +13,13 @@ namespace {
 
 void Show(CScriptContext& context, CScriptArguments& arguments) {
   constexpr std::array filters{ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP};
-  context.document.SetShowFilter(
-      filters[arguments.Choice({"all", "visible-groups", "current-group"})]);
+  SetShowFilter(context.document,
+                filters[arguments.Choice({"all", "visible-groups", "current-group"})]);
 }
 
 void ShowEntities(CScriptContext& context, CScriptArguments& arguments) {
-  const bool shown = context.document.ShowEntities != 0;
-  if (arguments.OnOff() != shown) context.document.ToggleShowEntities();
+  const bool shown = context.document.State().ShowEntities != 0;
+  if (arguments.OnOff() != shown) ToggleShowEntities(context.document);
 }
 
 void Rebuild(CScriptContext& context, CScriptArguments& arguments) {
@@ -28,10 +29,8 @@ void Rebuild(CScriptContext& context, CScriptArguments& arguments) {
     arguments.Choice({"water"});
     water = WaterBrushes::Build;
   }
-  CConstructiveBsp& world = context.document.World;
-  RebuildWorld(world, quick ? RebuildKind::Quick : RebuildKind::Optimal, water);
-  context.notes.push_back("rebuild: " + DescribeWorld(world));
-  context.Changed();
+  RebuildWorld(context.document, quick ? RebuildKind::Quick : RebuildKind::Optimal, water, nullptr);
+  context.notes.push_back("rebuild: " + DescribeWorld(context.document.GetLevel().World));
 }
 
 const std::string& PathWord(CScriptArguments& arguments) {
@@ -52,7 +51,7 @@ void Export(CScriptContext& context, CScriptArguments& arguments) {
     wad = CheckedText(arguments.Word(), "the path of a wad");
   }
   MapExportReport report;
-  context.files.push_back({path, WriteMap(context.document, wad, &report)});
+  context.files.push_back({path, WriteMap(context.document.GetLevel(), wad, &report)});
   context.notes.push_back(path + ": " + DescribeExport(report));
 }
 

@@ -49,7 +49,7 @@ void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Pale
   if (!renderer.SetViewport(camera.Width(), camera.Height(), palette.colors)) {
     throw CCommandFailure("there is no memory for a picture of this size");
   }
-  renderer.Render(camera, document.World,
+  renderer.Render(camera, document.GetLevel().World,
                   drawing.kind == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
   renderer.Present(drawing.dc);
 }
@@ -63,27 +63,18 @@ bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
 
-void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water) {
-  if (kind == RebuildKind::Quick) {
-    RebuildQuick(world, nullptr, water);
-  } else {
-    RebuildOptimal(world, nullptr, water);
-  }
-  world.CountStats();
-}
-
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(level);
-  const LevelInfo info = CollectInfo(*document);
+  const LevelInfo info = CollectInfo(document->GetLevel());
   out << (format == InfoFormat::Json ? InfoAsJson(info) : InfoAsText(info));
 }
 
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
                   WaterBrushes water, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(input);
-  RebuildWorld(document->World, kind, water);
+  RebuildWorld(*document, kind, water, nullptr);
   Save(*document, output);
-  out << output.string() << ": " << DescribeWorld(document->World) << '\n';
+  out << output.string() << ": " << DescribeWorld(document->GetLevel().World) << '\n';
 }
 
 void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
@@ -91,7 +82,7 @@ void ExportLevel(const fs::path& input, const fs::path& output, const std::strin
   RefuseInput(input, output);
   const std::unique_ptr<CZANDODoc> document = Load(input);
   MapExportReport report;
-  const std::string error = ExportMap(*document, output, wad, &report);
+  const std::string error = ExportMap(document->GetLevel(), output, wad, &report);
   if (!error.empty()) throw CCommandFailure(output, error);
   out << output.string() << ": " << DescribeExport(report) << '\n';
 }
@@ -132,7 +123,6 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   SeedColorTags(1);
   const std::unique_ptr<CZANDODoc> document = Load(input);
   const Palette palette = ReadPalette(request.palette, {});
-  document->RefreshColors();
   CCamera camera;
   const double zoom = FrameLevel(*document, request, camera);
   const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
@@ -144,7 +134,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     } else {
       DrawBrushes(drawing, *document);
     }
-    if (document->ShowEntities != 0) DrawEntities(drawing, *document);
+    if (document->State().ShowEntities != 0) DrawEntities(drawing, *document);
   });
   if (!image.bytes) throw CCommandFailure(output, image.error);
   const std::string error = WriteFileAtomically(output, *image.bytes);

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cli/framing.h"
-#include "csg/csg_world.h"
+#include "document/world_edits.h"
 
 namespace zando {
 
@@ -19,13 +19,9 @@ class CCommandFailure : public std::runtime_error {
 };
 
 enum class InfoFormat { Text, Json };
-enum class RebuildKind { Quick, Optimal };
 
 /// What an exported level names as its texture archive unless told otherwise.
 inline constexpr const char* kDefaultWad = "MYWAD.WAD";
-
-/// Builds a world anew and brings its counts up to date.
-void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water);
 
 /// The subcommands of zando-cli. Each reads all of its input before it writes, replaces a file
 /// whole or not at all, tells `out` what it did, and throws CCommandFailure.

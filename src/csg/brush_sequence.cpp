@@ -41,8 +41,7 @@ double LeastDistance(const Plane& plane, const Vector& low, const Vector& high) 
 
 }  // namespace
 
-void CBrushSequence::Insert(CZandoBrush& brush, std::int32_t id) {
-  brush.UpdateWorld();
+void CBrushSequence::Insert(const CZandoBrush& brush, std::int32_t id) {
   for (CBspNode* node : fresh_) node->nFresh = 0;
   fresh_.clear();
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;

@@ -16,7 +16,7 @@ class CBrushSequence {
  public:
   explicit CBrushSequence(CConstructiveBsp& world) : world_(world), clipper_(world) {}
 
-  void Insert(CZandoBrush& brush, std::int32_t id);
+  void Insert(const CZandoBrush& brush, std::int32_t id);
 
  private:
   struct Bounds {

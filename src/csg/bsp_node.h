@@ -21,9 +21,9 @@ struct alignas(64) CBspNode {
   std::int32_t nValid = 1;    ///< 1 visible, 0 hidden
   std::int32_t nFresh = 1;    ///< made during the brush insertion under way
 
-  std::int32_t nBid = -1;         ///< BBid of the brush that the polygon came from, -1 for none
-  std::int32_t nPolNum = 0;       ///< index of the face within that brush
-  CZandoBrush* pBrush = nullptr;  ///< that brush, or null after it was deleted; not owned
+  std::int32_t nBid = -1;    ///< BBid of the brush that the polygon came from, -1 for none
+  std::int32_t nPolNum = 0;  ///< index of the face within that brush
+  const CZandoBrush* pBrush = nullptr;  ///< that brush, or null after it was deleted; not owned
 
   CZandoPoly polygon;
 

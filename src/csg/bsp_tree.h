@@ -8,6 +8,15 @@
 
 namespace zando {
 
+/// The size of a tree.
+struct BspCounts {
+  std::int32_t nodes = 0;
+  std::int32_t coplanar = 0;  ///< chain members beside the nodes themselves
+  std::int32_t inserted = 0;
+  std::int32_t splits = 0;  ///< nodes + coplanar - inserted
+  std::int32_t visible = 0;
+};
+
 /// A binary space partitioning tree of polygons: the world of a level, the faces of one brush, or
 /// the carving of one brush for export. Owns its nodes, also those of lists that are still being
 /// built from its arena. What survives when brushes are combined is decided in csg_world.h. No
@@ -15,18 +24,30 @@ namespace zando {
 class CConstructiveBsp {
  public:
   CBspNode* root = nullptr;
-  CZandoBrush* brushList = nullptr;  ///< world tree: first brush of the document; not owned
-  std::int32_t nodes = 0;            ///< nodes as last counted
-  std::int32_t coplanar = 0;         ///< chain members beside the nodes themselves, as last counted
-  std::int32_t inserted = 0;         ///< polygons inserted since the last Clear
-  std::int32_t splits = 0;           ///< nodes + coplanar - inserted, as last computed
-  std::int32_t visible = 0;          ///< nodes with nValid set, as last counted
-  std::int32_t refused = 0;          ///< splits refused for want of vertices since the last Clear
+  const CZandoBrush* brushList = nullptr;  ///< world tree: first brush of the document; not owned
+  std::int32_t nodes = 0;                  ///< nodes as last counted
+  std::int32_t coplanar = 0;  ///< chain members beside the nodes themselves, as last counted
+  std::int32_t inserted = 0;  ///< polygons inserted since the last Clear
+  std::int32_t splits = 0;    ///< nodes + coplanar - inserted, as last computed
+  std::int32_t visible = 0;   ///< nodes with nValid set, as last counted
+  std::int32_t refused = 0;   ///< splits refused for want of vertices since the last Clear
 
   CConstructiveBsp() = default;
-  CConstructiveBsp(const CConstructiveBsp&) = delete;
-  CConstructiveBsp& operator=(const CConstructiveBsp&) = delete;
+
+  /// A copy of a node tree has nodes of its own; both name the same brushes.
+  CConstructiveBsp(const CConstructiveBsp& source);
+  CConstructiveBsp(CConstructiveBsp&& source) noexcept { Swap(source); }
+  CConstructiveBsp& operator=(CConstructiveBsp source) noexcept {
+    Swap(source);
+    return *this;
+  }
   virtual ~CConstructiveBsp() = default;
+
+  void Swap(CConstructiveBsp& other) noexcept;
+
+  /// Whether two node trees hold the same polygons in the same places, of brushes with the same
+  /// ids. What the last insertion made, and counts that can be taken anew, do not matter.
+  friend bool operator==(const CConstructiveBsp& a, const CConstructiveBsp& b);
 
   /// A new node of this tree's arena.
   [[nodiscard]] CBspNode* NewNode() { return arena_.Allocate(); }
@@ -41,9 +62,12 @@ class CConstructiveBsp {
   /// Recounts nodes, coplanar and visible, and computes splits. Inserted stays.
   void CountStats();
 
+  /// What CountStats would find.
+  [[nodiscard]] BspCounts Count() const;
+
   /// Sets every node's pBrush to the first brush of the list whose BBid is the node's nBid, or to
   /// none.
-  void LinkBrushes(CZandoBrush* head);
+  void LinkBrushes(const CZandoBrush* head);
 
   /// Splits `polygon` as SplitPolygon does, and counts a refusal.
   [[nodiscard]] SplitResult Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);

@@ -12,7 +12,7 @@ namespace {
 class CPlaneContact {
  public:
   CPlaneContact(const CZandoBrush& brush, const Plane& plane) : plane_(plane) {
-    for (const CZandoPoly& face : brush.WorldPolys) Note(face);
+    for (const CZandoPoly& face : brush.WorldPolys()) Note(face);
   }
 
   /// Whether the brush reaches through the plane or has a face in it; a mere edge or corner in the
@@ -107,7 +107,7 @@ void BuildClipTree(CConstructiveBsp& tree, const CZandoBrush& brush, const Plane
   tree.Clear();
   const CPlaneContact contact(brush, plane);
   if (!contact.BrushBoundsPlane()) return;
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     if (face.count == 0 || !contact.FaceBoundsPlane(face)) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);

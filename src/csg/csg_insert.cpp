@@ -97,14 +97,14 @@ CoplanarRule OlderFaceRule(const CZandoBrush& clipper) {
   return {Coplanar::Inside, Coplanar::Inside};
 }
 
-void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id,
+void InsertFaces(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id,
                  std::vector<CBspNode*>* kept) {
   const bool solid = brush.TranT == kAddToWorld;
   // There is nothing to carve from an empty world.
   if (!solid && world.root == nullptr) return;
   CInserter inserter(world, solid ? kAdditive : kSubtractive, kept);
   for (std::int32_t k = 0; k < brush.PolyCount(); ++k) {
-    const CZandoPoly& face = brush.WorldPolys[static_cast<std::size_t>(k)];
+    const CZandoPoly& face = brush.WorldPolys()[static_cast<std::size_t>(k)];
     if (face.count == 0) continue;
     CBspNode* node = world.NewNode();
     node->TakePolygon(solid ? face : ReverseCopy(face).polygon);
@@ -152,7 +152,7 @@ void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree
 
 void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
   tree.Clear();
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     if (face.count == 0) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
@@ -160,8 +160,7 @@ void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
   }
 }
 
-void InsertBrush(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id) {
-  brush.UpdateWorld();
+void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id) {
   world.ClearFresh();
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
   InsertFaces(world, brush, id, nullptr);

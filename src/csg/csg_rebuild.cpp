@@ -13,15 +13,15 @@ namespace {
 
 /// One brush of the shown-brush walk with what the rebuild knows of it.
 struct Participant {
-  CZandoBrush* brush;
+  const CZandoBrush* brush;
   bool takesPart;                       ///< shown, and no water brush that is left out
   std::vector<std::size_t> neighbours;  ///< others that take part and overlap, in list order
 };
 
-std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
-  std::vector<CZandoBrush*> brushes;
+std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
+  std::vector<const CZandoBrush*> brushes;
   if (head == nullptr) return brushes;
-  for (CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
+  for (const CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
        brush = brush->NextShown()) {
     brushes.push_back(brush);
   }
@@ -41,15 +41,15 @@ void FindNeighbours(std::vector<Participant>& participants) {
     if (participants[i].takesPart) byLow.push_back(i);
   }
   std::sort(byLow.begin(), byLow.end(), [&](std::size_t a, std::size_t b) {
-    const double lowA = participants[a].brush->BoundsMin.x;
-    const double lowB = participants[b].brush->BoundsMin.x;
+    const double lowA = participants[a].brush->WorldBounds().low.x;
+    const double lowB = participants[b].brush->WorldBounds().low.x;
     return lowA != lowB ? lowA < lowB : a < b;
   });
   for (std::size_t s = 0; s < byLow.size(); ++s) {
     Participant& first = participants[byLow[s]];
     for (std::size_t t = s + 1; t < byLow.size(); ++t) {
       Participant& second = participants[byLow[t]];
-      if (second.brush->BoundsMin.x > first.brush->BoundsMax.x) break;
+      if (second.brush->WorldBounds().low.x > first.brush->WorldBounds().high.x) break;
       if (!BoundsOverlap(*first.brush, *second.brush)) continue;
       first.neighbours.push_back(byLow[t]);
       second.neighbours.push_back(byLow[s]);
@@ -87,7 +87,7 @@ class COptimalRebuild {
     if (progress_ != nullptr) progress_->StepIt();
   }
 
-  CBspNode* NewFace(CZandoBrush& brush, std::size_t face, const CZandoPoly& polygon) {
+  CBspNode* NewFace(const CZandoBrush& brush, std::size_t face, const CZandoPoly& polygon) {
     CBspNode* node = tree_.NewNode();
     node->TakePolygon(polygon);
     node->nBid = brush.BBid;
@@ -107,10 +107,10 @@ class COptimalRebuild {
   }
 
   void ClipSolidFaces(std::size_t i) {
-    CZandoBrush& own = *participants_[i].brush;
-    for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
-      if (own.WorldPolys[face].count == 0) continue;
-      CBspNode* node = NewFace(own, face, own.WorldPolys[face]);
+    const CZandoBrush& own = *participants_[i].brush;
+    for (std::size_t face = 0; face < own.WorldPolys().size(); ++face) {
+      if (own.WorldPolys()[face].count == 0) continue;
+      CBspNode* node = NewFace(own, face, own.WorldPolys()[face]);
       for (const std::size_t j : participants_[i].neighbours) {
         const CZandoBrush& other = *participants_[j].brush;
         ForChain(node, [&](CBspNode* member) { ClipSolidFace(member, other, i > j); });
@@ -137,11 +137,11 @@ class COptimalRebuild {
   }
 
   void ClipCarvingFaces(std::size_t i) {
-    CZandoBrush& own = *participants_[i].brush;
+    const CZandoBrush& own = *participants_[i].brush;
     std::vector<CBspNode*> faces;
-    for (std::size_t face = 0; face < own.WorldPolys.size(); ++face) {
-      if (own.WorldPolys[face].count == 0) continue;
-      faces.push_back(NewFace(own, face, ReverseCopy(own.WorldPolys[face]).polygon));
+    for (std::size_t face = 0; face < own.WorldPolys().size(); ++face) {
+      if (own.WorldPolys()[face].count == 0) continue;
+      faces.push_back(NewFace(own, face, ReverseCopy(own.WorldPolys()[face]).polygon));
       faces.back()->nValid = 0;
     }
     // Faces do not meet each other here, so each neighbour's tree serves all of them.
@@ -207,7 +207,7 @@ CNodeList PruneHidden(CConstructiveBsp& tree, CNodeList list) {
 void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
   world.Clear();
   CBrushSequence sequence(world);
-  for (CZandoBrush* brush : ShownBrushes(world.brushList)) {
+  for (const CZandoBrush* brush : ShownBrushes(world.brushList)) {
     if (progress != nullptr) progress->StepIt();
     if (Builds(*brush, water)) sequence.Insert(*brush, brush->BBid);
   }
@@ -215,8 +215,7 @@ void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes wat
 
 void RebuildOptimal(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
   std::vector<Participant> participants;
-  for (CZandoBrush* brush : ShownBrushes(world.brushList)) {
-    brush->UpdateWorld();
+  for (const CZandoBrush* brush : ShownBrushes(world.brushList)) {
     participants.push_back({brush, Builds(*brush, water), {}});
   }
   FindNeighbours(participants);

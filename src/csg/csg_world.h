@@ -51,15 +51,15 @@ void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree
                       const CZandoBrush& clipper);
 
 /// Makes `tree` the full tree of the brush's own faces, in face order: a chain of back children
-/// when the brush is convex. World polygons must be current.
+/// when the brush is convex.
 void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush);
 
 /// Inserts all faces of one brush, by its TranT, and clips the older world by it. The new nodes
 /// name the brush as their owner, with this id.
-void InsertBrush(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id);
+void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id);
 
 /// Fills `tree` with the faces of the brush that bound it within the given plane; the tree stays
-/// empty when the brush does not reach into or onto the plane. World polygons must be current.
+/// empty when the brush does not reach into or onto the plane.
 void BuildClipTree(CConstructiveBsp& tree, const CZandoBrush& brush, const Plane& plane);
 
 /// Frees every hidden polygon of the list of heads with chains; returns what is left.

@@ -12,7 +12,7 @@ namespace zando {
 
 /// Inserts all faces of a brush whose world polygons are current: the first half of InsertBrush.
 /// Pieces that the tree keeps are also added to `kept`, when given.
-void InsertFaces(CConstructiveBsp& world, CZandoBrush& brush, std::int32_t id,
+void InsertFaces(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id,
                  std::vector<CBspNode*>* kept);
 
 }  // namespace zando

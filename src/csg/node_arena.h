@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "csg/bsp_node.h"
@@ -16,6 +17,13 @@ class CNodeArena {
   CNodeArena(const CNodeArena&) = delete;
   CNodeArena& operator=(const CNodeArena&) = delete;
   ~CNodeArena() = default;
+
+  void Swap(CNodeArena& other) noexcept {
+    blocks_.swap(other.blocks_);
+    std::swap(block_, other.block_);
+    std::swap(used_, other.used_);
+    std::swap(free_, other.free_);
+  }
 
   /// A node in its starting state.
   [[nodiscard]] CBspNode* Allocate();

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "document/group_edits.h"
+
 namespace zando {
 namespace {
 
@@ -20,25 +22,21 @@ std::string LineOf(const CBGroup& group) {
 
 }  // namespace
 
-std::int32_t CGroupAttributesDlg::Run(std::vector<CBGroup>& groups, std::int32_t current,
-                                      CZandoBrush* firstBrush, CDesktop& desktop) {
-  groups_ = &groups;
-  selected_ = current;
-  firstBrush_ = firstBrush;
-  desktop_ = &desktop;
-  desktop.DoModal(*this);
-  return selected_;
+void CGroupAttributesDlg::Run() {
+  selected_ = document_.State().CurrentGroup;
+  desktop_.DoModal(*this);
+  SetCurrentGroup(document_, selected_);
 }
 
-CBGroup* CGroupAttributesDlg::Selected() {
-  const auto index = static_cast<std::size_t>(selected_);
-  return selected_ >= 0 && index < groups_->size() ? &(*groups_)[index] : nullptr;
+const CBGroup* CGroupAttributesDlg::Selected() const {
+  return document_.GetLevel().IsGroup(selected_) ? &Groups()[static_cast<std::size_t>(selected_)]
+                                                 : nullptr;
 }
 
 void CGroupAttributesDlg::FillGroups() {
   Form().ClearList(kGroups);
   std::int32_t index = 0;
-  for (const CBGroup& group : *groups_) Form().AddLine(kGroups, LineOf(group), index++);
+  for (const CBGroup& group : Groups()) Form().AddLine(kGroups, LineOf(group), index++);
   Form().SelectLine(kGroups, selected_);
   selected_ = Form().SelectedLine(kGroups);
   FillFields();
@@ -51,26 +49,23 @@ void CGroupAttributesDlg::FillFields() {
   Form().SetChecked(kVisible, group->gVis != 0);
   Form().SetColor(kColor, group->gCol);
   Form().ClearList(kBrushes);
-  std::int32_t position = 0;
-  for (const CZandoBrush* brush = firstBrush_; brush != nullptr; brush = brush->Next, ++position) {
-    if (brush->BGroup == selected_) Form().AddLine(kBrushes, brush->Name, position);
+  for (const CZandoBrush& brush : document_.GetLevel().BrushList) {
+    if (brush.BGroup == selected_) Form().AddLine(kBrushes, brush.Name, brush.BBid);
   }
 }
 
 /// A level file holds no blanks at the end of a name, and an empty one would read back as the name
 /// of a new group.
 bool CGroupAttributesDlg::ApplyFields() {
-  CBGroup* group = Selected();
-  if (group == nullptr) return true;
+  if (Selected() == nullptr) return true;
   std::string name = Form().GetText(kName);
   name.resize(name.find_last_not_of(" \t") + 1);
   if (name.empty()) {
     Form().ReportError(kName, "Please enter a name for the group.");
     return false;
   }
-  group->gName = std::move(name);
-  group->gVis = Form().IsChecked(kVisible) ? 1 : 0;
-  group->gCol = Form().GetColor(kColor);
+  SetGroupLook(document_, selected_,
+               {std::move(name), Form().GetColor(kColor), Form().IsChecked(kVisible)});
   return true;
 }
 
@@ -97,7 +92,7 @@ void CGroupAttributesDlg::OnDoubleClick(ControlId list) {
 
 void CGroupAttributesDlg::OnButton(ControlId id) {
   if (id != kColor) return;
-  const std::optional<ColorRef> color = desktop_->ChooseColor(Form().GetColor(kColor));
+  const std::optional<ColorRef> color = desktop_.ChooseColor(Form().GetColor(kColor));
   if (color) Form().SetColor(kColor, *color);
 }
 

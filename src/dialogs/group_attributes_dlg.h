@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
-#include "entities/group.h"
-#include "geometry/brush.h"
+#include "document/zando_doc.h"
 #include "platform/desktop.h"
 #include "platform/dialog.h"
 
@@ -14,10 +12,11 @@ namespace zando {
 /// chosen, or twice clicked; that stays when the dialog is cancelled.
 class CGroupAttributesDlg : public CDialog {
  public:
-  /// Starts at group `current` (-1 for none) and returns the one chosen last, whatever closed the
-  /// dialog. `firstBrush` heads the brush list; null for an empty one.
-  std::int32_t Run(std::vector<CBGroup>& groups, std::int32_t current, CZandoBrush* firstBrush,
-                   CDesktop& desktop);
+  CGroupAttributesDlg(CZANDODoc& document, CDesktop& desktop)
+      : document_(document), desktop_(desktop) {}
+
+  /// Starts at the current group; the one chosen last becomes it, whatever closed the dialog.
+  void Run();
 
   [[nodiscard]] std::int32_t TemplateId() const override { return 145; }
   void OnSelectionChange(ControlId list) override;
@@ -30,15 +29,15 @@ class CGroupAttributesDlg : public CDialog {
   void OnOK() override;
 
  private:
-  [[nodiscard]] CBGroup* Selected();
+  [[nodiscard]] const CGroupList& Groups() const { return document_.GetLevel().Groups; }
+  [[nodiscard]] const CBGroup* Selected() const;
   void FillGroups();
   void FillFields();
   bool ApplyFields();
 
-  std::vector<CBGroup>* groups_ = nullptr;
+  CZANDODoc& document_;
+  CDesktop& desktop_;
   std::int32_t selected_ = -1;
-  CZandoBrush* firstBrush_ = nullptr;
-  CDesktop* desktop_ = nullptr;
 };
 
 }  // namespace zando

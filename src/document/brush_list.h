@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -10,31 +12,86 @@ namespace zando {
 
 /// The brushes of a level in the order of appending, which is the order of the file, of export and
 /// of carving. Owns them; their addresses stay valid until they are removed. The brushes' Prev and
-/// Next links run through the list.
+/// Next links run through the list. Ids ascend along it.
 class CBrushList {
- public:
-  CBrushList() = default;
+  using Owned = std::vector<std::unique_ptr<CZandoBrush>>;
 
-  /// Takes the brush to the end of the list and returns its index.
+  template <typename Brush, typename Place>
+  class CIterator {
+   public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = CZandoBrush;
+    using difference_type = std::ptrdiff_t;
+    using pointer = Brush*;
+    using reference = Brush&;
+
+    CIterator() = default;
+    explicit CIterator(Place place) : place_(place) {}
+    reference operator*() const { return **place_; }
+    pointer operator->() const { return place_->get(); }
+    CIterator& operator++() {
+      ++place_;
+      return *this;
+    }
+    CIterator operator++(int) { return CIterator(place_++); }
+    friend bool operator==(const CIterator&, const CIterator&) = default;
+
+   private:
+    Place place_;
+  };
+
+ public:
+  using iterator = CIterator<CZandoBrush, Owned::iterator>;
+  using const_iterator = CIterator<const CZandoBrush, Owned::const_iterator>;
+
+  CBrushList() = default;
+  CBrushList(const CBrushList& source);
+  CBrushList(CBrushList&&) noexcept = default;
+  CBrushList& operator=(CBrushList source) noexcept {
+    brushes_.swap(source.brushes_);
+    return *this;
+  }
+  ~CBrushList() = default;
+
+  friend bool operator==(const CBrushList& a, const CBrushList& b);
+
+  /// Takes the brush, whose id is larger than those listed, to the end and returns its index.
   std::int32_t Append(std::unique_ptr<CZandoBrush> brush);
 
-  /// Unlinks and destroys a brush of this list; any other brush is left alone.
-  void Remove(const CZandoBrush* brush);
+  /// Unlinks and destroys the brush with this id, if there is one.
+  void Remove(std::int32_t id);
 
-  void Clear() { brushes_.clear(); }
-
-  [[nodiscard]] CZandoBrush* Head() const {
-    return brushes_.empty() ? nullptr : brushes_.front().get();
-  }
   [[nodiscard]] std::int32_t BrushCount() const {
     return static_cast<std::int32_t>(brushes_.size());
   }
-  [[nodiscard]] const std::vector<std::unique_ptr<CZandoBrush>>& Brushes() const {
-    return brushes_;
+  [[nodiscard]] bool IsEmpty() const { return brushes_.empty(); }
+
+  /// The first brush, or none.
+  [[nodiscard]] const CZandoBrush* Head() const {
+    return brushes_.empty() ? nullptr : brushes_.front().get();
   }
 
+  /// The brush with this id, or none.
+  [[nodiscard]] const CZandoBrush* Find(std::int32_t id) const;
+  [[nodiscard]] CZandoBrush* Find(std::int32_t id);
+
+  /// The brush at an index below BrushCount.
+  [[nodiscard]] const CZandoBrush& operator[](std::int32_t index) const {
+    return *brushes_[static_cast<std::size_t>(index)];
+  }
+  [[nodiscard]] CZandoBrush& operator[](std::int32_t index) {
+    return *brushes_[static_cast<std::size_t>(index)];
+  }
+
+  [[nodiscard]] iterator begin() { return iterator(brushes_.begin()); }
+  [[nodiscard]] iterator end() { return iterator(brushes_.end()); }
+  [[nodiscard]] const_iterator begin() const { return const_iterator(brushes_.begin()); }
+  [[nodiscard]] const_iterator end() const { return const_iterator(brushes_.end()); }
+
  private:
-  std::vector<std::unique_ptr<CZandoBrush>> brushes_;
+  [[nodiscard]] Owned::const_iterator PlaceOf(std::int32_t id) const;
+
+  Owned brushes_;
 };
 
 }  // namespace zando

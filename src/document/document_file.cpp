@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "document/change.h"
 #include "document/file_context.h"
 #include "document/serialise.h"
 #include "platform/file_io.h"
@@ -13,39 +14,37 @@ namespace zando {
 namespace {
 
 void NumberBrushes(CFileContext& file, const CBrushList& list) {
-  for (const auto& brush : list.Brushes()) {
+  for (const CZandoBrush& brush : list) {
     const auto position = static_cast<std::int32_t>(file.BrushPositions.size());
-    file.BrushPositions.emplace(brush.get(), position);
+    file.BrushPositions.emplace(&brush, position);
   }
 }
 
 }  // namespace
 
-void Serialise(CFileContext& file, CZANDODoc& document) {
-  if (file.storing) {
-    NumberBrushes(file, document.BrushList);
-  } else {
-    document.NextBrushId = 0;
-  }
-  Serialise(file, document.WorkingBrush);
-  SerialiseBrushList(file, document);
-  Serialise(file, document.World);
-  if (!file.storing) document.World.LinkBrushes(document.BrushList.Head());
-  Serialise(file, document.Entities, document.CurrentEntity);
-  if (!file.storing) document.ParseAllOrigins();
-  Serialise(file, document.Groups, document.CurrentGroup);
+void Serialise(CFileContext& file, Level& level, std::int32_t& entity, std::int32_t& group) {
+  if (file.storing) NumberBrushes(file, level.BrushList);
+  Serialise(file, level.WorkingBrush);
+  SerialiseBrushList(file, level);
+  Serialise(file, level.World);
+  if (!file.storing) level.LinkWorld();
+  Serialise(file, level.Entities, entity);
+  Serialise(file, level.Groups, group);
   if (file.storing) return;
-  if (!document.IsEntity(document.CurrentEntity)) document.CurrentEntity = -1;
-  if (!document.IsGroup(document.CurrentGroup)) document.CurrentGroup = -1;
-  document.ApplyShowFilter();
-  document.SetModifiedFlag(false);
+  for (CEntity& read : level.Entities) read.ParseOrigin();
+  if (!level.IsEntity(entity)) entity = -1;
+  if (!level.IsGroup(group)) group = -1;
 }
 
 LoadedDocument ReadDocument(std::string_view text) {
   try {
     auto document = std::make_unique<CZANDODoc>();
     CFileContext file(text);
-    Serialise(file, *document);
+    {
+      CChange change(*document, kTouchedGroups);
+      EditingState& state = change.state;
+      Serialise(file, change.level, state.CurrentEntity, state.CurrentGroup);
+    }
     return {std::move(document), {}};
   } catch (const CFileError& error) {
     return {nullptr, error.what()};
@@ -58,7 +57,10 @@ std::string WriteDocument(const CZANDODoc& document) {
   CFileContext file;
   // Each object has one operation for both directions; a storing context only reads from it.
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
-  Serialise(file, const_cast<CZANDODoc&>(document));
+  auto& level = const_cast<Level&>(document.GetLevel());
+  std::int32_t entity = document.State().CurrentEntity;
+  std::int32_t group = document.State().CurrentGroup;
+  Serialise(file, level, entity, group);
   return file.TakeOutput();
 }
 

@@ -5,7 +5,7 @@
 
 #include "csg/bsp_tree.h"
 #include "document/file_context.h"
-#include "document/zando_doc.h"
+#include "document/level.h"
 
 namespace zando {
 
@@ -16,7 +16,8 @@ inline constexpr std::string_view kPolygonHeader = "CZandoPoly";
 /// Objects are read into freshly made ones. A file without a line that must be there is refused
 /// with CFileError.
 
-void Serialise(CFileContext& file, CZANDODoc& document);
+/// The level, with the indices of the current entity and group.
+void Serialise(CFileContext& file, Level& level, std::int32_t& entity, std::int32_t& group);
 void Serialise(CFileContext& file, CZandoBrush& brush);
 void Serialise(CFileContext& file, CZandoPoly& polygon);
 void Serialise(CFileContext& file, CConstructiveBsp& world);
@@ -27,7 +28,7 @@ void Serialise(CFileContext& file, CBGroup& group);
 void Serialise(CFileContext& file, CEntList& entities, std::int32_t& current);
 void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current);
 
-/// The brush list; the document numbers the brushes that are read.
-void SerialiseBrushList(CFileContext& file, CZANDODoc& document);
+/// The brush list; the level numbers the brushes that are read.
+void SerialiseBrushList(CFileContext& file, Level& level);
 
 }  // namespace zando

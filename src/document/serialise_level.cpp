@@ -19,20 +19,17 @@ bool PrintsTheSame(const Transform& a, const Transform& b) {
 
 /// The polygons are appended as they are read, with a face record for each.
 void SerialisePolygons(CFileContext& file, CZandoBrush& brush) {
-  const std::int32_t count = file.Count("NumfBPolys", brush.Polys.size(), kPolygonHeader);
+  const std::int32_t count = file.Count("NumfBPolys", brush.Polys().size(), kPolygonHeader);
   if (file.storing) {
-    for (CZandoPoly& polygon : brush.Polys) Serialise(file, polygon);
+    for (CZandoPoly polygon : brush.Polys()) Serialise(file, polygon);
     return;
   }
   brush.SetPolyCount(0);
-  const std::size_t ahead = file.LinesAhead(kPolygonHeader, static_cast<std::size_t>(count));
-  brush.Polys.reserve(ahead);
-  brush.Faces.reserve(ahead);
+  brush.ReservePolys(file.LinesAhead(kPolygonHeader, static_cast<std::size_t>(count)));
   for (std::int32_t i = 0; i < count; ++i) {
     CZandoPoly polygon;
     Serialise(file, polygon);
-    brush.Polys.push_back(polygon);
-    brush.Faces.emplace_back();
+    brush.AppendPoly(polygon);
   }
   brush.ComputeFacePoints();
 }
@@ -40,9 +37,11 @@ void SerialisePolygons(CFileContext& file, CZandoBrush& brush) {
 /// A placement that is no more than the translation by Pos is not in the file.
 void SerialisePlacement(CFileContext& file, CZandoBrush& brush) {
   Transform byPosition = Transform::Identity();
-  byPosition.Translate(brush.Pos[kOwnSlot]);
-  if (file.storing && PrintsTheSame(brush.BMatrix, byPosition)) return;
-  if (!file.Exchange("BMatrix", brush.BMatrix)) brush.BMatrix.Multiply(byPosition);
+  byPosition.Translate(brush.Own().Pos);
+  Transform placed = brush.BMatrix();
+  if (file.storing && PrintsTheSame(placed, byPosition)) return;
+  if (!file.Exchange("BMatrix", placed)) placed.Multiply(byPosition);
+  if (!file.storing) brush.SetBMatrix(placed);
 }
 
 void SerialisePairs(CFileContext& file, std::vector<EntityPair>& pairs) {
@@ -107,34 +106,35 @@ void Serialise(CFileContext& file, CZandoBrush& brush) {
   std::int32_t id = file.storing ? file.PositionOf(&brush, brush.BBid) : -1;
   file.Exchange("BBid", id);
   if (!file.storing) brush.BBid = id;
-  file.Exchange("Pos", brush.Pos[kOwnSlot]);
-  file.Exchange("Rot", brush.Rot[kOwnSlot]);
-  file.Exchange("Scl", brush.Scl[kOwnSlot]);
-  file.Exchange("Shr", brush.Shr[kOwnSlot]);
+  Placement own = brush.Own();
+  file.Exchange("Pos", own.Pos);
+  file.Exchange("Rot", own.Rot);
+  file.Exchange("Scl", own.Scl);
+  file.Exchange("Shr", own.Shr);
   if (!file.storing) {
-    brush.WorkPos[kOwnSlot] = brush.Pos[kOwnSlot];
-    brush.WorkRot[kOwnSlot] = brush.Rot[kOwnSlot];
+    own.WorkPos = own.Pos;
+    own.WorkRot = own.Rot;
+    brush.SetSlot(kOwnSlot, own);
   }
   SerialisePolygons(file, brush);
   SerialisePlacement(file, brush);
   file.Header("End CZandoBrush");
 }
 
-void SerialiseBrushList(CFileContext& file, CZANDODoc& document) {
+void SerialiseBrushList(CFileContext& file, Level& level) {
   file.EndMarker = "End Class CBrushList";
-  if (!file.storing) document.BrushList.Clear();
   if (!file.Header("Class CBrushList")) return;
-  const auto& brushes = document.BrushList.Brushes();
-  const std::int32_t count = file.RequiredCount("BrushCount", brushes.size(), "CZandoBrush");
+  const auto listed = static_cast<std::size_t>(level.BrushList.BrushCount());
+  const std::int32_t count = file.RequiredCount("BrushCount", listed, "CZandoBrush");
   if (file.storing) {
-    for (const auto& brush : brushes) Serialise(file, *brush);
+    for (CZandoBrush& brush : level.BrushList) Serialise(file, brush);
     file.WriteKeyLine("End Class CBrushList");
     return;
   }
   for (std::int32_t i = 0; i < count; ++i) {
     CZandoBrush brush;
     Serialise(file, brush);
-    document.AddBrush(brush);
+    level.AddBrush(brush);
   }
 }
 

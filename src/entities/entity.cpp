@@ -72,6 +72,8 @@ const std::string& CEntity::GetValue(std::string_view key) const {
   return found == Pairs.end() ? kNone : found->value;
 }
 
+bool CEntity::HasKey(std::string_view key) const { return FindPair(Pairs, key) != Pairs.end(); }
+
 void CEntity::SetValue(std::string_view key, std::string_view value) {
   const auto found = FindPair(Pairs, key);
   if (found != Pairs.end()) found->value = value;
@@ -94,19 +96,11 @@ void CEntity::ParseOriginAndNormalise() {
   SetValue(kOriginKey, FormatOrigin(eOrigin));
 }
 
-double CEntity::Distance2D(const Vector& point) const {
+double CEntity::Distance2D(const Vector& point, const ViewAxes& axes) const {
   if (eStyle != 0) return kUnreachable;
-  const auto [across, up] = ViewPlane(point);
-  const double dx = eOrigin.*across - point.*across;
-  const double dy = eOrigin.*up - point.*up;
+  const double dx = eOrigin.*axes.across - point.*axes.across;
+  const double dy = eOrigin.*axes.up - point.*axes.up;
   return std::sqrt(dx * dx + dy * dy);
-}
-
-bool CEntity::InRect(const Vector& low, const Vector& high) const {
-  const auto plane = ViewPlane(low);
-  return std::all_of(plane.begin(), plane.end(), [&](double Vector::*axis) {
-    return low.*axis <= eOrigin.*axis && eOrigin.*axis <= high.*axis;
-  });
 }
 
 void CEntity::Move(const Vector& displacement, std::uint32_t axisMask) {

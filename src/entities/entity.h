@@ -35,6 +35,12 @@ class CEntity {
   Vector WorkOrigin{0.0, 0.0, 0.0};  ///< origin while dragged
   std::vector<EntityPair> Pairs;
 
+  /// Whether both hold the same, colours left aside.
+  friend bool operator==(const CEntity& a, const CEntity& b) {
+    return a.eStyle == b.eStyle && a.eFlags == b.eFlags && a.eGroup == b.eGroup &&
+           a.eOrigin == b.eOrigin && a.WorkOrigin == b.WorkOrigin && a.Pairs == b.Pairs;
+  }
+
   [[nodiscard]] bool IsShown() const { return (eFlags & EF_SHOWN) != 0; }
   [[nodiscard]] bool IsSelected() const { return (eFlags & EF_SELECTED) != 0; }
 
@@ -42,6 +48,9 @@ class CEntity {
 
   /// The value of the first pair with this key, or the empty string.
   [[nodiscard]] const std::string& GetValue(std::string_view key) const;
+
+  /// Whether there is a pair with this key.
+  [[nodiscard]] bool HasKey(std::string_view key) const;
 
   /// Replaces the value of the first pair with this key; without one nothing happens.
   void SetValue(std::string_view key, std::string_view value);
@@ -56,13 +65,11 @@ class CEntity {
   /// As ParseOrigin, with the numbers in the game's order x, z, y; rewrites the pair in ours.
   void ParseOriginAndNormalise();
 
-  /// The distance in the plane of a view from a point whose coordinate along the view direction is
-  /// exactly 0; 100000 for an entity without an origin.
-  [[nodiscard]] double Distance2D(const Vector& point) const;
+  /// The distance from a point as a view shows them; 100000 for an entity without an origin.
+  [[nodiscard]] double Distance2D(const Vector& point, const ViewAxes& axes) const;
 
-  /// Whether the origin lies in a rectangle of a view, borders included; the coordinate along the
-  /// view direction is 0 in both corners.
-  [[nodiscard]] bool InRect(const Vector& low, const Vector& high) const;
+  /// Whether the origin lies in a rectangle of a view, borders included.
+  [[nodiscard]] bool InRect(const ViewRect& rect) const { return rect.Holds(eOrigin); }
 
   /// Moves the working origin back by the displacement, along the axes of the mask, and truncates
   /// it to whole numbers. Nothing happens without an origin.

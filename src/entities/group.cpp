@@ -2,10 +2,10 @@
 
 namespace zando {
 
-void CBGroup::ComputeCentre(CZandoBrush* head, std::int32_t g) {
+void CBGroup::ComputeCentre(const CZandoBrush* head, std::int32_t g) {
   Vector sum{0.0, 0.0, 0.0};
   std::int32_t counted = 0;
-  for (CZandoBrush* brush = head; brush != nullptr; brush = brush->Next) {
+  for (const CZandoBrush* brush = head; brush != nullptr; brush = brush->Next) {
     if (g == -1 ? !brush->IsSelected() : brush->BGroup != g) continue;
     sum = sum + brush->WorldOrigin();
     ++counted;

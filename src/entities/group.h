@@ -22,11 +22,13 @@ class CBGroup {
   Vector Scale{1.0, 1.0, 1.0};
   Vector Shear{0.0, 0.0, 0.0};
 
+  friend bool operator==(const CBGroup&, const CBGroup&) = default;
+
   [[nodiscard]] const std::string& GetName() const { return gName; }
 
   /// Centre and working centre become the mean world origin of the brushes of group `g`, or of the
   /// selected ones when g is -1; (0, 0, 0) when there are none. `head` is the first brush.
-  void ComputeCentre(CZandoBrush* head, std::int32_t g);
+  void ComputeCentre(const CZandoBrush* head, std::int32_t g);
 
   /// Rotation, scale and shear back to neutral; the working centre becomes the centre.
   void ResetGroupTransform();

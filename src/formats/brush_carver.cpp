@@ -144,8 +144,7 @@ bool CCellCloser::KeepBack(const Plane& plane, CZandoPoly& polygon) {
 }
 
 bool ReachesBeyond(const Vector& point, const CZandoBrush& brush) {
-  const Vector& low = brush.BoundsMin;
-  const Vector& high = brush.BoundsMax;
+  const auto& [low, high] = brush.WorldBounds();
   return point.x < low.x - kCellReach || point.x > high.x + kCellReach ||
          point.y < low.y - kCellReach || point.y > high.y + kCellReach ||
          point.z < low.z - kCellReach || point.z > high.z + kCellReach;
@@ -153,10 +152,11 @@ bool ReachesBeyond(const Vector& point, const CZandoBrush& brush) {
 
 }  // namespace
 
-void CarveBrush(CConstructiveBsp& tree, CZandoBrush& brush, std::span<CZandoBrush* const> carvers) {
+void CarveBrush(CConstructiveBsp& tree, const CZandoBrush& brush,
+                std::span<const CZandoBrush* const> carvers) {
   tree.Clear();
   InsertBrush(tree, brush, 0);
-  for (CZandoBrush* carver : carvers) {
+  for (const CZandoBrush* carver : carvers) {
     if (BoundsOverlap(brush, *carver)) InsertBrush(tree, *carver, 0);
   }
   BuildLeafTree(tree, FlattenVisible(tree));

@@ -10,9 +10,10 @@ namespace zando {
 
 /// Makes `tree` the leaf tree of what is left of a solid brush once the carvers, in their order,
 /// have been subtracted: every cell is one convex piece. Carvers whose bounds do not touch the
-/// brush are passed over. World polygons and bounds of all of them must be current. The tree is
+/// brush are passed over. The tree is
 /// empty when nothing is left.
-void CarveBrush(CConstructiveBsp& tree, CZandoBrush& brush, std::span<CZandoBrush* const> carvers);
+void CarveBrush(CConstructiveBsp& tree, const CZandoBrush& brush,
+                std::span<const CZandoBrush* const> carvers);
 
 /// Turns the tree into a list of its visible polygons: a head for each node that has any, with its
 /// further visible fragments as the chain. Hidden polygons are freed, and the tree has no root.

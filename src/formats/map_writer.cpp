@@ -71,7 +71,7 @@ PlaneSource SourceOf(const CBspNode& polygon) {
 
 class CMapWriter {
  public:
-  explicit CMapWriter(CZANDODoc& document) : document_(document) {}
+  explicit CMapWriter(const Level& level) : level_(level) {}
 
   void WriteLevel(std::string_view wadPath);
 
@@ -79,23 +79,19 @@ class CMapWriter {
   MapExportReport report;
 
  private:
-  struct Carver {
-    CZandoBrush* brush;
-    std::size_t position;  ///< in the brush list
-  };
-
   void CollectBrushes();
+  void Collect(const CZandoBrush& brush, std::int32_t position);
   void WriteEntity(const CEntity& entity);
-  void WriteBrush(std::size_t position);
+  void WriteBrush(std::int32_t position);
   void WriteCell(const CBspNode* cell, const CZandoBrush& brush, std::string_view texture);
   void WritePlane(const PlaneSource& source, std::string_view texture);
   void WritePoint(const Vector& point);
   void Line(std::string_view line) { text.append(line).append(kLineEnd); }
 
-  CZANDODoc& document_;
-  std::vector<std::size_t> worldBrushes_;                ///< positions of worldspawn's brushes
-  std::vector<std::vector<std::size_t>> entityBrushes_;  ///< and of those of each entity
-  std::vector<CZandoBrush*> carvers_;
+  const Level& level_;
+  std::vector<std::int32_t> worldBrushes_;                ///< positions of worldspawn's brushes
+  std::vector<std::vector<std::int32_t>> entityBrushes_;  ///< and of those of each entity
+  std::vector<const CZandoBrush*> carvers_;
   std::vector<std::size_t> carversBefore_;  ///< carvers up to and with each position
   CConstructiveBsp tree_;
   std::vector<PlaneSource> written_;  ///< plane lines of the cell under way
@@ -107,30 +103,43 @@ void CMapWriter::WriteLevel(std::string_view wadPath) {
   Line("\"message\"  \"Entering ZANDOLEVEL\"");
   Line("\"wad\" \"" + Quotable(wadPath) + "\"");
   Line("\"classname\" \"worldspawn\"");
-  for (const std::size_t position : worldBrushes_) WriteBrush(position);
+  for (const std::int32_t position : worldBrushes_) WriteBrush(position);
   Line("}");
-  for (std::size_t i = 0; i < document_.Entities.size(); ++i) {
-    if (!document_.Entities[i].IsShown()) continue;
-    WriteEntity(document_.Entities[i]);
-    for (const std::size_t position : entityBrushes_[i]) WriteBrush(position);
+  for (std::size_t i = 0; i < level_.Entities.size(); ++i) {
+    if (!level_.Entities[i].IsShown()) {
+      ++report.hiddenEntities;
+      report.hiddenBrushes += static_cast<std::int32_t>(entityBrushes_[i].size());
+      continue;
+    }
+    WriteEntity(level_.Entities[i]);
+    for (const std::int32_t position : entityBrushes_[i]) WriteBrush(position);
     Line("}");
   }
 }
 
 void CMapWriter::CollectBrushes() {
-  const auto& brushes = document_.BrushList.Brushes();
-  entityBrushes_.resize(document_.Entities.size());
-  for (std::size_t i = 0; i < brushes.size(); ++i) {
-    CZandoBrush& brush = *brushes[i];
-    brush.UpdateWorld();
-    if (brush.TranT == kSubtractFromWorld && brush.IsShown()) carvers_.push_back(&brush);
+  entityBrushes_.resize(level_.Entities.size());
+  for (std::int32_t i = 0; i < level_.BrushList.BrushCount(); ++i) {
+    const CZandoBrush& brush = level_.BrushList[i];
+    Collect(brush, i);
     carversBefore_.push_back(carvers_.size());
-    if (brush.TranT != kAddToWorld) continue;
-    if (!brush.BelongsToEntity()) {
-      if (brush.IsShown()) worldBrushes_.push_back(i);
-    } else if (document_.IsEntity(brush.BEnt)) {
-      entityBrushes_[static_cast<std::size_t>(brush.BEnt)].push_back(i);
-    }
+  }
+}
+
+void CMapWriter::Collect(const CZandoBrush& brush, std::int32_t position) {
+  const bool solid = brush.TranT == kAddToWorld;
+  if (!solid && brush.TranT != kSubtractFromWorld) return;
+  const bool ofEntity = solid && brush.BelongsToEntity();
+  if (!ofEntity && !brush.IsShown()) {
+    ++report.hiddenBrushes;
+  } else if (!brush.HasVolume()) {
+    ++report.flatBrushes;
+  } else if (!solid) {
+    carvers_.push_back(&brush);
+  } else if (!ofEntity) {
+    worldBrushes_.push_back(position);
+  } else if (level_.IsEntity(brush.BEnt)) {
+    entityBrushes_[static_cast<std::size_t>(brush.BEnt)].push_back(position);
   }
 }
 
@@ -145,10 +154,10 @@ void CMapWriter::WriteEntity(const CEntity& entity) {
   }
 }
 
-void CMapWriter::WriteBrush(std::size_t position) {
-  CZandoBrush& brush = *document_.BrushList.Brushes()[position];
-  const std::span<CZandoBrush* const> carvers = carvers_;
-  CarveBrush(tree_, brush, carvers.subspan(carversBefore_[position]));
+void CMapWriter::WriteBrush(std::int32_t position) {
+  const CZandoBrush& brush = level_.BrushList[position];
+  const std::span<const CZandoBrush* const> carvers = carvers_;
+  CarveBrush(tree_, brush, carvers.subspan(carversBefore_[static_cast<std::size_t>(position)]));
   report.refusedSplits += tree_.refused;
   const std::string texture = TextureWord(brush);
   WalkCells(tree_.root, [&](const CBspNode* cell) { WriteCell(cell, brush, texture); });
@@ -183,7 +192,7 @@ void CMapWriter::WriteCell(const CBspNode* cell, const CZandoBrush& brush,
 }
 
 void CMapWriter::WritePlane(const PlaneSource& source, std::string_view texture) {
-  const CZandoPoly& face = source.brush->WorldPolys[source.face];
+  const CZandoPoly& face = source.brush->WorldPolys()[source.face];
   if (face.count < 3) return;
   for (const std::int32_t i : {0, 1, 2}) WritePoint(face[source.reversed ? 2 - i : i]);
   text.append(texture);
@@ -204,16 +213,32 @@ void CMapWriter::WritePoint(const Vector& point) {
 
 }  // namespace
 
-std::string WriteMap(CZANDODoc& document, std::string_view wadPath, MapExportReport* report) {
-  CMapWriter writer(document);
+std::string DescribeExport(const MapExportReport& report) {
+  std::string text = Counted(report.brushes, "brush", "brushes") + " written";
+  const auto leftOut = [&text](std::int32_t count, std::string_view one, std::string_view many) {
+    if (count > 0) text += ", " + Counted(count, one, many) + " left out";
+  };
+  leftOut(report.strayCells, "stray cell", "stray cells");
+  leftOut(report.thinCells, "thin cell", "thin cells");
+  leftOut(report.flatBrushes, "brush without volume", "brushes without volume");
+  leftOut(report.hiddenBrushes, "hidden brush", "hidden brushes");
+  leftOut(report.hiddenEntities, "hidden entity", "hidden entities");
+  if (report.refusedSplits > 0) {
+    text += ", " + Counted(report.refusedSplits, "split", "splits") + " refused";
+  }
+  return text;
+}
+
+std::string WriteMap(const Level& level, std::string_view wadPath, MapExportReport* report) {
+  CMapWriter writer(level);
   writer.WriteLevel(wadPath);
   if (report != nullptr) *report = writer.report;
   return std::move(writer.text);
 }
 
-std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+std::string ExportMap(const Level& level, const std::filesystem::path& path,
                       std::string_view wadPath, MapExportReport* report) {
-  return WriteFileAtomically(path, WriteMap(document, wadPath, report));
+  return WriteFileAtomically(path, WriteMap(level, wadPath, report));
 }
 
 }  // namespace zando

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "document/zando_doc.h"
+#include "document/level.h"
 
 namespace zando {
 
@@ -15,18 +15,23 @@ struct MapExportReport {
   std::int32_t strayCells = 0;  ///< cells that reach beyond their brush, left out
   std::int32_t thinCells = 0;   ///< cells with fewer than 4 faces or nothing in them, left out
   std::int32_t refusedSplits = 0;
+  std::int32_t hiddenBrushes = 0;  ///< left out because the show filter hides them
+  std::int32_t hiddenEntities = 0;
+  std::int32_t flatBrushes = 0;  ///< without volume, left out
 };
+
+/// The sentence that tells of an export; what was left out is named only when there is any.
+[[nodiscard]] std::string DescribeExport(const MapExportReport& report);
 
 /// The text of the level as a `.map` for the game's tools, lines ended by CR LF. Solid brushes are
 /// carved by the carving brushes that follow them and written as convex brushes of three-point
-/// planes; then the shown entities with their brushes. World polygons of the brushes are updated;
-/// the world tree is not read.
-[[nodiscard]] std::string WriteMap(CZANDODoc& document, std::string_view wadPath,
+/// planes; then the shown entities with their brushes. The world tree is not read.
+[[nodiscard]] std::string WriteMap(const Level& level, std::string_view wadPath,
                                    MapExportReport* report = nullptr);
 
 /// WriteMap into a file, replaced atomically. Returns the empty string, or one line that says what
 /// failed.
-[[nodiscard]] std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+[[nodiscard]] std::string ExportMap(const Level& level, const std::filesystem::path& path,
                                     std::string_view wadPath, MapExportReport* report = nullptr);
 
 }  // namespace zando

@@ -29,13 +29,31 @@ inline constexpr std::array<double Vector::*, 3> kCoordinates{&Vector::x, &Vecto
           (axisMask & kAxisZ) != 0 ? change.z : 0.0};
 }
 
-/// The two axes of the view in whose coordinates a point was given: the coordinate along the view
-/// direction is 0.
-[[nodiscard]] constexpr std::array<double Vector::*, 2> ViewPlane(const Vector& point) {
-  if (point.x == 0.0) return {&Vector::y, &Vector::z};
-  if (point.y == 0.0) return {&Vector::x, &Vector::z};
-  return {&Vector::x, &Vector::y};
-}
+/// The axes of a view along the axes of the world: those it shows from left to right and from
+/// bottom to top, and the one it looks along.
+struct ViewAxes {
+  double Vector::*across;
+  double Vector::*up;
+  double Vector::*depth;
+
+  friend constexpr bool operator==(const ViewAxes&, const ViewAxes&) = default;
+};
+inline constexpr ViewAxes kTopAxes{&Vector::x, &Vector::z, &Vector::y};
+inline constexpr ViewAxes kSideAxes{&Vector::z, &Vector::y, &Vector::x};
+inline constexpr ViewAxes kFrontAxes{&Vector::x, &Vector::y, &Vector::z};
+
+/// A rectangle of a view, between its least and its greatest corner.
+struct ViewRect {
+  Vector low;
+  Vector high;
+  ViewAxes axes;
+
+  /// Whether the point lies in it, borders included; its depth does not matter.
+  [[nodiscard]] constexpr bool Holds(const Vector& point) const {
+    return low.*axes.across <= point.*axes.across && point.*axes.across <= high.*axes.across &&
+           low.*axes.up <= point.*axes.up && point.*axes.up <= high.*axes.up;
+  }
+};
 
 /// The axis of the largest displacement; z wins ties, then y.
 [[nodiscard]] inline double Vector::*DominantAxis(const Vector& displacement) {

@@ -12,6 +12,8 @@ inline constexpr double PLANE_EPSILON = 0.001;
 struct Plane {
   Vector normal;
   double d;
+
+  friend constexpr bool operator==(const Plane&, const Plane&) = default;
 };
 
 enum class PointClass { Front = 0, Back = 1, On = 2 };

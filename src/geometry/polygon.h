@@ -30,6 +30,10 @@ struct CZandoPoly {
   }
   ~CZandoPoly() = default;
 
+  friend bool operator==(const CZandoPoly& a, const CZandoPoly& b) {
+    return a.tag == b.tag && std::ranges::equal(a.Vertices(), b.Vertices());
+  }
+
   [[nodiscard]] std::span<const Vector> Vertices() const {
     return {verts.data(), static_cast<std::size_t>(count)};
   }

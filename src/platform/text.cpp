@@ -38,6 +38,10 @@ std::string ToLatin1(std::string_view utf8) {
   return text;
 }
 
+std::string Counted(std::int64_t count, std::string_view one, std::string_view many) {
+  return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+}
+
 std::string PathText(const std::filesystem::path& path) { return ToLatin1(path.string()); }
 
 std::string FileNameText(const std::filesystem::path& path) { return PathText(path.filename()); }

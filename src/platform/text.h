@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ namespace zando {
 /// Text from outside, UTF-8, as the editor's own 8-bit text: characters beyond Latin-1 become '?',
 /// and so do bytes that are no UTF-8.
 [[nodiscard]] std::string ToLatin1(std::string_view utf8);
+
+/// "1 brush", "2 brushes".
+[[nodiscard]] std::string Counted(std::int64_t count, std::string_view one, std::string_view many);
 
 /// A path as messages show it.
 [[nodiscard]] std::string PathText(const std::filesystem::path& path);

@@ -56,11 +56,11 @@ void Generate(const BoxParameters& box, CZandoBrush& brush) {
   brush.SetPolyCount(static_cast<std::int32_t>(hollow ? 2 * kFaces.size() : kFaces.size()));
   for (std::size_t i = 0; i < kFaces.size(); ++i) {
     const auto& face = kFaces[i];
-    CZandoPoly& shell = brush.Polys[i];
+    CZandoPoly& shell = brush.EditPoly(i);
     shell.count = 0;
     for (const std::size_t corner : face) shell.Append(outer[corner]);
     if (!hollow) continue;
-    CZandoPoly& cavity = brush.Polys[i + kFaces.size()];
+    CZandoPoly& cavity = brush.EditPoly(i + kFaces.size());
     cavity.count = 0;
     for (const std::size_t corner : face) cavity.Append(inner[corner]);
     std::reverse(cavity.Vertices().begin(), cavity.Vertices().end());

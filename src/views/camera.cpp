@@ -4,6 +4,7 @@
 #include <cmath>
 
 namespace zando {
+
 std::int32_t TruncateToPixel(double value) {
   if (std::isnan(value)) return 0;
   return static_cast<std::int32_t>(std::clamp(value, -kFarthestPixel, kFarthestPixel));
@@ -76,45 +77,26 @@ CProjectedPoly CCamera::ProjectPolygon(const CZandoPoly& polygon) const {
 }
 
 ScreenPoint CCamera::WorldToScreen(const Vector& point) const {
-  const ScreenPoint centre = Centre();
-  const Vector& c = Position;
-  switch (kind_) {
-    case ViewKind::Top:
-      return {centre.x + TruncateToPixel((point.x - c.x) * zoom_),
-              centre.y + TruncateToPixel((c.z - point.z) * zoom_)};
-    case ViewKind::Side:
-      return {centre.x + TruncateToPixel((point.z - c.z) * zoom_),
-              centre.y + TruncateToPixel((c.y - point.y) * zoom_)};
-    case ViewKind::Front:
-      return {centre.x + TruncateToPixel((point.x - c.x) * zoom_),
-              centre.y + TruncateToPixel((c.y - point.y) * zoom_)};
-    case ViewKind::Wireframe:
-    case ViewKind::Solid:
-    case ViewKind::Texture:
-      break;
+  if (!IsOrthographic(kind_)) {
+    const Projected projected = ProjectPoint(point);
+    return {TruncateToPixel(projected.x), TruncateToPixel(projected.y)};
   }
-  const Projected projected = ProjectPoint(point);
-  return {TruncateToPixel(projected.x), TruncateToPixel(projected.y)};
+  const ScreenPoint centre = Centre();
+  const ViewAxes& axes = AxesOf(kind_);
+  return {centre.x + TruncateToPixel((point.*axes.across - Position.*axes.across) * zoom_),
+          centre.y + TruncateToPixel((Position.*axes.up - point.*axes.up) * zoom_)};
 }
 
 Vector CCamera::ScreenToWorld(ScreenPoint point) const {
+  Vector place{0.0, 0.0, 0.0};
+  if (!IsOrthographic(kind_)) return place;
   const ScreenPoint centre = Centre();
-  const Vector& c = Position;
+  const ViewAxes& axes = AxesOf(kind_);
   const double right = static_cast<double>(point.x - centre.x) / zoom_;
   const double down = static_cast<double>(point.y - centre.y) / zoom_;
-  switch (kind_) {
-    case ViewKind::Top:
-      return {right + c.x, 0.0, c.z - down};
-    case ViewKind::Side:
-      return {0.0, c.y - down, right + c.z};
-    case ViewKind::Front:
-      return {right + c.x, c.y - down, 0.0};
-    case ViewKind::Wireframe:
-    case ViewKind::Solid:
-    case ViewKind::Texture:
-      break;
-  }
-  return {0.0, 0.0, 0.0};
+  place.*axes.across = right + Position.*axes.across;
+  place.*axes.up = Position.*axes.up - down;
+  return place;
 }
 
 void CCamera::Turn(double yaw, double pitch, double roll) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 
+#include "geometry/axes.h"
 #include "geometry/polygon.h"
 #include "geometry/transform.h"
 #include "geometry/vector.h"
@@ -23,6 +24,12 @@ enum class ViewKind : std::int32_t {
 
 [[nodiscard]] constexpr bool IsOrthographic(ViewKind kind) {
   return kind == ViewKind::Top || kind == ViewKind::Side || kind == ViewKind::Front;
+}
+
+/// The axes of an orthographic kind.
+[[nodiscard]] constexpr const ViewAxes& AxesOf(ViewKind kind) {
+  if (kind == ViewKind::Top) return kTopAxes;
+  return kind == ViewKind::Side ? kSideAxes : kFrontAxes;
 }
 
 /// Whether the world's polygons are drawn with hidden surfaces removed, over the whole view.

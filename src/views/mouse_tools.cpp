@@ -9,8 +9,6 @@
 namespace zando {
 namespace {
 
-using Operation = void (CZANDODoc::*)(const Vector& amount, std::uint32_t axisMask);
-
 /// One component of an amount: so much a pixel to the left, and so much a pixel up.
 struct Share {
   double left;
@@ -28,15 +26,15 @@ enum Views : std::uint8_t { kPerspective, kTop, kSide, kFront };
 struct Row {
   Views view;
   int buttons;  ///< which combinations, of Buttons
-  Operation operation;
+  DragOperation operation;
   Share x, y, z;
 };
 
-constexpr Operation kMove = &CZANDODoc::MoveBrush;
-constexpr Operation kRotate = &CZANDODoc::RotateBrush;
-constexpr Operation kScale = &CZANDODoc::ScaleBrush;
-constexpr Operation kShear = &CZANDODoc::ShearBrush;
-constexpr Operation kMoveEntity = &CZANDODoc::MoveEntity;
+constexpr DragOperation kMove = DragOperation::MoveBrush;
+constexpr DragOperation kRotate = DragOperation::RotateBrush;
+constexpr DragOperation kScale = DragOperation::ScaleBrush;
+constexpr DragOperation kShear = DragOperation::ShearBrush;
+constexpr DragOperation kMoveEntity = DragOperation::MoveEntity;
 
 constexpr std::array kMoveRotateRows{
     Row{kPerspective, kL, kMove, kLeft, kNone, kDown},

@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "document/zando_doc.h"
+#include "document/tool_drag.h"
+#include "platform/command.h"
 #include "platform/desktop.h"
 #include "views/camera.h"
 
@@ -11,8 +12,8 @@ namespace zando {
 
 /// What one motion of the mouse does to the level.
 struct ToolStep {
-  void (CZANDODoc::*operation)(const Vector& amount, std::uint32_t axisMask) = nullptr;
-  Vector amount{0.0, 0.0, 0.0};
+  DragOperation operation;
+  Vector amount;
 };
 
 /// The step of a tool, one of the ID_TOOL_... commands, in a kind of view, for the buttons held and

@@ -6,6 +6,8 @@
 #include <limits>
 #include <string>
 
+#include "document/brush_edits.h"
+
 namespace zando {
 namespace {
 
@@ -105,14 +107,10 @@ void CTextureView::Select(std::int32_t index) {
 }
 
 void CTextureView::UseSelected() {
-  CZandoBrush* brush = document_.CurrentBrush;
-  if (Textures().empty() || brush == nullptr) return;
+  if (Textures().empty()) return;
   const Texture& texture = Textures()[static_cast<std::size_t>(selected_)];
   desktop_.SetStatusText("Texture of the current brush: " + texture.name);
-  if (brush->Name == texture.name) return;
-  brush->Name = texture.name;
-  document_.SetModifiedFlag();
-  document_.UpdateAllViews(this);
+  SetBrushName(document_, texture.name);
 }
 
 void CTextureView::MoveSelection(Step step) {

@@ -64,7 +64,7 @@ class CTextureView : public CChildView {
  private:
   void Select(std::int32_t index);
   [[nodiscard]] const std::vector<Texture>& Textures() const {
-    return document_.Textures.Textures();
+    return document_.Textures().Textures();
   }
   [[nodiscard]] std::int32_t NeighbourOf(std::int32_t index, Step step) const;
   [[nodiscard]] std::int32_t NearestInRow(std::int32_t row, std::int32_t x) const;

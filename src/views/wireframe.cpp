@@ -123,13 +123,13 @@ void DrawPolygonFlat(const ViewDrawing& drawing, const CZandoPoly& polygon, Colo
   for (const ScreenPoint& point : used) DrawHandle(drawing.dc, point, handles);
 }
 
-void DrawBrush(const ViewDrawing& drawing, CZandoBrush& brush, ColorRef outline, ColorRef handles) {
+void DrawBrush(const ViewDrawing& drawing, const CZandoBrush& brush, ColorRef outline,
+               ColorRef handles) {
   if (!brush.IsShown()) return;
-  brush.UpdateWorld();
   const bool selected = brush.IsSelected();
   const Pen pen = selected ? Pen{kSelected, kSelectedWidth} : Pen{outline, 1};
   const Pen before = drawing.dc.SelectPen(pen);
-  for (const CZandoPoly& polygon : brush.WorldPolys) {
+  for (const CZandoPoly& polygon : brush.WorldPolys()) {
     if (IsOrthographic(drawing.kind)) {
       DrawPolygonFlat(drawing, polygon, selected ? kSelected : handles);
     } else {
@@ -158,44 +158,42 @@ void DrawGrid(const ViewDrawing& drawing, const CZANDODoc& document) {
   const Vector& camera = drawing.camera.Position;
   const std::int32_t halfWidth = drawing.client.x / 2;
   const std::int32_t halfHeight = drawing.client.y / 2;
-  const Grid grid{drawing.dc,
-                  drawing.zoom,
-                  document.GridSize,
-                  drawing.kind == ViewKind::Side ? camera.z : camera.x,
-                  drawing.kind == ViewKind::Top ? camera.z : camera.y,
-                  halfWidth,
-                  halfHeight};
+  const ViewAxes& axes = AxesOf(drawing.kind);
+  const EditingState& state = document.State();
+  const Grid grid{drawing.dc,      drawing.zoom, state.GridSize, camera.*axes.across,
+                  camera.*axes.up, halfWidth,    halfHeight};
   const ScreenPoint before = drawing.dc.SetViewportOrg({halfWidth, halfHeight});
   const double spacing = grid.zoom * grid.size;
   // Lines of a grid finer than one unit have no whole spacing to count by.
   const bool countable = grid.size >= 1.0;
-  if (document.ShowFineGrid != 0 && spacing > kLeastFineSpacing && countable) {
+  if (state.ShowFineGrid != 0 && spacing > kLeastFineSpacing && countable) {
     DrawLines(grid, kFineGrid, 1);
   }
-  if (document.ShowCoarseGrid != 0 && spacing * 10.0 > kLeastCoarseSpacing && countable) {
+  if (state.ShowCoarseGrid != 0 && spacing * 10.0 > kLeastCoarseSpacing && countable) {
     DrawLines(grid, kCoarseGrid, 10);
   }
   DrawAxes(grid);
   drawing.dc.SetViewportOrg(before);
 }
 
-void DrawBrushes(const ViewDrawing& drawing, CZANDODoc& document) {
-  for (const auto& brush : document.BrushList.Brushes()) {
-    if (brush.get() == document.CurrentBrush) continue;
-    DrawBrush(drawing, *brush, brush->Color, brush->Color);
+void DrawBrushes(const ViewDrawing& drawing, const CZANDODoc& document) {
+  for (const CZandoBrush& brush : document.GetLevel().BrushList) {
+    if (brush.BBid == document.State().CurrentBrush) continue;
+    DrawBrush(drawing, brush, brush.Color, brush.Color);
   }
 }
 
 void DrawEntities(const ViewDrawing& drawing, const CZANDODoc& document) {
-  for (std::size_t i = 0; i < document.Entities.size(); ++i) {
-    const CEntity& entity = document.Entities[i];
-    const bool current = static_cast<std::int32_t>(i) == document.CurrentEntity;
+  const CEntList& entities = document.GetLevel().Entities;
+  for (std::size_t i = 0; i < entities.size(); ++i) {
+    const CEntity& entity = entities[i];
+    const bool current = static_cast<std::int32_t>(i) == document.State().CurrentEntity;
     DrawEntity(drawing, entity, current ? kCurrentHandles : entity.Color);
   }
 }
 
-void DrawCurrentBrush(const ViewDrawing& drawing, CZANDODoc& document) {
-  CZandoBrush& brush = *document.CurrentBrush;
+void DrawCurrentBrush(const ViewDrawing& drawing, const CZANDODoc& document) {
+  const CZandoBrush& brush = document.CurrentBrush();
   DrawBrush(drawing, brush, kCurrentOutline, kCurrentHandles);
   DrawHandle(drawing.dc, drawing.camera.WorldToScreen(brush.WorldOrigin()), kCurrentHandles);
 }

@@ -19,12 +19,12 @@ struct ViewDrawing {
 void DrawGrid(const ViewDrawing& drawing, const CZANDODoc& document);
 
 /// The outlines and vertex handles of every listed brush but the current one.
-void DrawBrushes(const ViewDrawing& drawing, CZANDODoc& document);
+void DrawBrushes(const ViewDrawing& drawing, const CZANDODoc& document);
 
 /// The crosses of the shown entities.
 void DrawEntities(const ViewDrawing& drawing, const CZANDODoc& document);
 
 /// The current brush in its own colours, and its origin handle.
-void DrawCurrentBrush(const ViewDrawing& drawing, CZANDODoc& document);
+void DrawCurrentBrush(const ViewDrawing& drawing, const CZANDODoc& document);
 
 }  // namespace zando

@@ -1,10 +1,12 @@
 #include "views/zando_view.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
+#include "document/brush_edits.h"
 #include "document/command_ids.h"
+#include "document/entity_edits.h"
+#include "document/view_edits.h"
 #include "views/mouse_tools.h"
 #include "views/wireframe.h"
 
@@ -88,7 +90,7 @@ void CZANDOView::OnSize(std::int32_t width, std::int32_t height) {
   client_ = {width, height};
   camera_.SetViewport(0, 0, width, height);
   if (!colors_) {
-    colors_ = document_.Textures.GetPalette().colors;
+    colors_ = document_.Textures().GetPalette().colors;
     SeedColorTags(kColorSeed);
   }
   renderer_.SetViewport(camera_.Width(), camera_.Height(), *colors_);
@@ -106,18 +108,18 @@ void CZANDOView::OnDraw(CDC& dc) {
     DrawBrushes(drawing, document_);
   } else {
     const RenderMode mode = kind_ == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured;
-    renderer_.Render(camera_, document_.World, mode);
+    renderer_.Render(camera_, document_.GetLevel().World, mode);
     // Without memory for its surface the view stays empty.
     if (!renderer_.Present(dc)) dc.FillSolidRect(0, 0, client_.x, client_.y, Rgb(0, 0, 0));
   }
-  if (document_.ShowEntities != 0) DrawEntities(drawing, document_);
-  if (document_.ShowBrush != 0) DrawCurrentBrush(drawing, document_);
+  if (document_.State().ShowEntities != 0) DrawEntities(drawing, document_);
+  if (document_.State().ShowBrush != 0) DrawCurrentBrush(drawing, document_);
 }
 
 void CZANDOView::OnActivate(Activation activation) {
   if (activation == Activation::Activated) settings_.ActiveAxisMask = axisFlags_;
   SetFrameTitle();
-  if (document_.Frame != nullptr) document_.Frame->RefreshGroups();
+  if (document_.Frame() != nullptr) document_.Frame()->RefreshGroups();
 }
 
 void CZANDOView::ToggleAxis(std::uint32_t axis) {
@@ -130,7 +132,7 @@ void CZANDOView::Rotate90() {
   Vector angles{kQuarterTurn, 0.0, 0.0};
   if (kind_ == ViewKind::Side) angles = {0.0, kQuarterTurn, 0.0};
   if (kind_ == ViewKind::Front) angles = {0.0, 0.0, kQuarterTurn};
-  document_.TurnBrush(angles, settings_.ActiveAxisMask);
+  TurnBrush(document_, angles, settings_.ActiveAxisMask);
 }
 
 bool CZANDOView::OnCommand(CommandId id) {
@@ -167,7 +169,7 @@ void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint 
   window_->SetCapture();
   // A release that got lost leaves a drag behind, which goes on.
   if (drag_ != Drag::None) return;
-  dragTool_ = document_.ToolMode;
+  dragTool_ = document_.State().ToolMode;
   if (dragTool_ == ID_TOOL_SELECT_GROUP) {
     drag_ = Drag::Box;
     anchor_ = position;
@@ -180,13 +182,14 @@ void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint 
   }
   BeginMotion();
   if (dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY && button == MouseButton::Right) {
-    document_.PickEntity(camera_.ScreenToWorld(position));
+    if (IsOrthographic(kind_)) {
+      PickEntity(document_, camera_.ScreenToWorld(position), AxesOf(kind_));
+    }
   }
 }
 
 void CZANDOView::BeginMotion() {
   drag_ = Drag::Motion;
-  stepped_ = false;
   anchor_ = desktop_.GetCursorPos();
   desktop_.ShowCursor(false);
 }
@@ -216,15 +219,11 @@ void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up)
   }
   if (!IsEditingTool(dragTool_)) return;
   if (const auto step = FindToolStep(dragTool_, kind_, flags, left, up)) {
-    const bool turns = step->operation == &CZANDODoc::RotateBrush;
     // Another button turned a move into a rotation or back: what was begun must not be left
     // pending.
-    if (dragTool_ == ID_TOOL_MOVE_ROTATE_BRUSH && stepped_ &&
-        turns != (document_.LastDragWasRotate != 0)) {
-      EndBrushStep();
-    }
-    std::invoke(step->operation, document_, step->amount, settings_.ActiveAxisMask);
-    stepped_ = true;
+    if (toolDrag_ && toolDrag_->Operation() != step->operation) EndToolDrag();
+    if (!toolDrag_) toolDrag_.emplace(document_, step->operation);
+    toolDrag_->Step(step->amount, settings_.ActiveAxisMask);
   }
   window_->RedrawNow();
 }
@@ -232,7 +231,7 @@ void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up)
 void CZANDOView::OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position) {
   if (window_ == nullptr) return;
   if (button == MouseButton::Middle) {
-    if (!flags.left && !flags.right) document_.ToggleCamera();
+    if (!flags.left && !flags.right) ToggleCamera(document_);
     return;
   }
   if (button == MouseButton::Left ? flags.right : flags.left) return;
@@ -246,14 +245,15 @@ void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
     case Drag::None:
       return;
     case Drag::Box:
-      SelectInBox(position, isLeft ? CZANDODoc::Selection::Select : CZANDODoc::Selection::Deselect);
+      SelectInBox(position, isLeft ? Selection::Select : Selection::Deselect);
       return;
     case Drag::Click:
-      if (isLeft) document_.PickBrush(camera_.ScreenToWorld(position));
+      if (isLeft && IsOrthographic(kind_)) {
+        PickBrush(document_, camera_.ScreenToWorld(position), AxesOf(kind_));
+      }
       break;
     case Drag::Motion:
-      // A click that picks an entity leaves it where it is; a drag may end with either button.
-      if (dragTool_ != ID_TOOL_MOVE_SELECT_ENTITY || isLeft || stepped_) FinishTool();
+      EndToolDrag();
       desktop_.SetCursorPos(anchor_);
       desktop_.ShowCursor(true);
       break;
@@ -265,48 +265,26 @@ Commit CZANDOView::CommitNow() const {
   return desktop_.IsShiftDown() ? Commit::DominantAxis : Commit::AllAxes;
 }
 
-void CZANDOView::EndBrushStep() {
-  if (document_.LastDragWasRotate != 0) {
-    document_.EndRotateBrush(settings_.ActiveAxisMask, CommitNow());
-  } else {
-    document_.EndMoveBrush(settings_.ActiveAxisMask, CommitNow());
-  }
+void CZANDOView::EndToolDrag() {
+  if (!toolDrag_) return;
+  toolDrag_->End(settings_.ActiveAxisMask, CommitNow());
+  toolDrag_.reset();
 }
 
-void CZANDOView::FinishTool() {
-  const std::uint32_t axes = settings_.ActiveAxisMask;
-  switch (dragTool_) {
-    case ID_TOOL_MOVE_ROTATE_BRUSH:
-      EndBrushStep();
-      document_.EndMoveEntity(axes, CommitNow());
-      return;
-    case ID_TOOL_SCALE_BRUSH:
-      document_.EndScaleBrush();
-      return;
-    case ID_TOOL_SHEAR_BRUSH:
-      document_.EndShearBrush();
-      return;
-    case ID_TOOL_MOVE_SELECT_ENTITY:
-      document_.EndMoveEntity(axes, CommitNow());
-      return;
-    default:
-      return;
-  }
-}
-
-void CZANDOView::SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection) {
+void CZANDOView::SelectInBox(ScreenPoint corner, Selection selection) {
   window_->EraseDragRect();
   const ScreenRect box = NormalizedRect(anchor_, corner);
   // Up is up in the world, and down on the screen.
-  document_.BoxSelect(camera_.ScreenToWorld({box.left, box.bottom}),
-                      camera_.ScreenToWorld({box.right, box.top}), selection);
+  if (!IsOrthographic(kind_)) return;
+  const ViewRect rect{camera_.ScreenToWorld({box.left, box.bottom}),
+                      camera_.ScreenToWorld({box.right, box.top}), AxesOf(kind_)};
+  BoxSelect(document_, rect, selection);
 }
 
 void CZANDOView::EndDrag() {
   if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
   if (drag_ == Drag::Motion) {
-    // Not the left one, whose release snaps an entity that was only clicked on.
-    FinishDrag(MouseButton::Right, {});
+    FinishDrag(MouseButton::Left, {});
     return;
   }
   if (drag_ == Drag::Box && window_ != nullptr) window_->EraseDragRect();
@@ -316,16 +294,16 @@ void CZANDOView::EndDrag() {
 void CZANDOView::OnKeyDown(Key key, MouseFlags held) {
   switch (key) {
     case Key::Space:
-      if (!held.left && !held.right) document_.ToggleCamera();
+      if (!held.left && !held.right) ToggleCamera(document_);
       return;
     case Key::Delete:
       DeleteCurrent();
       return;
     case Key::KeypadPlus:
-      document_.StepGrid(CZANDODoc::GridStep::Up);
+      StepGrid(document_, GridStep::Up);
       return;
     case Key::KeypadMinus:
-      document_.StepGrid(CZANDODoc::GridStep::Down);
+      StepGrid(document_, GridStep::Down);
       return;
   }
 }
@@ -333,14 +311,14 @@ void CZANDOView::OnKeyDown(Key key, MouseFlags held) {
 void CZANDOView::DeleteCurrent() {
   // What moves along with it must not be left half way.
   EndDrag();
-  switch (document_.ToolMode) {
+  switch (document_.State().ToolMode) {
     case ID_TOOL_MOVE_ROTATE_BRUSH:
     case ID_TOOL_SCALE_BRUSH:
     case ID_TOOL_SHEAR_BRUSH:
-      document_.DeleteCurrentBrush();
+      DeleteCurrentBrush(document_);
       return;
     case ID_TOOL_MOVE_SELECT_ENTITY:
-      document_.DeleteCurrentEntity();
+      DeleteCurrentEntity(document_);
       return;
     default:
       return;

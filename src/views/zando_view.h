@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "document/editor_settings.h"
+#include "document/selection_edits.h"
+#include "document/tool_drag.h"
 #include "platform/desktop.h"
 #include "platform/draw_context.h"
 #include "views/camera.h"
@@ -88,9 +90,8 @@ class CZANDOView : public CChildView {
   void FollowMotion(MouseFlags flags);
   void ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up);
   void FinishDrag(MouseButton button, ScreenPoint position);
-  void FinishTool();
-  void EndBrushStep();
-  void SelectInBox(ScreenPoint corner, CZANDODoc::Selection selection);
+  void EndToolDrag();
+  void SelectInBox(ScreenPoint corner, Selection selection);
   void DeleteCurrent();
   void Rotate90();
   void ToggleAxis(std::uint32_t axis);
@@ -109,8 +110,8 @@ class CZANDOView : public CChildView {
   std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;
   ScreenPoint client_;  ///< width and height of the window
   Drag drag_ = Drag::None;
-  CommandId dragTool_ = 0;  ///< the tool of the drag, whatever becomes of the document's
-  bool stepped_ = false;    ///< the drag has changed something
+  CommandId dragTool_ = 0;             ///< the tool of the drag, whatever becomes of the document's
+  std::optional<CToolDrag> toolDrag_;  ///< from its first step on
   ScreenPoint anchor_;  ///< where the drag began: on the screen, or in the client area for a box
 };
 

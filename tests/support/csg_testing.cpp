@@ -2,16 +2,15 @@
 
 #include <cmath>
 #include <numbers>
-#include <utility>
 
 #include "csg/csg_world.h"
 
 namespace zando::testing {
 namespace {
 
-void SetFaces(CZandoBrush& brush, std::vector<CZandoPoly> faces) {
-  brush.SetPolyCount(static_cast<std::int32_t>(faces.size()));
-  brush.Polys = std::move(faces);
+void SetFaces(CZandoBrush& brush, const std::vector<CZandoPoly>& faces) {
+  brush.SetPolyCount(0);
+  for (const CZandoPoly& face : faces) brush.AppendPoly(face);
   brush.ComputeFacePoints();
 }
 
@@ -32,7 +31,7 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
   switch (build) {
     case Build::StepByStep:
       world.Clear();
-      for (const auto& brush : brushes.Brushes()) InsertBrush(world, *brush, brush->BBid);
+      for (const CZandoBrush& brush : brushes) InsertBrush(world, brush, brush.BBid);
       break;
     case Build::Quick:
       RebuildQuick(world, nullptr, WaterBrushes::Build);
@@ -63,17 +62,16 @@ double Area(const CZandoPoly& polygon) {
 }
 
 void Hollow(CZandoBrush& box) {
-  std::vector<CZandoPoly> faces = box.Polys;
-  for (const CZandoPoly& outer : box.Polys) {
+  std::vector<CZandoPoly> faces = box.Polys();
+  for (const CZandoPoly& outer : box.Polys()) {
     faces.push_back(ReverseCopy(outer).polygon);
     for (Vector& v : faces.back().Vertices()) v = v * 0.5;
   }
-  SetFaces(box, std::move(faces));
+  SetFaces(box, faces);
 }
 
 void MakeDrum(CZandoBrush& box, std::int32_t sides) {
-  box.UpdateWorld();
-  const Vector half = (box.BoundsMax - box.BoundsMin) * 0.5;
+  const Vector half = (box.WorldBounds().high - box.WorldBounds().low) * 0.5;
   const auto rim = [&half, sides](std::int32_t i, double y) {
     const double angle = 2.0 * std::numbers::pi * i / sides;
     return Vector{half.x * std::cos(angle), y, half.z * std::sin(angle)};
@@ -88,7 +86,7 @@ void MakeDrum(CZandoBrush& box, std::int32_t sides) {
     side.Append(rim(i + 1, half.y));
     side.Append(rim(i + 1, -half.y));
   }
-  SetFaces(box, std::move(faces));
+  SetFaces(box, faces);
 }
 
 }  // namespace zando::testing

@@ -90,7 +90,7 @@ Planes PlanesOf(const MapBrush& brush) {
 
 Planes PlanesOf(const CZandoBrush& brush) {
   Planes planes;
-  for (const CZandoPoly& face : brush.WorldPolys) planes.push_back(ComputePlane(face));
+  for (const CZandoPoly& face : brush.WorldPolys()) planes.push_back(ComputePlane(face));
   return planes;
 }
 

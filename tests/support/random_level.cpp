@@ -24,7 +24,7 @@ std::unique_ptr<CZandoBrush> MakeFrustum(const GridBox& box, double topX, double
       const bool top = (corner & 2U) != 0;
       const double x = (corner & 1U) != 0 ? half.x : -half.x;
       const double z = (corner & 4U) != 0 ? half.z : -half.z;
-      brush->Polys[face].Append(top ? Vector{x * topX, half.y, z * topZ} : Vector{x, -half.y, z});
+      brush->EditPoly(face).Append(top ? Vector{x * topX, half.y, z * topZ} : Vector{x, -half.y, z});
     }
   }
   brush->ComputeFacePoints();
@@ -36,9 +36,11 @@ void Turn(CZandoBrush& brush, CRandom& random) {
   const auto any = [&random](double low, double high) {
     return Vector{random.Real(low, high), random.Real(low, high), random.Real(low, high)};
   };
-  brush.Rot[kOwnSlot] = brush.WorkRot[kOwnSlot] = any(0.0, kRotationUnitsPerTurn);
-  brush.Scl[kOwnSlot] = any(0.5, 1.5);
-  brush.Shr[kOwnSlot] = any(-0.4, 0.4);
+  Placement own = brush.Own();
+  own.Rot = own.WorkRot = any(0.0, kRotationUnitsPerTurn);
+  own.Scl = any(0.5, 1.5);
+  own.Shr = any(-0.4, 0.4);
+  brush.SetSlot(kOwnSlot, own);
 }
 
 /// The coordinates of a box along one axis. General takes none that are in use.

@@ -1,0 +1,145 @@
+#include "document/brush_edits.h"
+
+#include <cstddef>
+#include <string>
+
+#include "csg/csg_world.h"
+#include "document/change.h"
+#include "document/visibility.h"
+#include "platform/bits.h"
+
+namespace zando {
+namespace {
+
+/// References to textures, as faces hold them: none, and the first of the level's archive.
+constexpr std::int32_t kNoTexture = 0;
+constexpr std::int32_t kFirstTexture = 1;
+
+/// Extents are scaled down one by one, in this order, so that equal boxes compare equal everywhere.
+double BoundsVolume(const CZandoBrush& brush) {
+  const auto& [low, high] = brush.WorldBounds();
+  return (high.y - low.y) * 0.001 * (high.z - low.z) * 0.001 * (high.x - low.x) * 0.001;
+}
+
+void CombineWithWorld(CZANDODoc& document, std::int32_t operation) {
+  CChange change(document, kTouchedLevel);
+  change.CurrentBrush().TranT = operation;
+  if (document.BrushPicked()) {
+    change.state.CurrentBrush = kWorkingBrush;
+    return;
+  }
+  CZandoBrush& working = change.level.WorkingBrush;
+  working.BGroup = change.state.CurrentGroup;
+  working.SetFaceTextures(document.Textures().TextureCount() > 0 ? kFirstTexture : kNoTexture);
+  // The listed copy owns the new nodes, so that they survive what happens to the working brush.
+  const CZandoBrush& listed = change.level.BrushList[AddBrush(document, working)];
+  InsertBrush(change.level.World, listed, listed.BBid);
+}
+
+template <typename Edit>
+void EditPlacement(CZANDODoc& document, Edit&& edit) {
+  CChange change(document, kTouchedLevel);
+  CZandoBrush& brush = change.CurrentBrush();
+  Placement own = brush.Own();
+  edit(own);
+  brush.SetSlot(kOwnSlot, own);
+}
+
+}  // namespace
+
+std::int32_t AddBrush(CZANDODoc& document, const CZandoBrush& brush) {
+  CChange change(document, kTouchedLevel);
+  const std::int32_t index = change.level.AddBrush(brush);
+  RefreshShown(change.level.BrushList[index], change.level, change.state);
+  return index;
+}
+
+void AddToWorld(CZANDODoc& document) { CombineWithWorld(document, kAddToWorld); }
+void SubtractFromWorld(CZANDODoc& document) { CombineWithWorld(document, kSubtractFromWorld); }
+
+void DeleteCurrentBrush(CZANDODoc& document) {
+  if (!document.BrushPicked()) return;
+  CChange change(document, kTouchedLevel);
+  change.level.RemoveBrush(change.state.CurrentBrush);
+  change.state.CurrentBrush = kWorkingBrush;
+}
+
+void PickBrush(CZANDODoc& document, const Vector& point, const ViewAxes& axes) {
+  const CZandoBrush* smallest = nullptr;
+  for (const CZandoBrush& brush : document.GetLevel().BrushList) {
+    if (!brush.IsShown() || !brush.HitTest2D(point, axes)) continue;
+    if (smallest == nullptr || BoundsVolume(brush) < BoundsVolume(*smallest)) smallest = &brush;
+  }
+  if (smallest != nullptr) PickBrush(document, smallest->BBid);
+}
+
+void PickBrush(CZANDODoc& document, std::int32_t id) {
+  CChange change(document, kTouchedDisplay);
+  change.state.ShowBrush = 1;
+  change.state.ToolMode = ID_TOOL_MOVE_ROTATE_BRUSH;
+  SetCurrentBrush(document, id);
+}
+
+void SetCurrentBrush(CZANDODoc& document, std::int32_t id) {
+  CChange change(document, kTouchedDisplay);
+  change.state.CurrentBrush = change.level.BrushList.Find(id) != nullptr ? id : kWorkingBrush;
+}
+
+void StepCurrentBrush(CZANDODoc& document, ListStep step) {
+  if (!document.BrushPicked()) return;
+  const CZandoBrush& current = document.CurrentBrush();
+  const CZandoBrush* neighbour = step == ListStep::Next ? current.Next : current.Prev;
+  SetCurrentBrush(document, neighbour != nullptr ? neighbour->BBid : current.BBid);
+}
+
+void CopyToCurrent(CZANDODoc& document) {
+  if (!document.BrushPicked()) return;
+  CChange change(document, kTouchedDisplay);
+  CZandoBrush& working = change.level.WorkingBrush;
+  working = change.CurrentBrush();
+  // The picked one may be hidden by now; no filter would ever show the working brush again.
+  SetBit(working.BFlags, BF_SHOWN, true);
+  change.state.CurrentBrush = kWorkingBrush;
+}
+
+void GenerateBox(CZANDODoc& document, const BoxParameters& box) {
+  CChange change(document, kTouchedLevel);
+  change.state.LastBox = box;
+  CZandoBrush& brush = change.CurrentBrush();
+  Generate(box, brush);
+  brush.ComputeFacePoints();
+}
+
+void SetBrushName(CZANDODoc& document, std::string_view name) {
+  if (document.CurrentBrush().Name == name) return;
+  CChange change(document, kTouchedLevel);
+  change.CurrentBrush().Name = std::string(name);
+}
+
+void PlaceBrush(CZANDODoc& document, const Vector& position) {
+  CChange change(document, kTouchedLevel);
+  change.CurrentBrush().MoveTo(position);
+}
+
+void SetBrushRotation(CZANDODoc& document, const Vector& rotation) {
+  EditPlacement(document, [&](Placement& own) { own.Rot = own.WorkRot = rotation; });
+}
+
+void SetBrushScale(CZANDODoc& document, const Vector& scale) {
+  EditPlacement(document, [&](Placement& own) { own.Scl = scale; });
+}
+
+void SetBrushShear(CZANDODoc& document, const Vector& shear) {
+  EditPlacement(document, [&](Placement& own) { own.Shr = shear; });
+}
+
+void ResetBrush(CZANDODoc& document) {
+  CChange change(document, kTouchedLevel);
+  if (change.state.GroupMovementMode == 0) {
+    change.CurrentBrush().ResetSlot(kOwnSlot);
+  } else if (change.level.IsGroup(change.state.CurrentGroup)) {
+    change.level.Groups[static_cast<std::size_t>(change.state.CurrentGroup)].ResetGroupTransform();
+  }
+}
+
+}  // namespace zando

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "document/change.h"
+#include "document/zando_doc.h"
+
+namespace zando::testing {
+
+/// The level, and its editing state, to be written past the operations: a test makes what it needs.
+[[nodiscard]] inline Level& Edit(CZANDODoc& document) {
+  return CChange(document, kTouchedNothing).level;
+}
+[[nodiscard]] inline EditingState& EditState(CZANDODoc& document) {
+  return CChange(document, kTouchedNothing).state;
+}
+
+/// Changes parameters of a brush's own placement.
+template <typename Change>
+void Place(CZandoBrush& brush, Change&& change) {
+  Placement own = brush.Own();
+  change(own);
+  brush.SetSlot(kOwnSlot, own);
+}
+
+}  // namespace zando::testing
