@@ -258,7 +258,6 @@ void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
       desktop_.ShowCursor(true);
       break;
   }
-  document_.UpdateAllViews(nullptr);
 }
 
 Commit CZANDOView::CommitNow() const {

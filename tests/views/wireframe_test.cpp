@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "document/brush_edits.h"
+#include "support/edit_level.h"
 #include "support/recording_dc.h"
 #include "support/scripted_desktop.h"
 #include "views/zando_view.h"
@@ -20,7 +22,7 @@ class Wireframe : public ::testing::Test {
   Wireframe() {
     view.OnSize(400, 300);
     view.Camera().Position = {0, 0, 0};
-    document.ShowFineGrid = document.ShowCoarseGrid = document.ShowBrush = 0;
+    state.ShowFineGrid = state.ShowCoarseGrid = state.ShowBrush = 0;
   }
 
   /// A listed brush of one triangle, a quarter turn about the vertical axis.
@@ -28,15 +30,14 @@ class Wireframe : public ::testing::Test {
     CZandoBrush brush;
     brush.SetPolyCount(1);
     for (const Vector& v : {Vector{105.3, 20.3, 0.3}, {-55.3, 20.3, 0.3}, {0.3, -30.3, 60.3}}) {
-      brush.Polys[0].Append(v);
+      brush.EditPoly(0).Append(v);
     }
-    brush.Rot[kOwnSlot] = brush.WorkRot[kOwnSlot] = {2048, 0, 0};
-    document.AddBrush(brush);
-    return *document.BrushList.Brushes().back();
+    testing::Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {2048, 0, 0}; });
+    return level.BrushList[AddBrush(document, brush)];
   }
 
   void AddEntity(std::int32_t flags, std::uint32_t color) {
-    CEntity& entity = document.Entities.emplace_back();
+    CEntity& entity = level.Entities.emplace_back();
     entity.eStyle = 0;
     entity.eFlags = flags;
     entity.Color = color;
@@ -61,6 +62,8 @@ class Wireframe : public ::testing::Test {
   }
 
   CZANDODoc document;
+  Level& level = testing::Edit(document);
+  EditingState& state = testing::EditState(document);
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
   CZANDOView view{document, settings, desktop};
@@ -96,9 +99,9 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
   CZandoBrush& picked = AddTurnedTriangle();
   CZandoBrush& grouped = AddTurnedTriangle();
   grouped.Color = 0x563412;
-  picked.BMatrix.Translate(10.5, 20.4, 30.3);
-  document.CurrentBrush = &picked;
-  document.ShowBrush = 1;
+  picked.MoveTo({10.5, 20.4, 30.3});
+  state.CurrentBrush = picked.BBid;
+  state.ShowBrush = 1;
   AddEntity(EF_SHOWN, kWhite);
   const std::string others =
       "pen 123456 1; poly 200,130 200,130 140,180; "
@@ -110,18 +113,18 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
       "fill 208,108 4x4 FF0000; fill 208,108 4x4 FF0000; fill 149,157 4x4 FF0000; pen 000000 1; ";
   const std::string origin = "fill 208,128 4x4 FF0000; ";
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + entity + current + origin);
-  document.ShowEntities = 0;
+  state.ShowEntities = 0;
   picked.BFlags = 0;  // a filter takes its outline, not its origin
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + origin);
-  document.ShowBrush = 0;
+  state.ShowBrush = 0;
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others);
 }
 
 TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
   CZandoBrush& picked = AddTurnedTriangle();
   picked.BFlags |= BF_SELECTED;
-  document.CurrentBrush = &picked;
-  document.ShowBrush = 1;
+  state.CurrentBrush = picked.BBid;
+  state.ShowBrush = 1;
   for (const ViewKind kind : {ViewKind::Side, ViewKind::Wireframe}) {
     view.Camera().Position = {0, 0, kind == ViewKind::Side ? 0.0 : -500.0};
     const testing::CRecordingDC& drawn = Draw(kind, 1);
@@ -136,8 +139,9 @@ TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
   for (std::int32_t i = 0; i < MAX_POLY_VERTS; ++i) {
     zigzag.Append({1.0 * i, 10, i % 2 * kNearDepth});  // on the plane is in front
   }
-  AddTurnedTriangle().Polys[0] = zigzag;
-  document.BrushList.Head()->ResetSlot(kOwnSlot);
+  CZandoBrush& brush = AddTurnedTriangle();
+  brush.EditPoly(0) = zigzag;
+  brush.ResetSlot(kOwnSlot);
   const testing::CRecordingDC& drawn = Draw(ViewKind::Wireframe, 1);
   EXPECT_EQ(drawn.Count("line "), 48);
   EXPECT_EQ(drawn.Count("fill "), 48);
@@ -148,8 +152,8 @@ TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
 
 TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
   for (const double far : {1e30, -1e300, 1e308, kInfinity, kNaN}) {
-    document.BrushList.Clear();
-    AddTurnedTriangle().BMatrix.Translate(far, far, far);
+    level.BrushList = {};
+    AddTurnedTriangle().MoveTo({far, far, far});
     for (const ViewKind kind : {ViewKind::Top, ViewKind::Side, ViewKind::Front}) {
       EXPECT_EQ(Draw(kind, 2).Count("fill "), 3);
     }
@@ -161,8 +165,8 @@ TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
 
 TEST_F(Wireframe, SolidKindsShowTheirPictureUnderTheOverlays) {
   AddTurnedTriangle();
-  document.ShowBrush = 1;
-  document.WorkingBrush.SetPolyCount(0);
+  state.ShowBrush = 1;
+  level.WorkingBrush.SetPolyCount(0);
   view.Camera().Position = {0, 0, -100};
   for (const ViewKind kind : {ViewKind::Solid, ViewKind::Texture}) {
     EXPECT_EQ(DrawContent(kind, 1),
@@ -175,9 +179,9 @@ TEST_F(Wireframe, EntitiesAreCrossesThatShrinkWithDistanceAndMirrorFromBehind) {
   AddEntity(EF_SHOWN, kWhite);
   AddEntity(EF_SHOWN | EF_SELECTED, kWhite);
   AddEntity(EF_SHOWN, kWhite);
-  document.Entities[3].eStyle = 1;  // without an origin
-  AddEntity(EF_SELECTED, kWhite);   // not shown
-  document.CurrentEntity = 1;
+  level.Entities[3].eStyle = 1;    // without an origin
+  AddEntity(EF_SELECTED, kWhite);  // not shown
+  state.CurrentEntity = 1;
   struct Row {
     ViewKind kind;
     double zoom, depth, yaw;
@@ -206,7 +210,7 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
     int fine, coarse;  ///< how many lines
     double camera = 0;
   };
-  document.ShowFineGrid = document.ShowCoarseGrid = 1;
+  state.ShowFineGrid = state.ShowCoarseGrid = 1;
   for (const Row& row : {Row{0.1, 64, 0, 12},
                          {1, 20, 0, 4},  // exactly 20 pixels are too narrow
                          {1, 3, 0, 0},   // exactly 30
@@ -222,7 +226,7 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
                          {1e6, 64, 2, 2, -1e300}}) {
     SCOPED_TRACE(::testing::Message() << "zoom " << row.zoom << " grid " << row.grid);
     view.Camera().Position = {row.camera, row.camera, row.camera};
-    document.GridSize = row.grid;
+    state.GridSize = row.grid;
     const testing::CRecordingDC& drawn = Draw(ViewKind::Top, row.zoom);
     EXPECT_EQ(drawn.Count("line "), row.fine + row.coarse + 2);
     EXPECT_EQ(drawn.Count("pen 8C8C8C"), row.fine > 0 ? 1 : 0);
@@ -231,8 +235,8 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
 }
 
 TEST_F(Wireframe, GridLinesStandAtTheirPlacesFineThenCoarseThenAxes) {
-  document.ShowFineGrid = document.ShowCoarseGrid = 1;
-  document.GridSize = 100;
+  state.ShowFineGrid = state.ShowCoarseGrid = 1;
+  state.GridSize = 100;
   view.OnSize(401, 301);
   view.Camera().Position = {1030.5, 7, -1190};
   EXPECT_EQ(Draw(ViewKind::Top, 1).Text,
