@@ -99,7 +99,7 @@ bool CZANDOView::ErasesBackground() const { return !ShowsSurfaces(Kind()); }
 void CZANDOView::OnDraw(CDC& dc) {
   dc.ResetClip();
   camera_.BuildViewMatrix();
-  const ViewDrawing drawing{dc, camera_, Kind(), Zoom(), client_};
+  const ViewDrawing drawing{dc, camera_};
   if (ErasesBackground()) {
     DrawGrid(drawing, document_);
     DrawBrushes(drawing, document_);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -215,8 +217,10 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
                          {1, 20, 0, 4},  // exactly 20 pixels are too narrow
                          {1, 3, 0, 0},   // exactly 30
                          {2, 16, 22, 2},
-                         {100, 0.5, 0, 0},  // no whole spacing
-                         {100, 1.5, 8, 2},  // counted by its whole part
+                         {100, 0.5, 16, 2},
+                         {100, 1.5, 6, 2},
+                         {1, 20.5, 34, 2},
+                         {1, 3.1, 0, 22},
                          {1, 1e300, 2, 2},
                          {0.001, kInfinity, 2, 2},
                          {1, kNaN, 0, 0},
@@ -240,21 +244,42 @@ TEST_F(Wireframe, GridLinesStandAtTheirPlacesFineThenCoarseThenAxes) {
   view.OnSize(401, 301);
   view.Camera().Position = {1030.5, 7, -1190};
   EXPECT_EQ(Draw(ViewKind::Top, 1).Text,
-            "org 200,150; pen 8C8C8C 1; "
+            "org 202,150; pen 8C8C8C 1; "
             "move -230,-150; line -230,150; move -130,-150; line -130,150; "  // x 800, 900
             "move -30,-150; line -30,150; move 69,-150; line 69,150; "        // x 1000, 1100
             "move 169,-150; line 169,150; "                                   // x 1200
-            "move -200,110; line 200,110; move -200,10; line 200,10; "        // z -1300, -1200
-            "move -200,-90; line 200,-90; move -200,-190; line 200,-190; "    // z -1100, -1000
+            "move -202,110; line 202,110; move -202,10; line 202,10; "        // z -1300, -1200
+            "move -202,-90; line 202,-90; move -202,-190; line 202,-190; "    // z -1100, -1000
             "pen 000000 1; pen BEBEBE 1; "
             // The first coarse line is a tenth one toward zero.
             "move -1030,-150; line -1030,150; move -30,-150; line -30,150; "  // x 0, 1000
-            "move -200,-190; line 200,-190; "                                 // z -1000
+            "move -202,-190; line 202,-190; "                                 // z -1000
             "pen 000000 1; pen FAFAFA 1; "
             "move -1030,-32000; line -1030,32000; move -32000,-1190; line 32000,-1190; "
             "pen 000000 1; org 0,0; ");
   EXPECT_EQ(Draw(ViewKind::Wireframe, 1).Text, "");
   EXPECT_TRUE(Draw(ViewKind::Top, 3).Text.ends_with("line 10666,-3570; pen 000000 1; org 0,0; "));
+}
+
+TEST_F(Wireframe, WhatLiesOnTheGridIsDrawnAtThePixelsOfItsLines) {
+  state.ShowFineGrid = 1;
+  for (const double grid : {0.25, 1.5, 16.0, 64.0}) {
+    state.GridSize = grid;
+    for (int i = 0; i < 40; ++i) {
+      const double at = 1000.3 - 77.7 * i;
+      view.OnSize(300 + i, 200 + i / 3);
+      view.Camera().Position = {at, -at, at * 0.5};
+      const std::string& text = Draw(ViewKind::Side, (20.5 + i * 1.3) / grid).Text;
+      ScreenPoint org;
+      ASSERT_EQ(std::sscanf(text.c_str(), "org %d,%d", &org.x, &org.y), 2);
+      for (const int k : {-1, 0, 1}) {
+        const auto near = [&](double place) { return (std::round(place / grid) + k) * grid; };
+        const auto [x, y] = view.Camera().WorldToScreen({0, near(-at), near(at * 0.5)});
+        EXPECT_GE(dc.Count("; line " + std::to_string(x - org.x) + ","), 1) << grid << ' ' << i;
+        EXPECT_GE(dc.Count("," + std::to_string(y - org.y) + "; line "), 1) << grid << ' ' << i;
+      }
+    }
+  }
 }
 
 }  // namespace
