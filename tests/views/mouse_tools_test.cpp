@@ -227,7 +227,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
     CommandId tool;
     ViewKind kind;
     std::string script, outcome;
-    double x = 0;  ///< of the brush before
+    double x = 0;  ///< each coordinate of the brush before
   };
   const std::vector<Case> cases = {
       // Halves are snapped up, to whole units without a grid; what is not moved is left.
@@ -235,10 +235,10 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "grid=16 L 24,0 l", "at 32 0 0"},
       {kMove, kTop, "grid=16 L -24,9 l", "at -16 0 -16"},
       {kMove, kTop, "grid=16 L -25,0 l", "at -32 0 0"},
-      {kMove, kTop, "L 5,0 l", "at 5 0 0", 0.4},
-      {kMove, kTop, "L 5,0 l", "at 6 0 0", 0.5},
-      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0 0", 0.4},
-      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0 0", 0.4},
+      {kMove, kTop, "L 5,0 l", "at 5 0.4 0.4", 0.4},
+      {kMove, kTop, "L 5,0 l", "at 6 0.5 0.5", 0.5},
+      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0.4 0.4", 0.4},
+      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0.4 0.4", 0.4},
       {kMove, kSolid, "step=1024 R -86,-85 r", "turned 1024 0 0"},  // 516 and 510 units
       {kMove, kSolid, "R -2,0 r", "turned 22.7556 0 0"},            // a degree
       // Shift keeps the largest change, and of equal ones that along the last axis.
@@ -256,7 +256,8 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
       {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
-      // An entity is only committed when it was dragged, with whichever button.
+      // Only what was dragged is committed, along the axes of the drag.
+      {kMove, kTop, "grid=16 L 23,0 l", "at 16 0.6 0.6", 0.6},
       {kEntity, kFront, "grid=8 R 5,0 r", ""},
       {kEntity, kFront, "grid=8 R lost r", ""},
       {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 30"},
@@ -269,9 +270,9 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.script);
     brush = fresh;
-    brush.MoveTo({c.x, 0, 0});
+    brush.MoveTo({c.x, c.x, c.x});
     level.Entities[0] = untouched;
-    state.CurrentEntity = c.tool == kEntity ? 0 : -1;
+    state.CurrentEntity = 0;
     state.UseGrid = state.UseRotationSnap = 0;
     document.SetModifiedFlag(false);
     desktop.ShiftDown = false;
@@ -294,16 +295,6 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
     EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
     ExpectNear(brush.WorldOrigin(), brush.Own().Pos, "world");
   }
-}
-
-TEST_F(MouseTools, OnlyWhatADragChangedIsSnapped) {
-  AddEntitiesAt({"10 20 30"});
-  state.CurrentEntity = 0;
-  brush.MoveTo({0.9, 3.3, 4.4});
-  Use(kMove, kTop, kAxisX);
-  Play("grid=16 L 23,50 l");
-  EXPECT_EQ(brush.Own().Pos, (Vector{16, 3.3, 4.4}));
-  EXPECT_EQ(level.Entities[0].GetValue("origin"), "10 20 30");
 }
 
 /// Members of a group at odd places, one that is no member, and the group's centre.
@@ -400,31 +391,132 @@ TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommit
   EXPECT_EQ(siblingWindow.Invalidations, 1);
 }
 
-TEST_F(MouseTools, AnotherToolDoesNotTakeADragOverAndALostBoxIsErased) {
+TEST_F(MouseTools, ADragKeepsTheToolAndTheBrushItBeganWithUntilItsViewGoes) {
+  CZandoBrush& listed = AddBox({10, 0, 0});
   Play("L 5,0");
   state.ToolMode = kScale;
+  state.CurrentBrush = listed.BBid;
   Play("5,0 l");
   EXPECT_EQ(brush.Own().Pos, (Vector{10, 0, 0}));
   EXPECT_EQ(brush.Own().Scl, (Vector{1, 1, 1}));
-  state.ToolMode = kBox;
-  Play("L 5,5 lost l");
-}
-
-TEST_F(MouseTools, DeletingTheBrushThatIsDraggedOrItsViewEndsTheDrag) {
-  SetCurrentBrush(document, AddBox({10, 0, 0}).BBid);
-  state.ToolMode = kMove;
+  EXPECT_EQ(listed.Own().Pos, (Vector{10, 0, 0}));
+  Use(kMove, kTop);
   Play("L 5,0");
   view.OnKeyDown(Key::Delete, held);
-  EXPECT_EQ(level.BrushList.BrushCount(), 0);
+  EXPECT_TRUE(level.BrushList.IsEmpty());
   ExpectAtRest();
   Play("5,0 l");
-  EXPECT_EQ(brush.Own().WorkPos, kZero);
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{10, 0, 0}));
+  Play("L 5,0");
+  view.SetWindow(nullptr);
+  EXPECT_EQ(brush.Own().Pos, (Vector{15, 0, 0}));
+  ExpectAtRest();
+  view.SetWindow(&window);
   {
     CZANDOView closing(document, settings, desktop);
     closing.SetWindow(&window);
     closing.OnButtonDown(Button::Left, {.left = true}, {});
   }
   ExpectAtRest();
+}
+
+TEST_F(GroupTools, ADragThatIsGivenUpOrMovesNothingLeavesEverythingAsItWas) {
+  AddEntitiesAt({"10 20 30", ""});
+  brush.MoveTo({0.3, 0.4, 0.5});
+  view.OnSize(400, 300);
+  for (const std::int32_t groupMode : {0, 1}) {
+    for (const std::int32_t entity : {0, 1, -1}) {
+      for (const CommandId tool : {kCamera, kMove, kScale, kShear, kEntity, kBox}) {
+        for (const ViewKind kind : {kTop, kSide, kFront, kSolid}) {
+          state.GroupMovementMode = groupMode;
+          state.CurrentEntity = entity;
+          Use(tool, kind);
+          document.SetModifiedFlag(false);
+          const Level before = level;
+          const CCamera camera = view.Camera();
+          const auto expectUntouched = [&](const char* what) {
+            EXPECT_TRUE(level == before) << what << " with tool " << tool;
+            EXPECT_FALSE(document.IsModified()) << what << " with tool " << tool;
+            EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
+            EXPECT_EQ(view.Camera().Position, camera.Position);
+            EXPECT_EQ(view.Camera().Yaw, camera.Yaw);
+            EXPECT_EQ(view.Camera().Pitch, camera.Pitch);
+            EXPECT_EQ(view.Zoom(), camera.Zoom());
+          };
+          Play("L l R r L 0,0 R 0,0 r l");
+          expectUntouched("no motion");
+          settings.ActiveAxisMask = 0;
+          if (tool != kCamera) Play("L 9,7 l R 9,7 r L R 9,7 r l");
+          expectUntouched("no axis");
+          settings.ActiveAxisMask = kAllAxes;
+          for (const char* press : {"L", "R"}) {
+            Play(std::string(press) + " 9,7 3,4");
+            view.CancelDrag();
+            ExpectAtRest();
+            expectUntouched("given up");
+            Play("5,5 l r");
+            expectUntouched("released later");
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_F(MouseTools, AFrameFollowsTheMouseSelectsByItsButtonAndGoesWithItsDrag) {
+  CZandoBrush& inside = AddBox({50, 0, 50});
+  Use(kBox, kTop);
+  for (const auto& [from, to] : {std::pair{ScreenPoint{180, 68}, ScreenPoint{282, 140}},
+                                 {{180, 140}, {282, 68}},
+                                 {{282, 140}, {180, 68}}}) {
+    for (const bool left : {true, false}) {
+      at = from;
+      Play(left ? "L" : "R");
+      EXPECT_EQ(window.DragRect, NormalizedRect(at, at));
+      at = to;
+      Play("1,1");
+      EXPECT_EQ(window.DragRect, (ScreenRect{180, 68, 282, 140}));
+      EXPECT_EQ(desktop.CursorHidden, 0);
+      Play(left ? "l" : "r");
+      EXPECT_EQ(inside.IsSelected(), left);
+    }
+  }
+  at = {180, 68};
+  Play("L");
+  at = {282, 140};
+  Play("lost l");
+  EXPECT_FALSE(inside.IsSelected());
+  AddEntitiesAt({"0 0 0"});
+  at = {200, 150};
+  Play("L l");
+  EXPECT_FALSE(level.Entities[0].IsSelected()) << "a frame around nothing";
+}
+
+TEST_F(MouseTools, ClicksPickInTheViewAsItLooksNow) {
+  CZandoBrush& listed = AddBox({50, 0, 50});
+  AddEntitiesAt({"-20 500 0"});
+  state.ShowBrush = 0;
+  for (const ViewKind kind : {kTop, ViewKind::Wireframe}) {
+    view.Camera().Position = kind == kTop ? kZero : Vector{50, 0, -550};
+    Use(ID_TOOL_SELECT_BRUSH, kind);
+    at = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
+    Play("R 5,5 r L R l r L lost l L");  // only the left button picks, and where it is released
+    EXPECT_EQ(desktop.CursorHidden, 0);
+    EXPECT_FALSE(document.BrushPicked());
+    Play("l");
+    EXPECT_EQ(state.CurrentBrush, listed.BBid);
+    EXPECT_EQ(state.ToolMode, kMove);
+    EXPECT_EQ(state.ShowBrush, 1);
+    state.CurrentBrush = kWorkingBrush;
+  }
+  view.Camera().Position = kZero;
+  Use(kEntity, kTop);
+  at = {200, 150};
+  Play("L l");
+  EXPECT_EQ(state.CurrentEntity, -1);
+  Play("R L 7,0 l r");
+  EXPECT_EQ(state.CurrentEntity, 0);
+  EXPECT_EQ(level.Entities[0].GetValue("origin"), "-13 500 0") << "dragged at once";
 }
 
 TEST_F(MouseTools, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
@@ -449,74 +541,6 @@ TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
     other.OnMouseMove({.left = true}, {});
   }
   EXPECT_EQ(brush.Own().WorkPos.x, 6);
-}
-
-TEST_F(MouseTools, ABoxSelectsWhatLiesInItFromWhicheverCornerItIsDrawn) {
-  std::vector<CZandoBrush*> brushes;
-  for (const double x : {50, 130, 60, 20}) brushes.push_back(&AddBox({x, 0, 50}));
-  AddEntitiesAt({"82 999 50", "83 0 50", "50 0 50"});
-  brushes[2]->BFlags = level.Entities[2].eFlags = 0;  // hidden
-  const auto selected = [&] {
-    std::string flags;
-    for (const CZandoBrush* each : brushes) flags += each->IsSelected() ? '1' : '0';
-    for (const CEntity& entity : level.Entities) flags += entity.IsSelected() ? '1' : '0';
-    return flags;
-  };
-  // The view is 400 x 300 around the world's origin: world x -20..82 and z 10..82.
-  const ScreenPoint corners[] = {{180, 68}, {282, 68}, {282, 140}, {180, 140}};
-  const auto drawBox = [&](std::size_t from, const std::string& press, const std::string& release) {
-    at = corners[from];
-    Play(press);
-    EXPECT_EQ(window.DragRect, NormalizedRect(at, at));
-    at = corners[(from + 2) % 4];
-    Play("1,1");
-    EXPECT_EQ(window.DragRect, (ScreenRect{180, 68, 282, 140}));
-    EXPECT_EQ(desktop.CursorHidden, 0);
-    Play(release);
-  };
-  Use(kBox, kTop);
-  // The first brush of the walk must not belong to an entity; later ones may.
-  brushes[3]->BFlags |= BF_ENTITY;
-  for (std::size_t from = 0; from < 4; ++from) {
-    drawBox(from, "L", "l");
-    EXPECT_EQ(selected(), "1001100") << "from corner " << from;
-    drawBox(from, "R", "r");
-    EXPECT_EQ(selected(), "0000000") << "from corner " << from;
-  }
-  brushes[0]->BFlags |= BF_ENTITY;
-  drawBox(0, "L", "l");
-  EXPECT_EQ(selected(), "0001100");
-}
-
-TEST_F(MouseTools, AClickPicksTheSmallestBrushAtItsRelease) {
-  AddBox({50, 0, 50});
-  CZandoBrush& small = AddBox({50, 0, 50});
-  testing::Place(small, [](Placement& own) { own.Scl = {0.25, 0.25, 0.25}; });
-  Use(ID_TOOL_SELECT_BRUSH, kTop);
-  state.ShowBrush = 0;
-  at = {250, 100};
-  Play("R 5,5 r L R l r L");  // only the left button picks
-  EXPECT_EQ(desktop.CursorHidden, 0);
-  EXPECT_EQ(&document.CurrentBrush(), &brush);
-  Play("l");
-  EXPECT_EQ(&document.CurrentBrush(), &small);
-  EXPECT_EQ(state.ToolMode, kMove);
-  EXPECT_EQ(state.ShowBrush, 1);
-}
-
-TEST_F(MouseTools, ARightPressPicksTheNearestEntityWithinAHundredUnits) {
-  AddEntitiesAt({"100 0 0", "-20 500 0", ""});
-  Use(kEntity, kTop);
-  const auto pick = [&](ScreenPoint place) {
-    at = place;
-    Play("R r");
-    return state.CurrentEntity;
-  };
-  EXPECT_EQ(pick({240, 150}), 0) << "as near as the other, and first";
-  EXPECT_EQ(pick({239, 150}), 1);
-  EXPECT_EQ(pick({400, 150}), 0) << "exactly 100 away";
-  state.CurrentEntity = 1;
-  EXPECT_EQ(pick({399, 0}), 1) << "too far from any";
 }
 
 TEST_F(MouseTools, SpaceAndTheMiddleButtonToggleTheCameraUnlessAButtonIsDown) {
