@@ -23,7 +23,7 @@ void DrawFrame(QImage& image, CZANDODoc& document, CCamera& camera, ViewKind kin
   dc.ResetClip();
   camera.BuildViewMatrix();
   camera.BeginDraw(kind, zoom);
-  const ViewDrawing drawing{dc, camera, kind, zoom, kClient};
+  const ViewDrawing drawing{dc, camera};
   DrawGrid(drawing, document);
   DrawBrushes(drawing, document);
   DrawEntities(drawing, document);

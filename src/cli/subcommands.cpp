@@ -50,7 +50,7 @@ void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Pale
     throw CCommandFailure("there is no memory for a picture of this size");
   }
   renderer.Render(camera, document.GetLevel().World,
-                  drawing.kind == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
+                  camera.Kind() == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
   renderer.Present(drawing.dc);
 }
 
@@ -124,9 +124,9 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   const std::unique_ptr<CZANDODoc> document = Load(input);
   const Palette palette = ReadPalette(request.palette, {});
   CCamera camera;
-  const double zoom = FrameLevel(*document, request, camera);
+  FrameLevel(*document, request, camera);
   const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
-    const ViewDrawing drawing{dc, camera, request.kind, zoom, {request.width, request.height}};
+    const ViewDrawing drawing{dc, camera};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
     if (ShowsSurfaces(request.kind)) {

@@ -23,7 +23,7 @@ class View : public ::testing::Test {
  protected:
   View() {
     view.SetWindow(&window);
-    document.Frame = &frame;
+    document.SetFrame(&frame);
   }
 
   CCmdUI Query(CommandId id) {
