@@ -9,15 +9,21 @@
 #include <vector>
 
 #include "app/command_table.h"
+#include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/document_file.h"
+#include "document/group_edits.h"
+#include "document/view_edits.h"
 #include "platform/file_io.h"
+#include "support/edit_level.h"
 #include "support/fake_main_window.h"
 #include "support/made_up_wad.h"
 
 namespace zando {
 namespace {
 
+using testing::Edit;
+using testing::EditState;
 namespace fs = std::filesystem;
 
 class CMemoryStore : public CRecentFileStore {
@@ -54,12 +60,12 @@ class EditorApp : public ::testing::Test {
   /// A saved level of some brushes in the folder.
   fs::path Sample(const std::string& name, int brushes = 1) {
     CZANDODoc level;
-    for (int i = 0; i < brushes; ++i) level.AddToWorld();
+    for (int i = 0; i < brushes; ++i) AddToWorld(level);
     EXPECT_EQ(SaveDocumentFile(level, folder / name), "");
     return folder / name;
   }
   static std::int32_t BrushesIn(const fs::path& path) {
-    return LoadDocumentFile(path).document->BrushCount();
+    return LoadDocumentFile(path).document->GetLevel().BrushList.BrushCount();
   }
 
   std::string Check(CommandId id) {
@@ -260,7 +266,7 @@ TEST_F(EditorApp, TexturesComeWithALevelAndADamagedArchiveIsToldInTheStatusBar) 
     ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive), "");
     desktop.StatusText.clear();
     app->Run(ID_FILE_NEW);
-    EXPECT_EQ(Active().Textures.TextureCount(), c.textures);
+    EXPECT_EQ(Active().Textures().TextureCount(), c.textures);
     EXPECT_EQ(desktop.StatusText, c.told);
     // Opening a browser tells why it is empty.
     desktop.StatusText.clear();
@@ -297,22 +303,22 @@ TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
 
 TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
   CZANDODoc& level = Active();
-  level.AddToWorld();
-  level.Groups.resize(2);
-  level.Groups[1].gName = "Roof";
-  level.BrushList.Head()->BGroup = 1;
-  level.RefreshColors();
+  AddToWorld(level);
+  Edit(level).Groups.resize(2);
+  SetGroupLook(level, 1, {"Roof", 0, true});
+  const CZandoBrush& brush = *level.GetLevel().BrushList.Head();
+  Edit(level).BrushList.Find(0)->BGroup = 1;
   ASSERT_EQ(window.GroupItems.size(), 3U);
   EXPECT_EQ(window.GroupItems[0].group, -1);
   EXPECT_EQ(window.GroupItems[2].group, 1);
   EXPECT_EQ(window.GroupItems[2].name, "Roof");
-  level.SetShowFilter(ID_SHOW_CURRENT_GROUP);
+  SetShowFilter(level, ID_SHOW_CURRENT_GROUP);
   for (const std::int32_t group : {0, 1, -1, 1}) {
     window.Children[0].window->Invalidations = 0;
     app->SelectGroup(group);
-    EXPECT_EQ(level.CurrentGroup, group);
+    EXPECT_EQ(level.State().CurrentGroup, group);
     EXPECT_EQ(window.SelectedGroup, group);
-    EXPECT_EQ(level.BrushList.Head()->IsShown(), group == 1);
+    EXPECT_EQ(brush.IsShown(), group == 1);
     EXPECT_GT(window.Children[0].window->Invalidations, 0);
   }
   app->Run(ID_FILE_NEW);
@@ -322,8 +328,8 @@ TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
 }
 
 TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
-  Active().AddToWorld();
-  CZandoBrush& brush = *Active().BrushList.Head();
+  AddToWorld(Active());
+  CZandoBrush& brush = *Edit(Active()).BrushList.Find(0);
   desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
   for (const CommandId id : {ID_CREATE_GROUP, ID_REMOVE_FROM_GROUP, ID_ADD_TO_GROUP}) {
     EXPECT_EQ(Check(id), "disabled");
@@ -343,26 +349,26 @@ TEST_F(EditorApp, WhatIsBeingDraggedCountsForCommandsAndWhenItCloses) {
   };
   drag();
   app->Run(ID_ADD_TO_WORLD);
-  EXPECT_EQ(Active().BrushList.Brushes().back()->Pos[0].x, 9.0);
+  EXPECT_EQ(Active().GetLevel().BrushList[0].Own().Pos.x, 9.0);
   EXPECT_EQ(desktop.CursorHidden, 0);
   drag();
   desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel};
   EXPECT_FALSE(window.UserCloses(*window.ActiveView()));
-  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 18.0);
+  EXPECT_EQ(Active().GetLevel().WorkingBrush.Own().Pos.x, 18.0);
   drag();
   EXPECT_FALSE(app->MayExit());
 }
 
 TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
   app->Run(ID_USE_GRID);
-  Active().GridSize = 3;
-  Active().StepGrid(CZANDODoc::GridStep::Down);
+  EditState(Active()).GridSize = 3;
+  StepGrid(Active(), GridStep::Down);
   EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
   app->Run(ID_FILE_NEW);
   EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
   window.Activate(*window.Children[0].view);
   EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
-  Active().GridSize = 1e300;
+  EditState(Active()).GridSize = 1e300;
   app->RefreshGrid();
   EXPECT_EQ(window.GridPane, "Gridsize: 2147483647 Snap On");
 }
