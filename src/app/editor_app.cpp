@@ -8,7 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "app/frame_commands.h"
+#include "app/command_target.h"
+#include "app/level_commands.h"
 #include "document/group_edits.h"
 #include "platform/text.h"
 
@@ -48,11 +49,7 @@ std::vector<View*> ViewsOf(const CZANDODoc& document) {
 }  // namespace
 
 CEditorApp::CEditorApp(CMainWindow& window, CDesktop& desktop, CRecentFileStore& recent)
-    : window_(window),
-      desktop_(desktop),
-      recentStore_(recent),
-      frameCommands_(std::make_unique<CFrameCommands>(*this)),
-      applicationCommands_(std::make_unique<CApplicationCommands>(*this)) {}
+    : window_(window), desktop_(desktop), recentStore_(recent) {}
 
 CEditorApp::~CEditorApp() {
   while (!documents_.empty()) CloseViews(*Release(*documents_.back()));
@@ -66,38 +63,42 @@ bool CEditorApp::Start(const std::filesystem::path& file) {
   return true;
 }
 
-std::vector<CCmdTarget*> CEditorApp::Targets() {
-  std::vector<CCmdTarget*> targets;
-  if (CChildView* view = window_.ActiveView()) {
-    targets.push_back(view);
-    // A document that is being closed takes no more commands.
-    const auto level = levels_.find(&view->Document());
-    if (level != levels_.end()) targets.push_back(level->second.commands.get());
+template <typename Ask>
+bool CEditorApp::Offer(Ask&& ask) {
+  CChildView* active = window_.ActiveView();
+  if (auto* view = dynamic_cast<CZANDOView*>(active)) {
+    CTableTarget<CZANDOView> target(*view);
+    if (ask(target)) return true;
   }
-  targets.push_back(frameCommands_.get());
-  targets.push_back(applicationCommands_.get());
-  return targets;
+  // A document that is being closed takes no more commands.
+  if (active != nullptr && levels_.contains(&active->Document())) {
+    ActiveLevel level{active->Document(), settings_, desktop_};
+    CTableTarget<ActiveLevel> target(level);
+    if (ask(target)) return true;
+  }
+  MainFrame frame{*this, window_};
+  CTableTarget<MainFrame> frameTarget(frame);
+  CTableTarget<CEditorApp> own(*this);
+  return ask(frameTarget) || ask(own);
 }
 
 void CEditorApp::Run(CommandId id) {
   // A key may bring a command while a mouse button is down.
   if (CChildView* view = window_.ActiveView()) view->EndDrag();
-  for (CCmdTarget* target : Targets()) {
+  Offer([id](CCmdTarget& target) {
     CCmdUI ui;
-    if (!target->OnUpdateCommandUI(id, ui)) continue;
-    if (ui.IsEnabled()) target->OnCommand(id);
-    return;
-  }
+    if (!target.OnUpdateCommandUI(id, ui)) return false;
+    if (ui.IsEnabled()) target.OnCommand(id);
+    return true;
+  });
 }
 
 CCmdUI CEditorApp::Query(CommandId id) {
-  for (CCmdTarget* target : Targets()) {
-    CCmdUI ui;
-    if (target->OnUpdateCommandUI(id, ui)) return ui;
+  CCmdUI ui;
+  if (!Offer([&](CCmdTarget& target) { return target.OnUpdateCommandUI(id, ui); })) {
+    ui.Enable(false);
   }
-  CCmdUI unknown;
-  unknown.Enable(false);
-  return unknown;
+  return ui;
 }
 
 CZANDODoc* CEditorApp::ActiveDocument() const {
@@ -109,7 +110,6 @@ CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStam
   CZANDODoc& adopted = *document;
   documents_.push_back(std::move(document));
   OpenLevel& level = levels_[&adopted];
-  level.commands = std::make_unique<CDocumentCommands>(adopted, settings_, desktop_);
   level.stamp = stamp;
   adopted.SetFrame(this);
   LoadTextures(adopted);

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "app/document_commands.h"
 #include "app/file_stamp.h"
 #include "app/main_window.h"
 #include "document/editor_settings.h"
@@ -30,6 +29,14 @@ class CRecentFileStore {
 
   [[nodiscard]] virtual std::vector<std::filesystem::path> Load() = 0;
   virtual void Save(const std::vector<std::filesystem::path>& files) = 0;
+};
+
+class CEditorApp;
+
+/// What the commands of the frame work on.
+struct MainFrame {
+  CEditorApp& app;
+  CMainWindow& window;
 };
 
 /// The program: settings, open documents, the road of a command from the active view to its
@@ -85,38 +92,55 @@ class CEditorApp : public CFrameDisplay {
   void RefreshGroups() override;
   void RefreshGrid() override;
 
- private:
-  class CFrameCommands;
-  class CApplicationCommands;
+  // ---- what the commands of the frame and the application do
 
+  /// The level of the active view, or null.
+  [[nodiscard]] CZANDODoc* ActiveDocument() const;
+
+  void OpenView(CZANDODoc& document);
+  void OpenTextureBrowser(CZANDODoc& document);
+
+  /// Minimizes the views that the level has and tiles four new ones.
+  void OpenFourViews(CZANDODoc& document);
+
+  void NewDocument();
+  void AskAndOpen();
+
+  /// The newest is the first. Opening one that is no longer there takes it out.
+  [[nodiscard]] const std::vector<std::filesystem::path>& RecentFiles() const {
+    return recentFiles_;
+  }
+  void OpenRecentFile(std::size_t index);
+
+  /// False when the user cancelled, or when it failed and the user has been told.
+  bool Save(CZANDODoc& document);
+  bool SaveAs(CZANDODoc& document);
+
+  /// Closes all windows of a level, once its changes are saved or given up.
+  void CloseDocument(CZANDODoc& document);
+
+  void ShowAbout() { window_.ShowAbout(); }
+  void Exit() { window_.Close(); }
+
+ private:
   /// What the application keeps beside a document.
   struct OpenLevel {
-    std::unique_ptr<CDocumentCommands> commands;
     std::string untitledName;  ///< proposed until the level has a file
     FileStamp stamp;           ///< of the file as we read or wrote it last
   };
 
-  std::vector<CCmdTarget*> Targets();
-  [[nodiscard]] CZANDODoc* ActiveDocument() const;
+  template <typename Ask>
+  bool Offer(Ask&& ask);
   [[nodiscard]] CZANDODoc* FindByPath(const std::filesystem::path& path) const;
   OpenLevel& LevelOf(const CZANDODoc& document) { return levels_.at(&document); }
 
   CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);
   void Activate(CZANDODoc& document);
   void LoadTextures(CZANDODoc& document);
-  void OpenView(CZANDODoc& document);
-  void OpenTextureBrowser(CZANDODoc& document);
-  void OpenFourViews(CZANDODoc& document);
 
-  void NewDocument();
-  void AskAndOpen();
-  void OpenRecentFile(std::size_t index);
-  bool Save(CZANDODoc& document);
-  bool SaveAs(CZANDODoc& document);
   bool WriteTo(CZANDODoc& document, const std::filesystem::path& path);
   bool MayOverwrite(const CZANDODoc& document);
   bool AskSaveChanges(CZANDODoc& document);
-  void CloseDocument(CZANDODoc& document);
   std::unique_ptr<CZANDODoc> Release(const CZANDODoc& document);
   void CloseViews(CZANDODoc& document);
 
@@ -132,8 +156,6 @@ class CEditorApp : public CFrameDisplay {
   std::map<const CZANDODoc*, OpenLevel> levels_;
   std::vector<std::filesystem::path> recentFiles_;
   int untitledCount_ = 0;
-  std::unique_ptr<CFrameCommands> frameCommands_;
-  std::unique_ptr<CApplicationCommands> applicationCommands_;
 };
 
 }  // namespace zando

@@ -60,8 +60,11 @@ class CZANDOView : public CChildView {
   /// the group list filled anew.
   void OnActivate(Activation activation) override;
 
-  bool OnCommand(CommandId id) override;
-  bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
+  /// Turns what the brush tools act on by 90 degrees about the axis that the view looks along.
+  void Rotate90();
+
+  /// Allows changes along an axis, one of kAxisX and the others, or no longer.
+  void ToggleAxis(std::uint32_t axis);
 
   enum class MouseButton { Left, Middle, Right };
   /// Positions are in client pixels; flags are the buttons held after the event.
@@ -93,8 +96,6 @@ class CZANDOView : public CChildView {
   void EndToolDrag();
   void SelectInBox(ScreenPoint corner, Selection selection);
   void DeleteCurrent();
-  void Rotate90();
-  void ToggleAxis(std::uint32_t axis);
   void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
   void SetFrameTitle();
   [[nodiscard]] Commit CommitNow() const;

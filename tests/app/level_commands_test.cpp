@@ -1,4 +1,4 @@
-#include "app/document_commands.h"
+#include "app/level_commands.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/command_table.h"
+#include "app/command_target.h"
 #include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/entity_edits.h"
@@ -35,7 +35,8 @@ struct Bench {
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
   CRecorder recorder;
-  CDocumentCommands commands{level, settings, desktop};
+  ActiveLevel target{level, settings, desktop};
+  CTableTarget<ActiveLevel> commands{target};
 
   Bench() {
     level.AddView(recorder);
@@ -65,7 +66,7 @@ struct Bench {
   }
 };
 
-TEST(DocumentCommands, WhatHasNothingToWorkOnIsDisabled) {
+TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabled) {
   Bench bench;
   bench.Fill();
   for (const CommandId id :
@@ -77,7 +78,7 @@ TEST(DocumentCommands, WhatHasNothingToWorkOnIsDisabled) {
   EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
 }
 
-TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
+TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   struct Case {
     CommandId id;
     std::string course;  ///< state before, who is told, state after
@@ -116,7 +117,7 @@ TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   }
 }
 
-TEST(DocumentCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
+TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
   const std::vector<std::vector<CommandId>> choices{
       {ID_TOOL_CAMERA, ID_TOOL_MOVE_ROTATE_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SHEAR_BRUSH,
        ID_TOOL_MOVE_SELECT_ENTITY, ID_TOOL_SELECT_GROUP, ID_TOOL_SELECT_BRUSH},
@@ -132,7 +133,7 @@ TEST(DocumentCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
   }
 }
 
-TEST(DocumentCommands, StepsThroughTheListStayAtItsEnds) {
+TEST(LevelCommands, StepsThroughTheListStayAtItsEnds) {
   Bench bench;
   bench.Prepare();
   for (const auto& [id, current] : {std::pair{ID_PREVIOUS_BRUSH, 0},
@@ -151,7 +152,7 @@ TEST(DocumentCommands, StepsThroughTheListStayAtItsEnds) {
   EXPECT_TRUE(working.IsShown()) << "no filter could bring it back";
 }
 
-TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
+TEST(LevelCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   Bench bench;
   bench.Prepare();
   const CZandoBrush& picked = bench.level.CurrentBrush();
@@ -167,7 +168,7 @@ TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   EXPECT_EQ(bench.level.GetLevel().WorkingBrush.Polys()[0][0], corner);
 }
 
-TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
+TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   const std::filesystem::path file =
       ::testing::TempDir() + "zando.export." + std::to_string(::getpid());
   Bench bench;
