@@ -38,17 +38,26 @@ std::string CEditorApp::NameOf(const CZANDODoc& document) const {
 }
 
 void CEditorApp::NewDocument() {
-  const std::string name = "ZANDO" + std::to_string(++untitledCount_);
-  CZANDODoc& document = Adopt(std::make_unique<CZANDODoc>(), {});
-  LevelOf(document).untitledName = name;
+  OpenLevel level{.untitledName = "ZANDO" + std::to_string(untitledCount_ + 1), .stamp = {}};
+  Adopt(std::make_unique<CZANDODoc>(), std::move(level));
+  ++untitledCount_;
 }
 
 void CEditorApp::AskAndOpen() {
   const auto path = desktop_.ChooseFile(LevelRequest(FileRequest::Kind::Open, "Open"));
-  if (path) OpenDocument(*path);
+  if (path) Open(*path);
 }
 
 bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
+  bool opened = false;
+  guard_.Attempt("Open", [&] {
+    desktop_.ClearFailure();
+    opened = Open(path);
+  });
+  return opened;
+}
+
+bool CEditorApp::Open(const std::filesystem::path& path) {
   const auto absolute = AbsolutePath(path);
   if (CZANDODoc* open = FindByPath(absolute)) {
     Activate(*open);
@@ -62,7 +71,7 @@ bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
     desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.error));
     return false;
   }
-  Adopt(std::move(loaded.document), stamp);
+  Adopt(std::move(loaded.document), {.untitledName = {}, .stamp = stamp});
   NoteRecentFile(absolute);
   return true;
 }
@@ -128,7 +137,7 @@ void CEditorApp::OpenRecentFile(std::size_t index) {
   const auto path = recentFiles_[index];
   std::error_code error;
   if (FindByPath(path) != nullptr || std::filesystem::exists(path, error) || error) {
-    OpenDocument(path);
+    Open(path);
     return;
   }
   recentFiles_.erase(recentFiles_.begin() + static_cast<std::ptrdiff_t>(index));

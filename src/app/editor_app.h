@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/file_stamp.h"
+#include "app/guard.h"
 #include "app/main_window.h"
 #include "document/editor_settings.h"
 #include "document/zando_doc.h"
@@ -58,7 +59,12 @@ class CEditorApp : public CFrameDisplay {
     return documents_;
   }
 
-  /// Carries out a command; nothing happens when no target knows it or it is disabled.
+  /// What the windows hand on to anything but this object goes through here: to views and dialogs.
+  /// The operations of this object that windows call do so themselves.
+  [[nodiscard]] CGuard& Guard() { return guard_; }
+
+  /// Carries out a command; nothing happens when no target knows it or it is disabled. What the
+  /// last one had to say of a failure is taken back.
   void Run(CommandId id);
 
   /// How a command shows now. A command that no target knows is disabled.
@@ -69,7 +75,7 @@ class CEditorApp : public CFrameDisplay {
   bool OpenDocument(const std::filesystem::path& path);
 
   /// Whether the view's window may be closed: asks for unsaved changes when it is the last one of
-  /// its document, and saves when the user wants that.
+  /// its document, and saves when the user wants that. Not when anything of this fails.
   [[nodiscard]] bool MayClose(CChildView& view);
 
   /// The same for all documents, before the program ends.
@@ -134,15 +140,18 @@ class CEditorApp : public CFrameDisplay {
   [[nodiscard]] CZANDODoc* FindByPath(const std::filesystem::path& path) const;
   OpenLevel& LevelOf(const CZANDODoc& document) { return levels_.at(&document); }
 
-  CZANDODoc& Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp);
+  /// Opens it in a window; without one, when that fails, it is not open.
+  void Adopt(std::unique_ptr<CZANDODoc> document, OpenLevel level);
   void Activate(CZANDODoc& document);
   void LoadTextures(CZANDODoc& document);
+
+  /// OpenDocument without the guard.
+  bool Open(const std::filesystem::path& path);
 
   bool WriteTo(CZANDODoc& document, const std::filesystem::path& path);
   bool MayOverwrite(const CZANDODoc& document);
   bool AskSaveChanges(CZANDODoc& document);
   std::unique_ptr<CZANDODoc> Release(const CZANDODoc& document);
-  void CloseViews(CZANDODoc& document);
 
   void LoadRecentFiles();
   void NoteRecentFile(const std::filesystem::path& path);
@@ -151,6 +160,7 @@ class CEditorApp : public CFrameDisplay {
   CMainWindow& window_;
   CDesktop& desktop_;
   CRecentFileStore& recentStore_;
+  CGuard guard_{desktop_};
   CEditorSettings settings_;
   std::vector<std::unique_ptr<CZANDODoc>> documents_;
   std::map<const CZANDODoc*, OpenLevel> levels_;

@@ -1,14 +1,13 @@
 #include "app/editor_app.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "app/command_table.h"
+#include "app/editor_app_fixture.h"
 #include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/document_file.h"
@@ -16,7 +15,6 @@
 #include "document/view_edits.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
-#include "support/fake_main_window.h"
 #include "support/made_up_wad.h"
 
 namespace zando {
@@ -26,59 +24,7 @@ using testing::Edit;
 using testing::EditState;
 namespace fs = std::filesystem;
 
-class CMemoryStore : public CRecentFileStore {
- public:
-  std::vector<fs::path> files;
-  std::vector<fs::path> Load() override { return files; }
-  void Save(const std::vector<fs::path>& saved) override { files = saved; }
-};
-
-class EditorApp : public ::testing::Test {
- protected:
-  EditorApp() {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    Restart();
-  }
-  ~EditorApp() override {
-    app.reset();
-    EXPECT_TRUE(window.Children.empty());
-    fs::remove_all(folder);
-  }
-
-  /// A program that has just begun, with the same files and recent files.
-  void Restart(const fs::path& file = {}) {
-    app.reset();
-    app = std::make_unique<CEditorApp>(window, desktop, store);
-    window.App = app.get();
-    ASSERT_TRUE(app->Start(file));
-  }
-
-  CZANDODoc& Active() { return window.ActiveView()->Document(); }
-  bool UserCloses(std::size_t child) { return window.UserCloses(*window.Children[child].view); }
-
-  /// A saved level of some brushes in the folder.
-  fs::path Sample(const std::string& name, int brushes = 1) {
-    CZANDODoc level;
-    for (int i = 0; i < brushes; ++i) AddToWorld(level);
-    EXPECT_EQ(SaveDocumentFile(level, folder / name), "");
-    return folder / name;
-  }
-  static std::int32_t BrushesIn(const fs::path& path) {
-    return LoadDocumentFile(path).document->GetLevel().BrushList.BrushCount();
-  }
-
-  std::string Check(CommandId id) {
-    const CCmdUI ui = app->Query(id);
-    return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
-  }
-
-  fs::path folder = ::testing::TempDir() + "zando_app_test_" + std::to_string(::getpid());
-  testing::CFakeMainWindow window;
-  testing::CScriptedDesktop desktop;
-  CMemoryStore store;
-  std::unique_ptr<CEditorApp> app;
-};
+using EditorApp = testing::EditorAppTest;
 
 TEST_F(EditorApp, ASavedLevelComesBackAsItWas) {
   EXPECT_FALSE(Active().IsModified());
@@ -123,7 +69,7 @@ TEST_F(EditorApp, ClosingAChangedLevelHonoursTheAnswer) {
       EXPECT_EQ(closed, c.closed) << way;
       EXPECT_TRUE(desktop.SaveAnswers.empty());
       EXPECT_EQ(BrushesIn(path), c.brushes);
-      EXPECT_EQ(desktop.StatusText.starts_with("Cannot save "), !c.saveWorks);
+      EXPECT_EQ(desktop.Failure.starts_with("Cannot save "), !c.saveWorks);
       EXPECT_TRUE(closed || Active().IsModified());
     }
   }
@@ -179,6 +125,27 @@ TEST_F(EditorApp, AnOpenFileIsActivatedAndNoOtherLevelIsSavedOverIt) {
   app->Run(ID_FILE_SAVE_AS);
   EXPECT_TRUE(desktop.Calls.back().starts_with("message ")) << desktop.Calls.back();
   EXPECT_TRUE(Active().GetPathName().empty());
+}
+
+TEST_F(EditorApp, ChoosersStartBesideTheActiveLevelOrInTheFolderLastUsed) {
+  const auto proposed = [this](CommandId id) {
+    desktop.Files = {std::nullopt};
+    app->Run(id);
+    return desktop.FileRequests.back().proposal;
+  };
+  EXPECT_EQ(proposed(ID_FILE_OPEN), "");
+  for (const char* name : {"a", "b"}) {
+    fs::create_directories(folder / name);
+    EXPECT_TRUE(app->OpenDocument(Sample(name + std::string("/1.3dz"))));
+  }
+  window.Activate(*window.Children[1].view);
+  EXPECT_EQ(proposed(ID_FILE_OPEN), folder / "a");
+  app->Run(ID_FILE_NEW);
+  EXPECT_EQ(proposed(ID_FILE_OPEN), folder / "b");
+  EXPECT_EQ(proposed(ID_FILE_SAVE_AS), folder / "b" / "ZANDO2");
+  fs::remove_all(folder / "b");
+  EXPECT_EQ(proposed(ID_FILE_OPEN), "");
+  EXPECT_EQ(proposed(ID_FILE_SAVE_AS), "ZANDO2");
 }
 
 TEST_F(EditorApp, RecentFilesAreTheLastFourNewestFirstAndMissingOnesAreDropped) {
