@@ -20,6 +20,12 @@ FileRequest LevelRequest(FileRequest::Kind kind, std::string title) {
   return request;
 }
 
+/// The folder, or nothing when it is not there.
+std::filesystem::path ExistingFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  return std::filesystem::is_directory(folder, error) ? folder : std::filesystem::path();
+}
+
 }  // namespace
 
 CZANDODoc* CEditorApp::FindByPath(const std::filesystem::path& path) const {
@@ -44,8 +50,18 @@ void CEditorApp::NewDocument() {
 }
 
 void CEditorApp::AskAndOpen() {
-  const auto path = desktop_.ChooseFile(LevelRequest(FileRequest::Kind::Open, "Open"));
+  FileRequest request = LevelRequest(FileRequest::Kind::Open, "Open");
+  const CZANDODoc* active = ActiveDocument();
+  const bool hasFile = active != nullptr && !active->GetPathName().empty();
+  request.proposal =
+      hasFile ? ExistingFolder(active->GetPathName().parent_path()) : LastUsedFolder();
+  const auto path = desktop_.ChooseFile(request);
   if (path) Open(*path);
+}
+
+std::filesystem::path CEditorApp::LastUsedFolder() const {
+  return recentFiles_.empty() ? std::filesystem::path()
+                              : ExistingFolder(recentFiles_.front().parent_path());
 }
 
 bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
@@ -84,7 +100,9 @@ bool CEditorApp::Save(CZANDODoc& document) {
 bool CEditorApp::SaveAs(CZANDODoc& document) {
   FileRequest request = LevelRequest(FileRequest::Kind::Save, "Save As");
   request.proposal = document.GetPathName();
-  if (request.proposal.empty()) request.proposal = LevelOf(document).untitledName;
+  if (request.proposal.empty()) {
+    request.proposal = LastUsedFolder() / LevelOf(document).untitledName;
+  }
   const auto chosen = desktop_.ChooseFile(request);
   if (!chosen) return false;
   const auto path = AbsolutePath(*chosen);

@@ -148,6 +148,8 @@ class CEditorApp : public CFrameDisplay {
   /// OpenDocument without the guard.
   bool Open(const std::filesystem::path& path);
 
+  /// Where the newest recent file lies; empty when that is not known or no longer there.
+  [[nodiscard]] std::filesystem::path LastUsedFolder() const;
   bool WriteTo(CZANDODoc& document, const std::filesystem::path& path);
   bool MayOverwrite(const CZANDODoc& document);
   bool AskSaveChanges(CZANDODoc& document);

@@ -11,6 +11,16 @@
 #include "platform/text.h"
 
 namespace zando {
+namespace {
+
+/// The level's own path with another extension; empty while it has none.
+std::filesystem::path MapNameOf(const CZANDODoc& document) {
+  std::filesystem::path name = document.GetPathName();
+  if (!name.empty()) name.replace_extension("map");
+  return name;
+}
+
+}  // namespace
 
 void CreateCube(ActiveLevel& level) {
   const auto box = CCreateBoxDlg(level.document.State().LastBox).Run(level.desktop);
@@ -26,20 +36,21 @@ void CreateGroup(ActiveLevel& level) {
 
 void ExportToMap(ActiveLevel& level) {
   level.document.UpdateAllViews(nullptr);
-  const FileRequest request{
-      .kind = FileRequest::Kind::Save,
-      .title = "Export to Quake (MAP)",
-      .extension = "MAP",
-      .filter = "Map Files (*.map)|*.map|All Files (*.*)|*.*||",
-      .proposal = std::filesystem::path(level.document.GetPathName()).replace_extension()};
+  const FileRequest request{.kind = FileRequest::Kind::Save,
+                            .title = "Export to Quake (MAP)",
+                            .extension = "map",
+                            .filter = "Map Files (*.map)|*.map|All Files (*.*)|*.*||",
+                            .proposal = MapNameOf(level.document)};
   const auto path = level.desktop.ChooseFile(request);
   if (!path) return;
   MapExportReport report;
   const std::string error =
       ExportMap(level.document.GetLevel(), *path, level.settings.WadPath.string(), &report);
-  level.desktop.SetStatusText(error.empty()
-                                  ? FileNameText(*path) + ": " + DescribeExport(report)
-                                  : "Cannot write " + PathText(*path) + ": " + ToLatin1(error));
+  if (error.empty()) {
+    level.desktop.SetStatusText(FileNameText(*path) + ": " + DescribeExport(report));
+  } else {
+    level.desktop.SetStatusText("Cannot write " + PathText(*path) + ": " + ToLatin1(error));
+  }
 }
 
 }  // namespace zando

@@ -177,14 +177,14 @@ TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   bench.level.SetPathName("/levels.d/d\xC3\xBCne.3dz");
   bench.desktop.Files = {std::nullopt, file, "/missing/d\xC3\xBCne.map"};
   bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne");
-  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "MAP");
+  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne.map");
+  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "map");
   EXPECT_EQ(bench.desktop.StatusText, "");
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_EQ(bench.desktop.StatusText, file.filename().string() + ": 2 brushes written");
   EXPECT_NE(ReadWholeFile(file).bytes.value_or("").find("worldspawn"), std::string::npos);
   bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_TRUE(bench.desktop.StatusText.starts_with("Cannot write /missing/d\xFCne.map: "));
+  EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());
   std::filesystem::remove(file);
 }
