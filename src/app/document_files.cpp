@@ -121,7 +121,7 @@ bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path)
   if (!own.empty() && IsSameFile(own, path) && !MayOverwrite(document)) return false;
   const std::string error = SaveDocumentFile(document, path);
   if (!error.empty()) {
-    desktop_.SetStatusText("Cannot save " + PathText(path) + ": " + ToLatin1(error));
+    desktop_.ShowFailure("Cannot save " + PathText(path) + ": " + ToLatin1(error));
     return false;
   }
   LevelOf(document).stamp = StampOf(path);

@@ -49,7 +49,7 @@ void ExportToMap(ActiveLevel& level) {
   if (error.empty()) {
     level.desktop.SetStatusText(FileNameText(*path) + ": " + DescribeExport(report));
   } else {
-    level.desktop.SetStatusText("Cannot write " + PathText(*path) + ": " + ToLatin1(error));
+    level.desktop.ShowFailure("Cannot write " + PathText(*path) + ": " + ToLatin1(error));
   }
 }
 
