@@ -70,10 +70,10 @@ void ExportToMap(const Workplace& at) {
   const auto path = at.desktop.ChooseFile(request);
   if (!path) return;
   MapExportReport report;
-  const std::string error = ExportMap(at.document, *path, at.settings.WadPath.string(), &report);
-  at.desktop.SetStatusText(error.empty()
-                               ? DescribeExport(report, FileNameText(*path))
-                               : "Cannot write " + PathText(*path) + ": " + ToLatin1(error));
+  const auto written = ExportMap(at.document, *path, at.settings.WadPath.string(), &report);
+  at.desktop.SetStatusText(written ? DescribeExport(report, FileNameText(*path))
+                                   : "Cannot write " + PathText(*path) + ": " +
+                                         ToLatin1(written.Error()));
 }
 
 template <std::int32_t Tool>

@@ -8,9 +8,9 @@
 namespace zando {
 
 std::string ReadInput(const std::filesystem::path& path) {
-  FileContents file = ReadWholeFile(path);
-  if (!file.bytes) throw CCommandFailure(path, file.error);
-  return std::move(*file.bytes);
+  auto bytes = ReadWholeFile(path);
+  if (!bytes) throw CCommandFailure(path, bytes.Error());
+  return *std::move(bytes);
 }
 
 Palette ReadPalette(const std::optional<std::filesystem::path>& path,

@@ -24,9 +24,9 @@ namespace {
 namespace fs = std::filesystem;
 
 std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
-  LoadedDocument loaded = LoadDocumentFile(path);
-  if (!loaded.document) throw CCommandFailure(path, loaded.error);
-  return std::move(loaded.document);
+  auto loaded = LoadDocumentFile(path);
+  if (!loaded) throw CCommandFailure(path, loaded.Error());
+  return std::move(loaded->document);
 }
 
 /// A slip in the name of a map, a picture or a level must not cost what it is made from.
@@ -37,9 +37,9 @@ void RefuseInput(const fs::path& input, const fs::path& output) {
   }
 }
 
-void Save(CZANDODoc& document, const fs::path& path) {
-  const std::string error = SaveDocumentFile(document, path);
-  if (!error.empty()) throw CCommandFailure(path, error);
+/// What was done with an output file must have been done.
+void Require(const CResult<void>& done, const fs::path& output) {
+  if (!done) throw CCommandFailure(output, done.Error());
 }
 
 /// The world's polygons under the entities, as a solid or texture view shows them.
@@ -82,7 +82,7 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
                   WaterBrushes water, std::ostream& out) {
   const std::unique_ptr<CZANDODoc> document = Load(input);
   RebuildWorld(document->World, kind, water);
-  Save(*document, output);
+  Require(SaveDocumentFile(*document, output), output);
   out << output.string() << ": " << DescribeWorld(document->World) << '\n';
 }
 
@@ -91,8 +91,7 @@ void ExportLevel(const fs::path& input, const fs::path& output, const std::strin
   RefuseInput(input, output);
   const std::unique_ptr<CZANDODoc> document = Load(input);
   MapExportReport report;
-  const std::string error = ExportMap(*document, output, wad, &report);
-  if (!error.empty()) throw CCommandFailure(output, error);
+  Require(ExportMap(*document, output, wad, &report), output);
   out << output.string() << ": " << DescribeExport(report) << '\n';
 }
 
@@ -105,7 +104,7 @@ void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& ou
     ExportLevel(input, output, kDefaultWad, out);
     return;
   }
-  Save(*Load(input), output);
+  Require(SaveDocumentFile(*Load(input), output), output);
 }
 
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
@@ -118,10 +117,9 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
   const ScriptResult result = RunScript(*document, text, script.string());
   if (!result.error.empty()) throw CCommandFailure(result.error);
   for (const PendingFile& file : result.files) {
-    const std::string error = WriteFileAtomically(file.path, file.bytes);
-    if (!error.empty()) throw CCommandFailure(file.path, error);
+    Require(WriteFileAtomically(file.path, file.bytes), file.path);
   }
-  Save(*document, output);
+  Require(SaveDocumentFile(*document, output), output);
   for (const std::string& note : result.notes) out << note << '\n';
 }
 
@@ -147,8 +145,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     if (document->ShowEntities != 0) DrawEntities(drawing, *document);
   });
   if (!image.bytes) throw CCommandFailure(output, image.error);
-  const std::string error = WriteFileAtomically(output, *image.bytes);
-  if (!error.empty()) throw CCommandFailure(output, error);
+  Require(WriteFileAtomically(output, *image.bytes), output);
   out << output.string() << ": " << request.width << 'x' << request.height << " pixels\n";
 }
 

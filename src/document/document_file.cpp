@@ -41,16 +41,16 @@ void Serialise(CFileContext& file, CZANDODoc& document) {
   document.SetModifiedFlag(false);
 }
 
-LoadedDocument ReadDocument(std::string_view text) {
+CResult<LoadedDocument> ReadDocument(std::string_view text) {
   try {
     auto document = std::make_unique<CZANDODoc>();
     CFileContext file(text);
     Serialise(file, *document);
-    return {std::move(document), {}};
+    return LoadedDocument{std::move(document)};
   } catch (const CFileError& error) {
-    return {nullptr, error.what()};
+    return Failure{error.what()};
   } catch (const std::bad_alloc&) {
-    return {nullptr, "there is not enough memory to hold the level"};
+    return Failure{"there is not enough memory to hold the level"};
   }
 }
 
@@ -62,20 +62,20 @@ std::string WriteDocument(const CZANDODoc& document) {
   return file.TakeOutput();
 }
 
-LoadedDocument LoadDocumentFile(const std::filesystem::path& path) {
-  const FileContents contents = ReadWholeFile(path);
-  if (!contents.bytes) return {nullptr, contents.error};
-  LoadedDocument loaded = ReadDocument(*contents.bytes);
-  if (loaded.document) loaded.document->SetPathName(path);
+CResult<LoadedDocument> LoadDocumentFile(const std::filesystem::path& path) {
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) return Failure{bytes.Error()};
+  auto loaded = ReadDocument(*bytes);
+  if (loaded) loaded->document->SetPathName(path);
   return loaded;
 }
 
-std::string SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
-  std::string error = WriteFileAtomically(path, WriteDocument(document));
-  if (!error.empty()) return error;
+CResult<void> SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
+  auto saved = WriteFileAtomically(path, WriteDocument(document));
+  if (!saved) return saved;
   document.SetPathName(path);
   document.SetModifiedFlag(false);
-  return error;
+  return saved;
 }
 
 }  // namespace zando

@@ -211,8 +211,8 @@ std::string WriteMap(CZANDODoc& document, std::string_view wadPath, MapExportRep
   return std::move(writer.text);
 }
 
-std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
-                      std::string_view wadPath, MapExportReport* report) {
+CResult<void> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                        std::string_view wadPath, MapExportReport* report) {
   return WriteFileAtomically(path, WriteMap(document, wadPath, report));
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "document/zando_doc.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -24,9 +25,8 @@ struct MapExportReport {
 [[nodiscard]] std::string WriteMap(CZANDODoc& document, std::string_view wadPath,
                                    MapExportReport* report = nullptr);
 
-/// WriteMap into a file, replaced atomically. Returns the empty string, or one line that says what
-/// failed.
-[[nodiscard]] std::string ExportMap(CZANDODoc& document, const std::filesystem::path& path,
-                                    std::string_view wadPath, MapExportReport* report = nullptr);
+/// WriteMap into a file, replaced atomically.
+[[nodiscard]] CResult<void> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                                      std::string_view wadPath, MapExportReport* report = nullptr);
 
 }  // namespace zando

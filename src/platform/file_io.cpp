@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <new>
 #include <system_error>
-#include <utility>
 
 namespace zando {
 namespace {
@@ -19,8 +18,8 @@ constexpr int kMostLinks = 40;
 constexpr int kMostNames = 100;
 constexpr mode_t kPermissions = 07777;
 
-std::string SystemError(int error) { return std::generic_category().message(error); }
-std::string LastError() { return SystemError(errno); }
+Failure SystemError(int error) { return {std::generic_category().message(error)}; }
+Failure LastError() { return SystemError(errno); }
 
 /// Calls again what a signal has interrupted.
 template <typename Call>
@@ -55,10 +54,11 @@ CFileHandle Open(const std::filesystem::path& path, int flags, mode_t mode = 0) 
   return CFileHandle(Retry([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-/// Why something of this kind is no file to read or to replace, or the empty string.
-std::string RefusedKind(mode_t mode) {
+/// Whether something of this kind is a file to read or to replace.
+CResult<void> CheckKind(mode_t mode) {
   if (S_ISDIR(mode)) return SystemError(EISDIR);
-  return S_ISREG(mode) ? std::string() : "not an ordinary file";
+  if (!S_ISREG(mode)) return Failure{"not an ordinary file"};
+  return {};
 }
 
 /// Appends what is left of the file, however long it says it is.
@@ -107,14 +107,15 @@ std::filesystem::path TemporaryName(const std::filesystem::path& folder, int att
   return folder / (".zando-" + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp");
 }
 
-/// Fills and flushes the temporary file. Returns an error line or the empty string.
-std::string FillFile(CFileHandle& file, std::string_view bytes, const struct stat* replaced) {
+/// Fills and flushes the temporary file.
+CResult<void> FillFile(CFileHandle& file, std::string_view bytes, const struct stat* replaced) {
   if (replaced != nullptr && ::fchmod(file.Get(), replaced->st_mode & kPermissions) != 0) {
     return LastError();
   }
   if (!WriteAll(file.Get(), bytes)) return LastError();
   if (Retry([&] { return ::fsync(file.Get()); }) != 0) return LastError();
-  return file.Close() ? std::string() : LastError();
+  if (!file.Close()) return LastError();
+  return {};
 }
 
 /// Makes the new name last through a power cut. Not every file system can; the file is safe anyway.
@@ -123,52 +124,53 @@ void FlushFolder(const std::filesystem::path& folder) {
   if (handle.IsOpen()) ::fsync(handle.Get());
 }
 
-std::string ReplaceFile(const std::filesystem::path& path, std::string_view bytes,
-                        const struct stat* replaced) {
+CResult<void> ReplaceFile(const std::filesystem::path& path, std::string_view bytes,
+                          const struct stat* replaced) {
   const std::filesystem::path folder = FolderOf(path);
   for (int attempt = 0; attempt < kMostNames; ++attempt) {
     const std::filesystem::path temporary = TemporaryName(folder, attempt);
     CFileHandle file = Open(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
     if (!file.IsOpen() && errno == EEXIST) continue;
     if (!file.IsOpen()) return LastError();
-    std::string error = FillFile(file, bytes, replaced);
-    if (error.empty() && std::rename(temporary.c_str(), path.c_str()) != 0) error = LastError();
-    if (error.empty()) {
+    CResult<void> done = FillFile(file, bytes, replaced);
+    if (done && std::rename(temporary.c_str(), path.c_str()) != 0) done = LastError();
+    if (done) {
       FlushFolder(folder);
     } else {
       ::unlink(temporary.c_str());
     }
-    return error;
+    return done;
   }
   return SystemError(EEXIST);
 }
 
 }  // namespace
 
-FileContents ReadWholeFile(const std::filesystem::path& path) {
+CResult<std::string> ReadWholeFile(const std::filesystem::path& path) {
   // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
   const CFileHandle file = Open(path, O_RDONLY | O_NONBLOCK);
   struct stat status {};
-  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) return {{}, LastError()};
-  if (std::string refused = RefusedKind(status.st_mode); !refused.empty()) return {{}, refused};
+  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) return LastError();
+  if (const auto kind = CheckKind(status.st_mode); !kind) return Failure{kind.Error()};
   std::string bytes;
   try {
-    if (!ReadToEnd(file.Get(), bytes)) return {{}, LastError()};
+    if (!ReadToEnd(file.Get(), bytes)) return LastError();
   } catch (const std::bad_alloc&) {
-    return {{}, SystemError(ENOMEM)};
+    return SystemError(ENOMEM);
   }
-  return {std::move(bytes), {}};
+  return bytes;
 }
 
-std::string WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
+CResult<void> WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
   std::error_code error;
   const std::filesystem::path target = FollowLinks(path, error);
-  if (error) return error.message();
+  if (error) return Failure{error.message()};
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) {
-    return errno == ENOENT ? ReplaceFile(target, bytes, nullptr) : LastError();
+    if (errno != ENOENT) return LastError();
+    return ReplaceFile(target, bytes, nullptr);
   }
-  if (std::string refused = RefusedKind(status.st_mode); !refused.empty()) return refused;
+  if (const auto kind = CheckKind(status.st_mode); !kind) return kind;
   // The folder alone would allow to replace a file that is protected against writing.
   if (::access(target.c_str(), W_OK) != 0) return LastError();
   return ReplaceFile(target, bytes, &status);

@@ -175,7 +175,7 @@ TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   EXPECT_EQ(bench.desktop.StatusText, "");
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_EQ(bench.desktop.StatusText, "Wrote 2 brushes to " + file.filename().string());
-  EXPECT_NE(ReadWholeFile(file).bytes.value_or("").find("worldspawn"), std::string::npos);
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("worldspawn"), std::string::npos);
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_TRUE(bench.desktop.StatusText.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());

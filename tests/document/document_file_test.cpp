@@ -146,8 +146,8 @@ std::string WithoutCr(std::string text) {
 
 /// The file of the level that the text gives, or the reason why there is none.
 std::string ReadAndWrite(const std::string& text) {
-  const LoadedDocument loaded = ReadDocument(text);
-  return loaded.document ? WithoutCr(WriteDocument(*loaded.document)) : loaded.error;
+  const auto loaded = ReadDocument(text);
+  return loaded ? WithoutCr(WriteDocument(*loaded->document)) : loaded.Error();
 }
 
 /// A folder of the test's own, gone with it.
@@ -169,9 +169,9 @@ class DocumentFolder : public ::testing::Test {
 };
 
 TEST(DocumentFile, ALevelIsReadWithWhatFollowsFromItAndWrittenInTheSameBytes) {
-  const LoadedDocument loaded = ReadDocument(kLevel);
-  ASSERT_NE(loaded.document, nullptr);
-  const CZANDODoc& level = *loaded.document;
+  const auto loaded = ReadDocument(kLevel);
+  ASSERT_TRUE(loaded) << loaded.Error();
+  const CZANDODoc& level = *loaded->document;
   EXPECT_EQ(WriteDocument(level), WithCrLf(kLevel));
   EXPECT_EQ(ReadAndWrite(WithCrLf(kLevel)), kLevel);
 
@@ -219,9 +219,9 @@ TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
               Replaced(kLevel, test.becomes, test.instead))
         << test.from << " -> " << test.to;
   }
-  const LoadedDocument shortest = ReadDocument("czandobrush");
-  ASSERT_NE(shortest.document, nullptr);
-  EXPECT_EQ(shortest.document->BrushCount(), 0);
+  const auto shortest = ReadDocument("czandobrush");
+  ASSERT_TRUE(shortest);
+  EXPECT_EQ(shortest->document->BrushCount(), 0);
 }
 
 TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
@@ -254,22 +254,22 @@ TEST(DocumentFile, CarriesOddTextsThrough) {
                                   std::string("nul\0inside", 10), '"' + every}) {
     level.Entities.emplace_back().AddPair("K " + text, text);
   }
-  const LoadedDocument loaded = ReadDocument(WriteDocument(level));
-  ASSERT_NE(loaded.document, nullptr);
+  const auto loaded = ReadDocument(WriteDocument(level));
+  ASSERT_TRUE(loaded) << loaded.Error();
   for (std::size_t i = 0; i < level.Entities.size(); ++i) {
     EntityPair expected = level.Entities[i].Pairs[0];
     for (std::string* text : {&expected.key, &expected.value}) {
       std::replace(text->begin(), text->end(), '\r', ' ');
       std::replace(text->begin(), text->end(), '\n', ' ');
     }
-    EXPECT_EQ(loaded.document->Entities[i].Pairs, std::vector{expected});
+    EXPECT_EQ(loaded->document->Entities[i].Pairs, std::vector{expected});
   }
 }
 
 TEST(DocumentFile, SurvivesDamagedFiles) {
   for (std::size_t length = 0; length < kLevel.size(); ++length) {
-    const LoadedDocument loaded = ReadDocument(std::string_view(kLevel).substr(0, length));
-    EXPECT_EQ(loaded.document == nullptr, !loaded.error.empty()) << length;
+    const auto loaded = ReadDocument(std::string_view(kLevel).substr(0, length));
+    EXPECT_TRUE(loaded ? loaded->document != nullptr : !loaded.Error().empty()) << length;
   }
   const std::string start = "CZandoBrush\nEnd CZandoBrush\n";
   std::string nested = start + "CConstructiveBsp1\n";
@@ -282,8 +282,8 @@ TEST(DocumentFile, SurvivesDamagedFiles) {
   for (const std::string& text :
        {nested, pairs, vain, start + std::string(100000, '\0'), std::string(1000000, 'V'),
         start + "Class CGroupList\nGroupCount " + std::string(1000000, '9')}) {
-    const LoadedDocument loaded = ReadDocument(text);
-    EXPECT_EQ(loaded.document == nullptr, !loaded.error.empty());
+    const auto loaded = ReadDocument(text);
+    EXPECT_TRUE(loaded ? loaded->document != nullptr : !loaded.Error().empty());
   }
 }
 
@@ -300,31 +300,31 @@ TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   std::string again;
   RunOnSmallStack([&] {
     written = WriteDocument(level);
-    const LoadedDocument loaded = ReadDocument(written);
-    if (loaded.document) again = WriteDocument(*loaded.document);
+    const auto loaded = ReadDocument(written);
+    if (loaded) again = WriteDocument(*loaded->document);
   });
   EXPECT_GT(written.size(), kNodes * std::size_t{100});
   EXPECT_TRUE(again == written);
 }
 
 TEST_F(DocumentFolder, ReplacesAFileThroughALinkAndKeepsItsPermissions) {
-  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
+  EXPECT_EQ(WriteFileAtomically(path_, "old").Error(), "");
   fs::permissions(path_, fs::perms(0640));
   fs::create_symlink("level.3dz", folder_ / "link");
-  EXPECT_EQ(SaveDocumentFile(level_, folder_ / "link"), "");
+  EXPECT_EQ(SaveDocumentFile(level_, folder_ / "link").Error(), "");
   EXPECT_FALSE(level_.IsModified());
   EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
-  EXPECT_EQ(ReadWholeFile(path_).bytes, WriteDocument(level_));
+  EXPECT_EQ(ReadWholeFile(path_).ValueOr(""), WriteDocument(level_));
   EXPECT_EQ(fs::status(path_).permissions(), fs::perms(0640));
   fs::create_symlink("loop", folder_ / "loop");
-  EXPECT_NE(SaveDocumentFile(level_, folder_ / "loop"), "");
+  EXPECT_NE(SaveDocumentFile(level_, folder_ / "loop").Error(), "");
   EXPECT_EQ(FilesInFolder(), 3) << "a temporary file was left";
 }
 
 TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
-  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
-  EXPECT_EQ(SaveDocumentFile(level_, folder_), "Is a directory");
-  EXPECT_EQ(SaveDocumentFile(level_, "/dev/null"), "not an ordinary file");
+  EXPECT_EQ(WriteFileAtomically(path_, "old").Error(), "");
+  EXPECT_EQ(SaveDocumentFile(level_, folder_).Error(), "Is a directory");
+  EXPECT_EQ(SaveDocumentFile(level_, "/dev/null").Error(), "not an ordinary file");
 
   // As on a full disk: no file may grow beyond 100 bytes.
   const auto previous = std::signal(SIGXFSZ, SIG_IGN);
@@ -332,12 +332,12 @@ TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
   const rlimit small{100, limit.rlim_max};
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const std::string error = SaveDocumentFile(level_, path_);
+  const std::string error = SaveDocumentFile(level_, path_).Error();
   setrlimit(RLIMIT_FSIZE, &limit);
   std::signal(SIGXFSZ, previous);
   EXPECT_EQ(error, "File too large");
 
-  EXPECT_EQ(ReadWholeFile(path_).bytes, "old");
+  EXPECT_EQ(ReadWholeFile(path_).ValueOr(""), "old");
   EXPECT_EQ(FilesInFolder(), 1) << "a temporary file was left";
   EXPECT_TRUE(level_.IsModified());
   EXPECT_EQ(level_.GetPathName(), fs::path());

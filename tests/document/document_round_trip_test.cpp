@@ -159,14 +159,14 @@ TEST(DocumentRoundTrip, ALevelComesBackAsItWasAndIsSavedInTheSameBytes) {
     CZANDODoc level;
     FillLevel(level, seed);
     const std::string text = WriteDocument(level);
-    const LoadedDocument loaded = ReadDocument(text);
-    ASSERT_NE(loaded.document, nullptr) << loaded.error;
+    const auto loaded = ReadDocument(text);
+    ASSERT_TRUE(loaded) << loaded.Error();
     const Contents before = ContentsOf(level);
-    const Contents after = ContentsOf(*loaded.document);
+    const Contents after = ContentsOf(*loaded->document);
     EXPECT_EQ(after.texts, before.texts);
     EXPECT_EQ(after.whole, before.whole);
     EXPECT_TRUE(std::ranges::equal(before.real, after.real, Same));
-    EXPECT_TRUE(WriteDocument(*loaded.document) == text);
+    EXPECT_TRUE(WriteDocument(*loaded->document) == text);
   }
 }
 
