@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
-#include <system_error>
 #include <utility>
 
+#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -14,28 +13,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlank = " \t\v\f\r";
-constexpr std::string_view kSpace = " \t\v\f\r\n";
-constexpr int kSignificantDigits = 6;
-
-void AppendNumber(std::string& text, double number) {
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                 std::chars_format::general, kSignificantDigits);
-  text.append(digits.data(), end.ptr);
-}
-
-/// Takes a number from the front of the text; on an error the number is left as it was.
-template <typename Number>
-std::errc TakeNumber(std::string_view& text, Number& number) {
-  text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  Number parsed{};
-  const auto end = std::from_chars(text.data(), text.data() + text.size(), parsed);
-  if (end.ec != std::errc{}) return end.ec;
-  number = parsed;
-  text.remove_prefix(static_cast<std::size_t>(end.ptr - text.data()));
-  return {};
-}
 
 std::array<double, 16> Entries(const Transform& transform) {
   std::array<double, 16> entries;
@@ -128,9 +105,10 @@ bool CFileContext::Header(std::string_view key) {
 
 bool CFileContext::Exchange(std::string_view key, std::int32_t& number) {
   if (storing) {
-    std::array<char, 16> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    WriteKeyLine(key, {digits.data(), end.ptr});
+    output_ += key;
+    output_ += ' ';
+    AppendNumber(output_, number);
+    output_ += kLineEnd;
     return true;
   }
   if (!FindKey(key)) return false;
@@ -194,9 +172,8 @@ std::int32_t CFileContext::Count(std::string_view key, std::size_t stored,
   count = 0;
   if (!FindKey(key)) return count;
   std::string_view value = Value().value_or("");
-  const std::errc error = TakeNumber(value, count);
-  if (error == std::errc::result_out_of_range || count < 0 ||
-      std::cmp_greater(count, RoomFor(itemKey))) {
+  const Taken taken = TakeNumber(value, count);
+  if (taken == Taken::OutOfRange || count < 0 || std::cmp_greater(count, RoomFor(itemKey))) {
     RefuseLine(std::string(key) + " is negative or larger than the rest of the file can hold");
   }
   return count;
@@ -233,7 +210,7 @@ void CFileContext::WriteNumbers(std::string_view key, std::span<const double> nu
   output_ += key;
   for (const double number : numbers) {
     output_ += ' ';
-    AppendNumber(output_, number);
+    AppendNumber(output_, number, Digits::Six);
   }
   output_ += kLineEnd;
 }
@@ -241,7 +218,7 @@ void CFileContext::WriteNumbers(std::string_view key, std::span<const double> nu
 void CFileContext::ReadNumbers(std::span<double> numbers) const {
   std::string_view value = Value().value_or("");
   for (double& number : numbers) {
-    if (TakeNumber(value, number) != std::errc{}) return;
+    if (TakeNumber(value, number) != Taken::Number) return;
   }
 }
 
@@ -264,10 +241,7 @@ void CFileContext::RefuseMissing(std::string_view key) const {
 
 bool PrintsTheSame(double a, double b) {
   if (std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b)) return true;
-  std::array<std::string, 2> printed;
-  AppendNumber(printed[0], a);
-  AppendNumber(printed[1], b);
-  return printed[0] == printed[1];
+  return NumberText(a, Digits::Six) == NumberText(b, Digits::Six);
 }
 
 }  // namespace zando

@@ -5,6 +5,8 @@
 
 namespace zando {
 
+inline constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+
 /// The lower case of A to Z; any other byte is left, in every locale.
 [[nodiscard]] constexpr char LowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
