@@ -5,7 +5,6 @@
 #include <bit>
 #include <utility>
 
-#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -137,7 +136,7 @@ bool CFileContext::Exchange(std::string_view key, std::string& text) {
 bool CFileContext::Exchange(std::string_view key, Vector& vector) {
   std::array<double, 3> numbers{vector.x, vector.y, vector.z};
   if (storing) {
-    WriteNumbers(key, numbers);
+    WriteNumbers(key, numbers, Digits::Six);
     return true;
   }
   if (!FindKey(key)) return false;
@@ -149,7 +148,7 @@ bool CFileContext::Exchange(std::string_view key, Vector& vector) {
 bool CFileContext::Exchange(std::string_view key, Transform& transform) {
   std::array<double, 16> numbers = Entries(transform);
   if (storing) {
-    WriteNumbers(key, numbers);
+    WriteNumbers(key, numbers, Digits::Shortest);
     return true;
   }
   if (!FindKey(key)) return false;
@@ -206,11 +205,12 @@ void CFileContext::RequiredHeader(std::string_view key) {
   if (!Header(key)) RefuseMissing(key);
 }
 
-void CFileContext::WriteNumbers(std::string_view key, std::span<const double> numbers) {
+void CFileContext::WriteNumbers(std::string_view key, std::span<const double> numbers,
+                                Digits digits) {
   output_ += key;
   for (const double number : numbers) {
     output_ += ' ';
-    AppendNumber(output_, number, Digits::Six);
+    AppendNumber(output_, number, digits);
   }
   output_ += kLineEnd;
 }

@@ -14,6 +14,7 @@
 #include "geometry/brush.h"
 #include "geometry/transform.h"
 #include "geometry/vector.h"
+#include "platform/number_text.h"
 
 namespace zando {
 
@@ -57,7 +58,9 @@ class CFileContext {
 
   /// The operations below write the line of a field, or find it and read it. A line that is
   /// missing, has no value or holds no number leaves the field, as do numbers missing at the end of
-  /// a line. They return whether the line is in the file.
+  /// a line. They return whether the line is in the file. Vectors are written with six significant
+  /// digits, a transform with as many as make it read back the same: six would tear apart the faces
+  /// that meet in a turned group.
   bool Header(std::string_view key);
   bool Exchange(std::string_view key, std::int32_t& number);
   bool Exchange(std::string_view key, std::uint32_t& colour);
@@ -90,7 +93,7 @@ class CFileContext {
   [[nodiscard]] std::size_t RoomFor(std::string_view itemKey) const;
   [[nodiscard]] std::size_t LineNumber() const;
   [[noreturn]] void RefuseMissing(std::string_view key) const;
-  void WriteNumbers(std::string_view key, std::span<const double> numbers);
+  void WriteNumbers(std::string_view key, std::span<const double> numbers, Digits digits);
   void ReadNumbers(std::span<double> numbers) const;
 
   std::string output_;

@@ -101,6 +101,18 @@ TEST_F(ZandoCli, ConvertGoesByTheExtensions) {
   EXPECT_NE(Read("c.map").find("\"wad\" \"other.wad\""), std::string::npos);
 }
 
+TEST_F(ZandoCli, FlushBrushesOfATurnedGroupStayFlushAcrossASave) {
+  for (const std::string degrees : {"15", "30"}) {
+    MakeLevel("turned.3dz",
+              "group new g\nposition 1000 0 0\nadd\nposition 1128 0 0\nadd\nposition 1256 0 0\n"
+              "add\nbox x=128 y=64 z=64\nposition 1128 0 0\nsubtract\ngroup rotate g " +
+                  degrees + " 0 0\nrebuild optimal\nexport unsaved.map\n");
+    EXPECT_EQ(Run("rebuild turned.3dz again.3dz").out, "again.3dz: 20 nodes, 20 visible\n");
+    EXPECT_EQ(Run("export-map turned.3dz saved.map").out, "saved.map: 6 brushes written\n");
+    EXPECT_EQ(Read("saved.map"), Read("unsaved.map"));
+  }
+}
+
 TEST_F(ZandoCli, LocaleChangesNoByte) {
   const auto outputs = [] {
     MakeLevel("a.3dz", kPond + "box x=0.5\nposition 1.25 -0.5 1234.5\nadd\n");
