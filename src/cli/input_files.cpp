@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "cli/subcommands.h"
+#include "document/document_file.h"
 #include "platform/file_io.h"
 
 namespace zando {
@@ -13,8 +14,16 @@ std::string ReadInput(const std::filesystem::path& path) {
   return *std::move(bytes);
 }
 
-Palette ReadPalette(const std::optional<std::filesystem::path>& path,
-                    const std::function<void(const std::string&)>& warn) {
+std::unique_ptr<CZANDODoc> ReadLevel(const std::filesystem::path& path, const Warn& warn) {
+  auto loaded = LoadDocumentFile(path);
+  if (!loaded) throw CCommandFailure(path, loaded.Error());
+  for (const std::string& line : loaded->warnings.Lines()) {
+    warn("warning: " + path.string() + ": " + line);
+  }
+  return std::move(loaded->document);
+}
+
+Palette ReadPalette(const std::optional<std::filesystem::path>& path, const Warn& warn) {
   if (!path) return BuiltInPalette();
   const std::string bytes = ReadInput(*path);
   if (bytes.size() < kPaletteBytes && warn) {

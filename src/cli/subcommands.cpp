@@ -23,12 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
-  auto loaded = LoadDocumentFile(path);
-  if (!loaded) throw CCommandFailure(path, loaded.Error());
-  return std::move(loaded->document);
-}
-
 /// A slip in the name of a map, a picture or a level must not cost what it is made from.
 void RefuseInput(const fs::path& input, const fs::path& output) {
   std::error_code missing;
@@ -72,24 +66,24 @@ void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water)
   world.CountStats();
 }
 
-void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
-  const std::unique_ptr<CZANDODoc> document = Load(level);
+void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out, const Warn& warn) {
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(level, warn);
   const LevelInfo info = CollectInfo(*document);
   out << (format == InfoFormat::Json ? InfoAsJson(info) : InfoAsText(info));
 }
 
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
-                  WaterBrushes water, std::ostream& out) {
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+                  WaterBrushes water, std::ostream& out, const Warn& warn) {
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   RebuildWorld(document->World, kind, water);
   Require(SaveDocumentFile(*document, output), output);
   out << output.string() << ": " << DescribeWorld(document->World) << '\n';
 }
 
 void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
-                 std::ostream& out) {
+                 std::ostream& out, const Warn& warn) {
   RefuseInput(input, output);
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   MapExportReport report;
   Require(ExportMap(*document, output, wad, &report), output);
   out << output.string() << ": " << DescribeExport(report) << '\n';
@@ -99,20 +93,21 @@ bool CanConvert(const fs::path& input, const fs::path& output) {
   return IsLevel(input) && (IsLevel(output) || IsMap(output));
 }
 
-void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out) {
+void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
+                 const Warn& warn) {
   if (IsMap(output)) {
-    ExportLevel(input, output, kDefaultWad, out);
+    ExportLevel(input, output, kDefaultWad, out, warn);
     return;
   }
-  Require(SaveDocumentFile(*Load(input), output), output);
+  Require(SaveDocumentFile(*ReadLevel(input, warn), output), output);
 }
 
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
-                   std::ostream& out) {
+                   std::ostream& out, const Warn& warn) {
   RefuseInput(script, output);
   const std::string text = ReadInput(script);
   const std::unique_ptr<CZANDODoc> document =
-      level.empty() ? std::make_unique<CZANDODoc>() : Load(level);
+      level.empty() ? std::make_unique<CZANDODoc>() : ReadLevel(level, warn);
 
   const ScriptResult result = RunScript(*document, text, script.string());
   if (!result.error.empty()) throw CCommandFailure(result.error);
@@ -124,11 +119,11 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
 }
 
 void RenderLevel(const fs::path& input, const fs::path& output, const PictureRequest& request,
-                 std::ostream& out) {
+                 std::ostream& out, const Warn& warn) {
   RefuseInput(input, output);
   // Polygons get their flat colours as they are loaded; the same level gives the same picture.
   SeedColorTags(1);
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   const Palette palette = ReadPalette(request.palette, {});
   document->RefreshColors();
   CCamera camera;

@@ -1,8 +1,10 @@
 #include "document/document_file.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <new>
+#include <string>
 #include <utility>
 
 #include "document/file_context.h"
@@ -16,6 +18,18 @@ void NumberBrushes(CFileContext& file, const CBrushList& list) {
   for (const auto& brush : list.Brushes()) {
     const auto position = static_cast<std::int32_t>(file.BrushPositions.size());
     file.BrushPositions.emplace(brush.get(), position);
+  }
+}
+
+/// Brushes of entities that are not there: no export writes them.
+void WarnOfLostBrushes(CFileContext& file, const CZANDODoc& document) {
+  std::size_t position = 0;
+  for (const auto& brush : document.BrushList.Brushes()) {
+    if (brush->BelongsToEntity() && !document.IsEntity(brush->BEnt)) {
+      file.Warn("brush " + std::to_string(position) + " belongs to entity " +
+                std::to_string(brush->BEnt) + ", and there is none");
+    }
+    ++position;
   }
 }
 
@@ -35,6 +49,7 @@ void Serialise(CFileContext& file, CZANDODoc& document) {
   if (!file.storing) document.ParseAllOrigins();
   Serialise(file, document.Groups, document.CurrentGroup);
   if (file.storing) return;
+  WarnOfLostBrushes(file, document);
   if (!document.IsEntity(document.CurrentEntity)) document.CurrentEntity = -1;
   if (!document.IsGroup(document.CurrentGroup)) document.CurrentGroup = -1;
   document.ApplyShowFilter();
@@ -46,7 +61,7 @@ CResult<LoadedDocument> ReadDocument(std::string_view text) {
     auto document = std::make_unique<CZANDODoc>();
     CFileContext file(text);
     Serialise(file, *document);
-    return LoadedDocument{std::move(document)};
+    return LoadedDocument{std::move(document), file.TakeWarnings()};
   } catch (const CFileError& error) {
     return Failure{error.what()};
   } catch (const std::bad_alloc&) {

@@ -16,6 +16,11 @@ namespace zando {
 /// A level read from a file.
 struct LoadedDocument {
   std::unique_ptr<CZANDODoc> document;  ///< never null
+  /// What is wrong with the file, though it was read. Whoever saves the level in its place loses
+  /// what the file may still tell.
+  CReport warnings;
+
+  [[nodiscard]] bool IsDamaged() const { return !warnings.IsEmpty(); }
 };
 
 /// Reads a level from the text of a document file, or refuses it.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <utility>
 
 #include "platform/text.h"
@@ -32,6 +33,7 @@ CFileContext::CFileContext(std::string_view text) : storing(false), text_(text) 
     }
     start = end + 1;
   }
+  WarnOfNulBytes();
 }
 
 std::int32_t CFileContext::PositionOf(const CZandoBrush* brush, std::int32_t otherwise) const {
@@ -215,11 +217,15 @@ void CFileContext::WriteNumbers(std::string_view key, std::span<const double> nu
   output_ += kLineEnd;
 }
 
-void CFileContext::ReadNumbers(std::span<double> numbers) const {
+void CFileContext::ReadNumbers(std::span<double> numbers) {
   std::string_view value = Value().value_or("");
+  bool allFinite = true;
   for (double& number : numbers) {
-    if (TakeNumber(value, number) != Taken::Number) return;
+    const Taken taken = TakeNumber(value, number);
+    allFinite = allFinite && taken != Taken::OutOfRange && std::isfinite(number);
+    if (taken != Taken::Number) break;
   }
+  if (!allFinite) WarnLine("a number is not finite, or out of range");
 }
 
 std::size_t CFileContext::LineNumber() const {
@@ -234,9 +240,48 @@ void CFileContext::RefuseLine(std::string_view reason) const {
 }
 
 void CFileContext::RefuseMissing(std::string_view key) const {
-  std::string message = "not a level file: no line \"" + std::string(key) + "\"";
-  if (position_ != 0) message += " where it should follow line " + std::to_string(LineNumber());
-  throw CFileError(message);
+  throw CFileError("not a level file: " + MissingText(key));
+}
+
+std::string CFileContext::MissingText(std::string_view key) const {
+  std::string text = "no line \"" + std::string(key) + "\"";
+  if (position_ != 0) text += " where it should follow line " + std::to_string(LineNumber());
+  return text;
+}
+
+// To number a line takes a pass over the file, so that none is numbered only to be counted.
+void CFileContext::WarnMissing(std::string_view key) {
+  Warn(warnings_.IsFull() ? std::string() : MissingText(key));
+}
+
+void CFileContext::WarnLine(std::string_view what) {
+  Warn(warnings_.IsFull() ? std::string()
+                          : "line " + std::to_string(LineNumber()) + ": " + std::string(what));
+}
+
+void CFileContext::WarnIfFewer(std::string_view key, std::int32_t announced, std::int32_t came) {
+  if (came >= announced) return;
+  WarnLine("of " + std::to_string(announced) + " that " + std::string(key) + " announced, " +
+           std::to_string(came) + " came");
+}
+
+void CFileContext::WarnUnlessEnded(std::string_view endKey, std::string_view itemKey) {
+  const std::size_t end = NextMatch(endKey);
+  if (end == starts_.size()) {
+    WarnMissing(endKey);
+  } else if (end > position_ && Scan(itemKey, position_) < end) {
+    WarnLine("more \"" + std::string(itemKey) + "\" follow than were announced");
+  }
+}
+
+void CFileContext::WarnOfNulBytes() {
+  const std::size_t first = text_.find('\0');
+  if (first == std::string_view::npos) return;
+  const std::string_view before = text_.substr(0, first);
+  const auto lines = std::count(before.begin(), before.end(), '\n') + 1;
+  const auto bytes = std::count(text_.begin(), text_.end(), '\0');
+  Warn("line " + std::to_string(lines) + ": a NUL byte, of " + std::to_string(bytes) +
+       " in the file");
 }
 
 bool PrintsTheSame(double a, double b) {

@@ -15,6 +15,7 @@
 #include "geometry/transform.h"
 #include "geometry/vector.h"
 #include "platform/number_text.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -38,7 +39,7 @@ class CFileContext {
   /// A context that writes.
   CFileContext() : storing(true) {}
 
-  /// A context that reads this text, which must outlive it.
+  /// A context that reads this text, which must outlive it. Of NUL bytes in it a note is taken.
   explicit CFileContext(std::string_view text);
 
   /// The listed brush's position, or `otherwise` for any other brush.
@@ -85,6 +86,21 @@ class CFileContext {
   /// Refuses the file for what stands in `line`.
   [[noreturn]] void RefuseLine(std::string_view reason) const;
 
+  /// Reading goes on, but the level is not what was once saved: the operations below take a note of
+  /// why, for a person.
+  void Warn(std::string what) { warnings_.Add(std::move(what)); }
+
+  /// A line that every writer of the format writes was looked for in vain.
+  void WarnMissing(std::string_view key);
+
+  /// Fewer items came than the line of the key announced, if they did.
+  void WarnIfFewer(std::string_view key, std::int32_t announced, std::int32_t came);
+
+  /// The line that ends a list is missing, or further items stand before it.
+  void WarnUnlessEnded(std::string_view endKey, std::string_view itemKey);
+
+  [[nodiscard]] CReport TakeWarnings() { return std::move(warnings_); }
+
  private:
   [[nodiscard]] std::size_t NextMatch(std::string_view key);
   [[nodiscard]] std::size_t Scan(std::string_view key, std::size_t from) const;
@@ -92,11 +108,15 @@ class CFileContext {
   [[nodiscard]] std::string_view TrimmedLine(std::size_t index) const;
   [[nodiscard]] std::size_t RoomFor(std::string_view itemKey) const;
   [[nodiscard]] std::size_t LineNumber() const;
+  [[nodiscard]] std::string MissingText(std::string_view key) const;
+  void WarnLine(std::string_view what);
+  void WarnOfNulBytes();
   [[noreturn]] void RefuseMissing(std::string_view key) const;
   void WriteNumbers(std::string_view key, std::span<const double> numbers, Digits digits);
-  void ReadNumbers(std::span<double> numbers) const;
+  void ReadNumbers(std::span<double> numbers);
 
   std::string output_;
+  CReport warnings_;
 
   std::string_view text_;
   std::vector<std::size_t> starts_;  ///< first byte of every line that holds more than white space

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace zando {
 
@@ -13,7 +15,8 @@ struct Failure {
   std::string reason;
 };
 
-/// What an operation that can fail came to: a value or a failure.
+/// What an operation that can fail came to: a value or a failure. What was odd in a success travels
+/// beside the value, in a CReport.
 template <typename T>
 class [[nodiscard]] CResult {
  public:
@@ -54,6 +57,37 @@ class [[nodiscard]] CResult<void> {
 
  private:
   std::optional<Failure> failure_;
+};
+
+/// What was odd, or left out, in something that succeeded: lines for a person, without the name of
+/// the file that they are about. Only the first ten are kept; the others are counted.
+class CReport {
+ public:
+  void Add(std::string line) {
+    if (!IsFull()) {
+      lines_.push_back(std::move(line));
+    } else {
+      ++more_;
+    }
+  }
+
+  [[nodiscard]] bool IsEmpty() const { return lines_.empty(); }
+
+  /// Whether lines are only counted from now on.
+  [[nodiscard]] bool IsFull() const { return lines_.size() == kMostLines; }
+
+  /// The lines, and a last one that tells how many more there were, if any.
+  [[nodiscard]] std::vector<std::string> Lines() const {
+    std::vector<std::string> lines = lines_;
+    if (more_ > 0) lines.push_back("and " + std::to_string(more_) + " more");
+    return lines;
+  }
+
+ private:
+  static constexpr std::size_t kMostLines = 10;
+
+  std::vector<std::string> lines_;
+  std::size_t more_ = 0;
 };
 
 }  // namespace zando

@@ -55,6 +55,19 @@ TEST_F(ZandoCli, ExitStatusTellsDoneFromFailedFromWronglyUsed) {
   EXPECT_EQ(FilesHere(), before);
 }
 
+TEST_F(ZandoCli, EverySubcommandWarnsOfADamagedLevelAndReadsItAllTheSame) {
+  const std::string whole = Read("pond.3dz");
+  Write("cut.3dz", whole.substr(0, whole.rfind("End CGroupList")));
+  Write("more.zscript", "add\n");
+  for (const std::string line :
+       {"info cut.3dz", "rebuild cut.3dz out.3dz", "export-map cut.3dz out.map",
+        "convert cut.3dz out.3dz", "run --level cut.3dz more.zscript out.3dz"}) {
+    const Outcome outcome = Run(line);
+    EXPECT_EQ(outcome.status, kCliDone) << line;
+    EXPECT_EQ(outcome.err.find("warning: cut.3dz: no line \"End CGroupList\""), 0U) << outcome.err;
+  }
+}
+
 TEST_F(ZandoCli, InfoTellsWhatALevelHoldsAsTextAndAsUtf8Json) {
   MakeLevel("more.3dz", kPond + "group new gr\xFCn\n");
   const Outcome info = Run("info more.3dz");

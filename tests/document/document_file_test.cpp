@@ -224,6 +224,49 @@ TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
   EXPECT_EQ(shortest->document->BrushCount(), 0);
 }
 
+TEST(DocumentFile, TellsWhatIsWrongWithAFileThatItReads) {
+  struct Case {
+    std::string from, to, warnings;
+  };
+  const std::string nul(1, '\0');
+  const std::string lost = "brush 1 belongs to entity 1, and there is none;";
+  const std::string follows = " where it should follow line ";
+  for (const Case& test : std::vector<Case>{
+           {"TranT 1", "unknown line\ntrant 1 ", ""},
+           {"BBid 7\n", "", ""},
+           {"V 64 0 0", "V 64 1e-300 0", ""},
+           {"nBid 1\n", "nBid 9\n", ""},
+           {"End CGroupList\n", "more\nEnd CGroupList\nKeys", ""},
+           {"End CGroupList\n", "", "no line \"End CGroupList\"" + follows + "108;"},
+           {"End CEntList\n", "", "no line \"End CEntList\"" + follows + "99;"},
+           {"End Class CBrushList\n", "", "no line \"End Class CBrushList\"" + follows + "48;"},
+           {"nF 0\nEnd CConstructiveBsp\n", "",
+            "no line \"nF\"" + follows + "74;no line \"End CConstructiveBsp\"" + follows +
+                "74;no line \"Class CEntList\"" + follows + "75;" + lost},
+           {"EntCount 2", "EntCount 3", "no line \"CEntity\"" + follows + "99;"},
+           {"EntCount 2", "EntCount 1",
+            "line 90: more \"CEntity\" follow than were announced;" + lost},
+           {"BrushCount 2", "BrushCount 1",
+            "line 34: more \"CZandoBrush\" follow than were announced;"},
+           {"NumVrts 3", "NumVrts 4", "line 32: of 4 that NumVrts announced, 3 came;"},
+           {"K classname\nV func_door\n", "K classname\n",
+            "line 97: of 1 that ePairCount announced, 0 came;"},
+           {"Name a b", "Name a" + nul + nul, "line 18: a NUL byte, of 2 in the file;"},
+           {"V 64 0 0", "V 64 inf 0", "line 31: a number is not finite, or out of range;"},
+           {"Rot 5 6 7", "Rot 5 6 1e999", "line 24: a number is not finite, or out of range;"},
+           {"BEnt 1", "BEnt 2", "brush 1 belongs to entity 2, and there is none;"}}) {
+    const auto loaded = ReadDocument(Replaced(kLevel, test.from, test.to));
+    ASSERT_TRUE(loaded) << test.to << loaded.Error();
+    std::string warnings;
+    for (const std::string& line : loaded->warnings.Lines()) warnings += line + ';';
+    EXPECT_EQ(warnings, test.warnings) << test.from << " -> " << test.to;
+  }
+  const auto loaded = ReadDocument(Replaced(kLevel, "EntCount 2", "EntCount 17"));
+  ASSERT_TRUE(loaded) << loaded.Error();
+  EXPECT_EQ(loaded->warnings.Lines().size(), 11U);
+  EXPECT_EQ(loaded->warnings.Lines().back(), "and 5 more");
+}
+
 TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
   struct Case {
     std::string from, to, error;

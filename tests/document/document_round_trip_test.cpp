@@ -163,6 +163,7 @@ TEST(DocumentRoundTrip, ALevelComesBackAsItWasAndIsSavedInTheSameBytes) {
     const std::string text = WriteDocument(level);
     const auto loaded = ReadDocument(text);
     ASSERT_TRUE(loaded) << loaded.Error();
+    EXPECT_FALSE(loaded->IsDamaged()) << loaded->warnings.Lines().front();
     const Contents before = ContentsOf(level);
     const Contents after = ContentsOf(*loaded->document);
     EXPECT_EQ(after.texts, before.texts);
