@@ -1,6 +1,5 @@
 #include "platform/number_text.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -30,7 +29,7 @@ std::string_view Print(Buffer& buffer, double number, Digits digits) {
 
 template <typename Number>
 Taken Take(std::string_view& text, Number& number) {
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
   std::string_view digits = text;
   // from_chars knows the minus sign only.
   if (digits.starts_with('+') && !digits.starts_with("+-")) digits.remove_prefix(1);

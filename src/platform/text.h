@@ -5,7 +5,8 @@
 
 namespace zando {
 
-inline constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+/// Blank, tab, line ends, vertical tab and form feed, in every locale.
+[[nodiscard]] constexpr bool IsWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 /// The lower case of A to Z; any other byte is left, in every locale.
 [[nodiscard]] constexpr char LowerCase(char c) {
