@@ -8,6 +8,12 @@
 
 namespace zando {
 
+void WarnOf(const CReport& report, const std::filesystem::path& file, const Warn& warn) {
+  for (const std::string& line : report.Lines()) {
+    warn("warning: " + file.string() + ": " + line);
+  }
+}
+
 std::string ReadInput(const std::filesystem::path& path) {
   auto bytes = ReadWholeFile(path);
   if (!bytes) throw CCommandFailure(path, bytes.Error());
@@ -17,9 +23,7 @@ std::string ReadInput(const std::filesystem::path& path) {
 std::unique_ptr<CZANDODoc> ReadLevel(const std::filesystem::path& path, const Warn& warn) {
   auto loaded = LoadDocumentFile(path);
   if (!loaded) throw CCommandFailure(path, loaded.Error());
-  for (const std::string& line : loaded->warnings.Lines()) {
-    warn("warning: " + path.string() + ": " + line);
-  }
+  WarnOf(loaded->warnings, path, warn);
   return std::move(loaded->document);
 }
 

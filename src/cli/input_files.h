@@ -7,12 +7,16 @@
 #include <string>
 
 #include "document/zando_doc.h"
+#include "platform/result.h"
 #include "textures/palette.h"
 
 namespace zando {
 
 /// Takes what is odd but does not end a subcommand, a line each: `file: what`.
 using Warn = std::function<void(const std::string&)>;
+
+/// Tells `warn` every line of a report on the file, as `warning: file: what`.
+void WarnOf(const CReport& report, const std::filesystem::path& file, const Warn& warn);
 
 /// All bytes of a file that a subcommand reads; CCommandFailure with the reason when it cannot.
 [[nodiscard]] std::string ReadInput(const std::filesystem::path& path);

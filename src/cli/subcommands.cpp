@@ -31,11 +31,6 @@ void RefuseInput(const fs::path& input, const fs::path& output) {
   }
 }
 
-/// What was done with an output file must have been done.
-void Require(const CResult<void>& done, const fs::path& output) {
-  if (!done) throw CCommandFailure(output, done.Error());
-}
-
 /// The world's polygons under the entities, as a solid or texture view shows them.
 void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Palette& palette) {
   const CCamera& camera = drawing.camera;
@@ -57,6 +52,11 @@ bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
 
+void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
+  if (!written) throw CCommandFailure(output, written.Error());
+  WarnOf(*written, output, warn);
+}
+
 void RebuildWorld(CConstructiveBsp& world, RebuildKind kind, WaterBrushes water) {
   if (kind == RebuildKind::Quick) {
     RebuildQuick(world, nullptr, water);
@@ -76,7 +76,7 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
                   WaterBrushes water, std::ostream& out, const Warn& warn) {
   const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   RebuildWorld(document->World, kind, water);
-  Require(SaveDocumentFile(*document, output), output);
+  RequireWritten(SaveDocumentFile(*document, output), output, warn);
   out << output.string() << ": " << DescribeWorld(document->World) << '\n';
 }
 
@@ -85,7 +85,7 @@ void ExportLevel(const fs::path& input, const fs::path& output, const std::strin
   RefuseInput(input, output);
   const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   MapExportReport report;
-  Require(ExportMap(*document, output, wad, &report), output);
+  RequireWritten(ExportMap(*document, output, wad, &report), output, warn);
   out << output.string() << ": " << DescribeExport(report) << '\n';
 }
 
@@ -99,7 +99,7 @@ void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& ou
     ExportLevel(input, output, kDefaultWad, out, warn);
     return;
   }
-  Require(SaveDocumentFile(*ReadLevel(input, warn), output), output);
+  RequireWritten(SaveDocumentFile(*ReadLevel(input, warn), output), output, warn);
 }
 
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
@@ -112,9 +112,9 @@ void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path
   const ScriptResult result = RunScript(*document, text, script.string());
   if (!result.error.empty()) throw CCommandFailure(result.error);
   for (const PendingFile& file : result.files) {
-    Require(WriteFileAtomically(file.path, file.bytes), file.path);
+    RequireWritten(WriteFileAtomically(file.path, file.bytes), file.path, warn);
   }
-  Require(SaveDocumentFile(*document, output), output);
+  RequireWritten(SaveDocumentFile(*document, output), output, warn);
   for (const std::string& note : result.notes) out << note << '\n';
 }
 
@@ -140,7 +140,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     if (document->ShowEntities != 0) DrawEntities(drawing, *document);
   });
   if (!image.bytes) throw CCommandFailure(output, image.error);
-  Require(WriteFileAtomically(output, *image.bytes), output);
+  RequireWritten(WriteFileAtomically(output, *image.bytes), output, warn);
   out << output.string() << ": " << request.width << 'x' << request.height << " pixels\n";
 }
 

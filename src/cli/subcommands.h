@@ -8,6 +8,7 @@
 #include "cli/framing.h"
 #include "cli/input_files.h"
 #include "csg/csg_world.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -18,6 +19,10 @@ class CCommandFailure : public std::runtime_error {
   CCommandFailure(const std::filesystem::path& file, const std::string& reason)
       : std::runtime_error(file.string() + ": " + reason) {}
 };
+
+/// Throws unless an output file was written, and warns of what could not be done with it.
+void RequireWritten(const CResult<CReport>& written, const std::filesystem::path& output,
+                    const Warn& warn);
 
 enum class InfoFormat { Text, Json };
 enum class RebuildKind { Quick, Optimal };

@@ -85,7 +85,7 @@ CResult<LoadedDocument> LoadDocumentFile(const std::filesystem::path& path) {
   return loaded;
 }
 
-CResult<void> SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
+CResult<CReport> SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
   auto saved = WriteFileAtomically(path, WriteDocument(document));
   if (!saved) return saved;
   document.SetPathName(path);

@@ -32,10 +32,9 @@ struct LoadedDocument {
 /// Reads a document file into a fresh level, whose path is set and which is not modified.
 [[nodiscard]] CResult<LoadedDocument> LoadDocumentFile(const std::filesystem::path& path);
 
-/// Saves the level: into a temporary file in the same folder, which then takes the name. When that
-/// fails, an existing file is still whole. On success the path is the document's own and it is no
-/// longer modified.
-[[nodiscard]] CResult<void> SaveDocumentFile(CZANDODoc& document,
-                                             const std::filesystem::path& path);
+/// Saves the level with WriteFileAtomically, whose notes it gives. When that fails, an existing
+/// file is still whole. On success the path is the document's own and it is no longer modified.
+[[nodiscard]] CResult<CReport> SaveDocumentFile(CZANDODoc& document,
+                                                const std::filesystem::path& path);
 
 }  // namespace zando

@@ -208,8 +208,8 @@ std::string WriteMap(CZANDODoc& document, std::string_view wadPath, MapExportRep
   return std::move(writer.text);
 }
 
-CResult<void> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
-                        std::string_view wadPath, MapExportReport* report) {
+CResult<CReport> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                           std::string_view wadPath, MapExportReport* report) {
   return WriteFileAtomically(path, WriteMap(document, wadPath, report));
 }
 

@@ -25,8 +25,9 @@ struct MapExportReport {
 [[nodiscard]] std::string WriteMap(CZANDODoc& document, std::string_view wadPath,
                                    MapExportReport* report = nullptr);
 
-/// WriteMap into a file, replaced atomically.
-[[nodiscard]] CResult<void> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
-                                      std::string_view wadPath, MapExportReport* report = nullptr);
+/// WriteMap into a file with WriteFileAtomically, whose notes it gives.
+[[nodiscard]] CResult<CReport> ExportMap(CZANDODoc& document, const std::filesystem::path& path,
+                                         std::string_view wadPath,
+                                         MapExportReport* report = nullptr);
 
 }  // namespace zando
