@@ -127,8 +127,7 @@ std::optional<pid_t> OwnerOfTemporary(std::string_view name) {
   if (dash == std::string_view::npos || !ParseWholeNumber(name.substr(dash + 1))) {
     return std::nullopt;
   }
-  const auto process = ParseWholeNumber(name.substr(0, dash));
-  return process && *process > 0 ? process : std::nullopt;
+  return ParseWholeNumber(name.substr(0, dash));
 }
 
 /// A process that belongs to someone else cannot be reached, but it is there.
