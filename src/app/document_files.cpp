@@ -82,12 +82,12 @@ bool CEditorApp::Open(const std::filesystem::path& path) {
   }
   // Taken before the file is read: what changes after that is seen as a change.
   const FileStamp stamp = StampOf(absolute);
-  LoadedDocument loaded = LoadDocumentFile(absolute);
-  if (!loaded.document) {
-    desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.error));
+  auto loaded = LoadDocumentFile(absolute);
+  if (!loaded) {
+    desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.Error()));
     return false;
   }
-  Adopt(std::move(loaded.document), {.untitledName = {}, .stamp = stamp});
+  Adopt(std::move(loaded->document), {.untitledName = {}, .stamp = stamp});
   NoteRecentFile(absolute);
   return true;
 }
@@ -119,9 +119,9 @@ bool CEditorApp::SaveAs(CZANDODoc& document) {
 bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path) {
   const auto& own = document.GetPathName();
   if (!own.empty() && IsSameFile(own, path) && !MayOverwrite(document)) return false;
-  const std::string error = SaveDocumentFile(document, path);
-  if (!error.empty()) {
-    desktop_.ShowFailure("Cannot save " + PathText(path) + ": " + ToLatin1(error));
+  const auto saved = SaveDocumentFile(document, path);
+  if (!saved) {
+    desktop_.ShowFailure("Cannot save " + PathText(path) + ": " + ToLatin1(saved.Error()));
     return false;
   }
   LevelOf(document).stamp = StampOf(path);

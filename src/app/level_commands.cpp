@@ -44,12 +44,12 @@ void ExportToMap(ActiveLevel& level) {
   const auto path = level.desktop.ChooseFile(request);
   if (!path) return;
   MapExportReport report;
-  const std::string error =
+  const auto written =
       ExportMap(level.document.GetLevel(), *path, level.settings.WadPath.string(), &report);
-  if (error.empty()) {
+  if (written) {
     level.desktop.SetStatusText(FileNameText(*path) + ": " + DescribeExport(report));
   } else {
-    level.desktop.ShowFailure("Cannot write " + PathText(*path) + ": " + ToLatin1(error));
+    level.desktop.ShowFailure("Cannot write " + PathText(*path) + ": " + ToLatin1(written.Error()));
   }
 }
 

@@ -50,11 +50,11 @@ class EditorAppTest : public ::testing::Test {
   std::filesystem::path Sample(const std::string& name, int brushes = 1) {
     CZANDODoc level;
     for (int i = 0; i < brushes; ++i) AddToWorld(level);
-    EXPECT_EQ(SaveDocumentFile(level, folder / name), "");
+    EXPECT_EQ(SaveDocumentFile(level, folder / name).Error(), "");
     return folder / name;
   }
   static std::int32_t BrushesIn(const std::filesystem::path& path) {
-    return LoadDocumentFile(path).document->GetLevel().BrushList.BrushCount();
+    return LoadDocumentFile(path)->document->GetLevel().BrushList.BrushCount();
   }
 
   std::string Check(CommandId id) {

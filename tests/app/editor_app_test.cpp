@@ -95,7 +95,7 @@ TEST_F(EditorApp, OnlyTheLastWindowOfALevelAsksAndWindowsCloseInAnyOrder) {
 
 TEST_F(EditorApp, AFileThatCannotBeReadLeavesOpenLevelsAloneAndSaysWhy) {
   const CZANDODoc* before = &Active();
-  ASSERT_EQ(WriteFileAtomically(folder / "bad.3dz", "no level\n"), "");
+  ASSERT_EQ(WriteFileAtomically(folder / "bad.3dz", "no level\n").Error(), "");
   for (const char* name : {"bad.3dz", "missing.3dz", "."}) {
     EXPECT_FALSE(app->OpenDocument(folder / name));
     const std::string& said = desktop.Calls.back();
@@ -230,7 +230,7 @@ TEST_F(EditorApp, TexturesComeWithALevelAndADamagedArchiveIsToldInTheStatusBar) 
                                          {"WAD3 and more bytes", 0, "my.wad: no WAD2 archive"},
                                          {Archive({{cut}, {good}}), 1, why},
                                          {Archive({{cut}, {cut}}), 0, why + "; and more"}}) {
-    ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive), "");
+    ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive).Error(), "");
     desktop.StatusText.clear();
     app->Run(ID_FILE_NEW);
     EXPECT_EQ(Active().Textures().TextureCount(), c.textures);

@@ -94,9 +94,9 @@ TEST_F(FailingCommand, LeavesAWholeLevelThatIsAsBeforeOrMarkedWhereverMemoryEnds
       if (app->Documents().empty()) continue;
       EXPECT_TRUE(level.IsModified() || level.GetLevel() == before) << id << ' ' << successes;
       const std::string text = WriteDocument(level);
-      const LoadedDocument again = ReadDocument(text);
-      ASSERT_TRUE(again.document) << again.error;
-      EXPECT_TRUE(WriteDocument(*again.document) == text) << id << ' ' << successes;
+      const auto again = ReadDocument(text);
+      ASSERT_TRUE(again) << again.Error();
+      EXPECT_TRUE(WriteDocument(*again->document) == text) << id << ' ' << successes;
       level.SetModifiedFlag(false);
       app->Run(ID_QUICK_BSP);
       EXPECT_EQ(desktop.Failure, "");

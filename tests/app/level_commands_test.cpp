@@ -182,7 +182,7 @@ TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   EXPECT_EQ(bench.desktop.StatusText, "");
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_EQ(bench.desktop.StatusText, file.filename().string() + ": 2 brushes written");
-  EXPECT_NE(ReadWholeFile(file).bytes.value_or("").find("worldspawn"), std::string::npos);
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("worldspawn"), std::string::npos);
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());

@@ -26,7 +26,7 @@ class TextureBrowserTest : public EditorTest {
           {MipHead(name, 64, 48) + std::string(std::size_t{64} * 48, static_cast<char>(i + 16))});
     }
     app_.Settings().WadPath = FileIn("my.wad");
-    EXPECT_EQ(WriteFileAtomically(FileIn("my.wad"), Archive(lumps)), "");
+    EXPECT_EQ(WriteFileAtomically(FileIn("my.wad"), Archive(lumps)).Error(), "");
     app_.Start({});
     Choose(ID_TEXTURE_BROWSER);
   }
