@@ -1,5 +1,6 @@
 #include "platform/file_io.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <memory>
 #include <new>
 #include <optional>
 #include <string>
@@ -135,15 +137,18 @@ bool IsRunning(pid_t process) { return ::kill(process, 0) == 0 || errno != ESRCH
 
 /// Removes what saves that were cut off left in the folder. What cannot be removed stays.
 void RemoveStaleFiles(const std::filesystem::path& folder) {
-  std::error_code error;
-  for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
-       at.increment(error)) {
-    const auto process = OwnerOfTemporary(at->path().filename().native());
+  // The standard library's iterator would end the program where memory for a name is short.
+  const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
+  if (!listing) return;
+  while (const dirent* entry = ::readdir(listing.get())) {
+    const std::string name(&entry->d_name[0]);
+    const auto process = OwnerOfTemporary(name);
     if (!process || IsRunning(*process)) continue;
+    const std::filesystem::path path = folder / name;
     struct stat status {};
-    const bool ours = ::lstat(at->path().c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+    const bool ours = ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
                       status.st_uid == ::geteuid();
-    if (ours) ::unlink(at->path().c_str());
+    if (ours) ::unlink(path.c_str());
   }
 }
 
