@@ -1,10 +1,12 @@
 // The files of levels: new, open, save, close, and the recent ones.
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <system_error>
 #include <utility>
 
 #include "app/editor_app.h"
+#include "app/status_text.h"
 #include "document/document_file.h"
 #include "platform/text.h"
 
@@ -26,6 +28,18 @@ std::filesystem::path ExistingFolder(const std::filesystem::path& folder) {
   return std::filesystem::is_directory(folder, error) ? folder : std::filesystem::path();
 }
 
+std::string DamageText(const std::filesystem::path& path, const CReport& damage) {
+  return FileNameText(path) + " is damaged in " +
+         Counted(static_cast<std::int64_t>(damage.Count()), "place", "places") + ":";
+}
+
+/// Asks before a file is replaced that may hold more than could be read of it.
+std::string DamageQuestion(const std::filesystem::path& path, const CReport& damage) {
+  std::string text = DamageText(path, damage);
+  for (const std::string& line : damage.Lines()) text += "\n" + ToLatin1(line);
+  return text + "\nWhat could not be read is lost when the file is replaced. Replace it?";
+}
+
 }  // namespace
 
 CZANDODoc* CEditorApp::FindByPath(const std::filesystem::path& path) const {
@@ -44,7 +58,8 @@ std::string CEditorApp::NameOf(const CZANDODoc& document) const {
 }
 
 void CEditorApp::NewDocument() {
-  OpenLevel level{.untitledName = "ZANDO" + std::to_string(untitledCount_ + 1), .stamp = {}};
+  OpenLevel level{
+      .untitledName = "ZANDO" + std::to_string(untitledCount_ + 1), .stamp = {}, .damage = {}};
   Adopt(std::make_unique<CZANDODoc>(), std::move(level));
   ++untitledCount_;
 }
@@ -87,8 +102,11 @@ bool CEditorApp::Open(const std::filesystem::path& path) {
     desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.Error()));
     return false;
   }
-  Adopt(std::move(loaded->document), {.untitledName = {}, .stamp = stamp});
+  const CReport damage = loaded->warnings;
+  Adopt(std::move(loaded->document),
+        {.untitledName = {}, .stamp = stamp, .damage = std::move(loaded->warnings)});
   NoteRecentFile(absolute);
+  if (!damage.IsEmpty()) desktop_.ShowFailure(DamageText(absolute, damage) + " " + Summary(damage));
   return true;
 }
 
@@ -125,14 +143,21 @@ bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path)
     return false;
   }
   LevelOf(document).stamp = StampOf(path);
+  LevelOf(document).damage = {};
   NoteRecentFile(path);
-  desktop_.SetStatusText("Saved " + FileNameText(path));
+  ShowOutcome(desktop_, "Saved " + FileNameText(path), *saved);
   return true;
 }
 
 bool CEditorApp::MayOverwrite(const CZANDODoc& document) {
+  const OpenLevel& level = LevelOf(document);
   const FileStamp now = StampOf(document.GetPathName());
-  if (!now.known || now == LevelOf(document).stamp) return true;
+  if (!now.known) return true;
+  if (!level.damage.IsEmpty() &&
+      desktop_.AskYesNo(DamageQuestion(document.GetPathName(), level.damage)) == YesNo::No) {
+    return false;
+  }
+  if (now == level.stamp) return true;
   return desktop_.AskYesNo(PathText(document.GetPathName()) +
                            " was changed by another program. Overwrite it?") == YesNo::Yes;
 }

@@ -15,6 +15,7 @@
 #include "platform/command.h"
 #include "platform/desktop.h"
 #include "platform/frame_display.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -133,6 +134,7 @@ class CEditorApp : public CFrameDisplay {
   struct OpenLevel {
     std::string untitledName;  ///< proposed until the level has a file
     FileStamp stamp;           ///< of the file as we read or wrote it last
+    CReport damage;            ///< what was wrong with the file when we read it
   };
 
   template <typename Ask>

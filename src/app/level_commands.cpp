@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "app/status_text.h"
 #include "dialogs/create_box_dlg.h"
 #include "dialogs/group_attributes_dlg.h"
 #include "document/brush_edits.h"
@@ -47,7 +48,7 @@ void ExportToMap(ActiveLevel& level) {
   const auto written =
       ExportMap(level.document.GetLevel(), *path, level.settings.WadPath.string(), &report);
   if (written) {
-    level.desktop.SetStatusText(FileNameText(*path) + ": " + DescribeExport(report));
+    ShowOutcome(level.desktop, FileNameText(*path) + ": " + DescribeExport(report), *written);
   } else {
     level.desktop.ShowFailure("Cannot write " + PathText(*path) + ": " + ToLatin1(written.Error()));
   }

@@ -73,6 +73,8 @@ class CReport {
 
   [[nodiscard]] bool IsEmpty() const { return lines_.empty(); }
 
+  [[nodiscard]] std::size_t Count() const { return lines_.size() + more_; }
+
   /// Whether lines are only counted from now on.
   [[nodiscard]] bool IsFull() const { return lines_.size() == kMostLines; }
 

@@ -194,6 +194,36 @@ TEST_F(EditorApp, WhatAnotherProgramWroteIsNotOverwrittenUnasked) {
   EXPECT_EQ(desktop.Calls.size(), 2U);
 }
 
+TEST_F(EditorApp, ADamagedLevelIsToldOfAndReplacedOnlyWhenTheUserSaysSo) {
+  const fs::path path = Sample("level.3dz");
+  const std::string whole = *ReadWholeFile(path);
+  constexpr std::string_view kEnd = "End Class CBrushList\r\n";
+  std::string damaged = whole;
+  damaged.erase(whole.find(kEnd), kEnd.size());
+  ASSERT_TRUE(WriteFileAtomically(path, damaged));
+  Restart(path);
+  const std::string what = "no line \"End Class CBrushList\" where it should follow line 112";
+  EXPECT_EQ(desktop.Failure, "level.3dz is damaged in 1 place: " + what);
+  desktop.YesNoAnswers = {YesNo::No, YesNo::Yes};
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(*ReadWholeFile(path), damaged);
+  EXPECT_EQ(desktop.Calls.back(),
+            "yesno? level.3dz is damaged in 1 place:\n" + what +
+                "\nWhat could not be read is lost when the file is replaced. Replace it?");
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(*ReadWholeFile(path), whole);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(desktop.Calls.size(), 2U) << "the file is whole now";
+
+  ASSERT_TRUE(WriteFileAtomically(path, damaged));
+  Restart(path);
+  desktop.Files = {folder / "other.3dz"};
+  app->Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(*ReadWholeFile(folder / "other.3dz"), whole);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(desktop.Calls.size(), 3U) << "only where to save was asked";
+}
+
 TEST_F(EditorApp, FourViewsMinimizeTheOldOnesTileTheNewAndCloseWithTheirLevel) {
   app->Run(ID_TEXTURE_BROWSER);
   app->Run(ID_WINDOW_NEW);
