@@ -39,8 +39,8 @@ void Load(State& state) {
   FillDocument(document, state);
   const std::string text = WriteDocument(document);
   for (auto _ : state) {
-    const LoadedDocument loaded = ReadDocument(text);
-    if (!loaded.document) state.SkipWithError(loaded.error.c_str());
+    const auto loaded = ReadDocument(text);
+    if (!loaded) state.SkipWithError(loaded.Error().c_str());
   }
   CountBytes(state, text.size());
 }

@@ -85,9 +85,9 @@ TEST(Script, EveryCommandDoesItsPart) {
 
   ASSERT_EQ(result.files.size(), 2U);
   EXPECT_EQ(result.files[0].path, "half way.3dz");
-  const LoadedDocument saved = ReadDocument(result.files[0].bytes);
-  ASSERT_TRUE(saved.document) << saved.error;
-  EXPECT_EQ(saved.document->BrushCount(), 4);
+  const auto saved = ReadDocument(result.files[0].bytes);
+  ASSERT_TRUE(saved) << saved.Error();
+  EXPECT_EQ(saved->document->BrushCount(), 4);
   EXPECT_NE(result.files[1].bytes.find("\"wad\" \"my.wad\""), std::string::npos);
 }
 
@@ -157,9 +157,9 @@ TEST_F(ScriptFile, ScriptGoesOnFromAGivenLevel) {
   MakeLevel("one.3dz", "name base\nadd\n");
   Write("more.zscript", "pick base\ncopy-to-current\nadd\nsave saved.3dz");
   ASSERT_EQ(Run("run --level one.3dz more.zscript two.3dz").err, "");
-  const LoadedDocument two = LoadDocumentFile("two.3dz");
-  ASSERT_TRUE(two.document) << two.error;
-  EXPECT_EQ(two.document->BrushCount(), 2);
+  const auto two = LoadDocumentFile("two.3dz");
+  ASSERT_TRUE(two) << two.Error();
+  EXPECT_EQ(two->document->BrushCount(), 2);
   EXPECT_EQ(Read("saved.3dz"), Read("two.3dz"));
 }
 

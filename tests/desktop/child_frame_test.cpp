@@ -3,6 +3,7 @@
 #include <QMdiArea>
 
 #include "desktop/editor_fixture.h"
+#include "document/entity_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -26,7 +27,7 @@ TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   EXPECT_TRUE(desktop_.SaveQuestions.empty()) << "only the last window of a level asks";
 
   // While the last window asks, the same window and the program are closed once more.
-  Document().PlaceLight();
+  PlaceLight(Document());
   CChildFrame* last = Frames().front();
   desktop_.SaveAnswers = {SaveAnswer::Discard};
   desktop_.WhileAsking = [last] {

@@ -17,6 +17,9 @@
 #include "desktop/qt_text.h"
 #include "desktop/recent_files.h"
 #include "desktop/tiling.h"
+#include "document/brush_edits.h"
+#include "document/entity_edits.h"
+#include "document/group_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -73,12 +76,12 @@ TEST_F(EditorTest, EveryMenuLineOfTheTableIsThereWithKeyPromptAndState) {
   };
   EXPECT_EQ(shown(), ExpectedLines(app_, EmptyMenu()));
   app_.Start({});
-  Document().PlaceLight();
+  PlaceLight(Document());
   EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
 
   // A picked brush enables more; the menus follow.
-  Document().AddToWorld();
-  Document().SetCurrentBrush(*Document().BrushList.Head());
+  AddToWorld(Document());
+  SetCurrentBrush(Document(), 0);
   EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
   EXPECT_TRUE(MenuItem(ID_DELETE_BRUSH)->isEnabled());
 
@@ -114,11 +117,10 @@ TEST_F(EditorTest, ToolbarsShowTheTablesButtonsWithPicturesAfterTheGroupBox) {
 
 TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   for (const char* name : {"Walls", "Arches"}) {
-    CBGroup group;
-    group.gName = name;
-    Document().Groups.push_back(group);
+    CreateEmptyGroup(Document());
+    SetGroupLook(Document(), Document().State().CurrentGroup, {name, 0, true});
   }
-  Document().RefreshColors();
+  SetCurrentGroup(Document(), -1);
   auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
   EXPECT_EQ(box->currentText(), QStringLiteral("No Group"));
   EXPECT_EQ(box->itemText(2), QStringLiteral("Arches"));
@@ -126,7 +128,7 @@ TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   for (const int index : {2, 0}) {
     box->setCurrentIndex(index);
     emit box->activated(index);
-    EXPECT_EQ(Document().CurrentGroup, index - 1);
+    EXPECT_EQ(Document().State().CurrentGroup, index - 1);
     EXPECT_EQ(box->currentIndex(), index);
   }
 }
@@ -137,7 +139,7 @@ TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   field.setFocus();
   QTest::keyClicks(&field, QStringLiteral("xg"));
   EXPECT_EQ(field.text(), QStringLiteral("xg"));
-  EXPECT_EQ(Document().GroupMovementMode, 0);
+  EXPECT_EQ(Document().State().GroupMovementMode, 0);
 
   QDialog dialog(&window_);
   WithNextDialog([](QDialog& shown) {
@@ -155,7 +157,7 @@ TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   EXPECT_EQ(app_.Documents().size(), 2U);
 }
 
-TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
+TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPrompt) {
   const auto prompt = [this] { return window_.statusBar()->findChild<QLabel*>()->text(); };
   const auto hover = [this](const char* tip) {
     QStatusTipEvent event{QLatin1String(tip)};
@@ -167,6 +169,23 @@ TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
   hover("Create a new level");
+  hover("");
+  EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
+
+  desktop_.SetStatusText("Saved");
+  desktop_.ShowFailure("Cannot save");
+  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  for (const char* covering : {"Create a new level", "Open a level"}) {
+    hover(covering);
+    EXPECT_EQ(prompt(), QLatin1String(covering));
+    hover("");
+    EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  }
+  desktop_.SetStatusText("Opened");
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  desktop_.ClearFailure();
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  hover("x");
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
 

@@ -9,6 +9,7 @@
 
 #include "desktop/editor_fixture.h"
 #include "desktop/qt_text.h"
+#include "document/entity_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -37,7 +38,7 @@ TEST_F(EditorTest, ClosingAChangedLevelAsksAndHonoursTheAnswer) {
       window_.SetApplication(app_);
       window_.show();
       if (app_.Documents().empty()) app_.Start({});
-      Document().PlaceLight();
+      PlaceLight(Document());
       desktop_.SaveAnswers = {answer};
       if (answer == SaveAnswer::Save) desktop_.Files = {file};
       exit ? window_.close() : Frames().back()->close();

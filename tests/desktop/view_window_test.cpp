@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 
 #include "desktop/editor_fixture.h"
+#include "document/brush_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -64,16 +65,17 @@ TEST_F(LevelTest, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
   Choose(static_cast<CommandId>(ViewKind::Top));
   Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
   CViewWidget& widget = ActiveWidget();
-  const CZandoBrush& brush = Document().WorkingBrush;
+  const CZandoBrush& brush = Document().GetLevel().WorkingBrush;
   Mouse mouse(widget);
   mouse.Press({100, 100}, Qt::RightButton);
   mouse.MoveBy({-50, 0});
   mouse.Release(Qt::RightButton);
-  EXPECT_NEAR(brush.Rot[0].x, 341.333333, 1e-5);
+  EXPECT_NEAR(brush.Own().Rot.x, 341.333333, 1e-5);
   mouse.Press({100, 100}, Qt::LeftButton);
   mouse.MoveBy({70, -33});
   Choose(ID_ADD_TO_WORLD);
-  EXPECT_EQ(Document().BrushList.Head()->Pos[0], (Vector{70.0, 0.0, 33.0})) << "commits the drag";
+  EXPECT_EQ(Document().GetLevel().BrushList.Head()->Own().Pos, (Vector{70.0, 0.0, 33.0}))
+      << "commits the drag";
   mouse.Release(Qt::LeftButton);
 
   Choose(ID_TOOL_SELECT_GROUP);
@@ -95,20 +97,20 @@ TEST_F(LevelTest, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
     QApplication::sendEvent(&widget, &event);
   };
   press(Qt::Key_Space);
-  EXPECT_EQ(Document().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
   press(Qt::Key_Space, {}, true);
-  EXPECT_EQ(Document().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
   press(Qt::Key_Plus);
-  EXPECT_EQ(Document().GridSize, 64.0);
+  EXPECT_EQ(Document().State().GridSize, 64.0);
   press(Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_EQ(Document().GridSize, 128.0);
+  EXPECT_EQ(Document().State().GridSize, 128.0);
   press(Qt::Key_Minus, Qt::KeypadModifier);
   press(Qt::Key_Minus, Qt::KeypadModifier, true);
-  EXPECT_EQ(Document().GridSize, 32.0);
+  EXPECT_EQ(Document().State().GridSize, 32.0);
   Choose(ID_ADD_TO_WORLD);
-  Document().SetCurrentBrush(*Document().BrushList.Head());
+  SetCurrentBrush(Document(), 0);
   press(Qt::Key_Delete);
-  EXPECT_EQ(Document().BrushCount(), 0);
+  EXPECT_EQ(Document().GetLevel().BrushList.BrushCount(), 0);
 }
 
 TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {

@@ -90,11 +90,10 @@ class CFakeMainWindow : public CMainWindow {
  private:
   template <typename View>
   void Open(std::unique_ptr<View> view) {
-    auto window = std::make_unique<CFakeViewWindow>();
-    view->SetWindow(window.get());
-    view->OnInitialUpdate();
-    CChildView* opened = view.get();
-    Children.push_back({std::move(window), std::move(view)});
+    View* opened = view.get();
+    Children.push_back({std::make_unique<CFakeViewWindow>(), std::move(view)});
+    opened->SetWindow(Children.back().window.get());
+    opened->OnInitialUpdate();
     SetActive(opened);
   }
   std::vector<Child>::iterator Find(const CChildView& view) {
