@@ -16,10 +16,10 @@ class CFileCalls {
   CFileCalls& operator=(const CFileCalls&) = delete;
   virtual ~CFileCalls() = default;
 
-  virtual ssize_t Write(int file, std::string_view bytes) const;
-  virtual int Flush(int file) const;
-  virtual int ChangeOwner(int file, uid_t owner, gid_t group) const;
-  virtual int SetAttribute(int file, const char* name, std::string_view value) const;
+  [[nodiscard]] virtual ssize_t Write(int file, std::string_view bytes) const;
+  [[nodiscard]] virtual int Flush(int file) const;
+  [[nodiscard]] virtual int ChangeOwner(int file, uid_t owner, gid_t group) const;
+  [[nodiscard]] virtual int SetAttribute(int file, const char* name, std::string_view value) const;
 };
 
 }  // namespace zando
