@@ -22,11 +22,16 @@ constexpr int kCursorSlack = 2;
 /// Refusals in a row until the desktop is taken not to place the cursor.
 constexpr int kCursorAttempts = 5;
 
-QMessageBox::StandardButton Ask(QWidget& parent, QMessageBox::Icon icon, const QString& text,
+/// What opens now belongs to the dialog that is open, and to the main window when none is.
+QWidget* Uppermost(QWidget& mainWindow) {
+  QWidget* dialog = QApplication::activeModalWidget();
+  return dialog != nullptr ? dialog : &mainWindow;
+}
+
+QMessageBox::StandardButton Ask(QWidget& mainWindow, QMessageBox::Icon icon, const QString& text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton proposed) {
-  QMessageBox box(icon, QLatin1String(kTitle), text, buttons, QApplication::activeModalWidget());
-  if (box.parentWidget() == nullptr) box.setParent(&parent, box.windowFlags());
+  QMessageBox box(icon, QLatin1String(kTitle), text, buttons, Uppermost(mainWindow));
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(proposed);
   return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -97,7 +102,7 @@ void CQtDesktop::SetStatusText(std::string_view text) { window_.SetStatusText(Te
 
 std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& request) {
   const bool saving = request.kind == FileRequest::Kind::Save;
-  QFileDialog dialog(&window_, TextToQt(request.title));
+  QFileDialog dialog(Uppermost(window_), TextToQt(request.title));
   // Choosers of some desktops ask about overwriting before the extension is added.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -110,15 +115,15 @@ std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& r
 }
 
 std::optional<ColorRef> CQtDesktop::ChooseColor(ColorRef initial) {
-  QWidget* parent = QApplication::activeModalWidget();
-  const QColor color =
-      QColorDialog::getColor(ColorToQt(initial), parent == nullptr ? &window_ : parent, QString());
+  const QColor color = QColorDialog::getColor(ColorToQt(initial), Uppermost(window_));
   if (!color.isValid()) return std::nullopt;
   return Rgb(static_cast<std::uint32_t>(color.red()), static_cast<std::uint32_t>(color.green()),
              static_cast<std::uint32_t>(color.blue()));
 }
 
-ControlId CQtDesktop::DoModal(CDialog& dialog) { return RunModal(dialog, &window_); }
+ControlId CQtDesktop::DoModal(CDialog& dialog) {
+  return RunModal(dialog, Uppermost(window_));
+}
 
 ScreenPoint CQtDesktop::GetCursorPos() const {
   const QPoint position = QCursor::pos();

@@ -26,4 +26,9 @@ namespace zando {
   return QFile::encodeName(path).toStdString();
 }
 
+/// A tool tip that shows the text as it is, even when it looks like markup.
+[[nodiscard]] inline QString PlainToolTip(const QString& text) {
+  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
+}
+
 }  // namespace zando

@@ -146,10 +146,9 @@ void CTextureWidget::ShowToolTip(const QPoint& position, const QPoint& onScreen)
                                 QString::number(texture.height));
   const ScreenRect place = view_->PlaceOf(*index);
   const ScreenPoint corner = ToPicture({0, 0});
-  // A name may look like markup, which a tool tip would obey.
   QToolTip::showText(
-      onScreen, QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()),
-      viewport(), {place.left - corner.x, place.top - corner.y, texture.width, texture.height});
+      onScreen, PlainToolTip(text), viewport(),
+      {place.left - corner.x, place.top - corner.y, texture.width, texture.height});
 }
 
 }  // namespace zando
