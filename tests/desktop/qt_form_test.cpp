@@ -12,7 +12,6 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -22,7 +21,6 @@
 #include <vector>
 
 #include "desktop/qt_text.h"
-#include "desktop/splash_wnd.h"
 #include "support/form_suite.h"
 
 namespace zando {
@@ -225,25 +223,4 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Qt, FormSuite, CQtPerson);
 }  // namespace
 }  // namespace testing
 
-namespace {
-
-TEST(Splash, TheFirstKeyHidesItAndGoesNoFurther) {
-  QLineEdit window;
-  int commands = 0;
-  QShortcut shortcut(QKeySequence("F5"), &window);
-  QObject::connect(&shortcut, &QShortcut::activated, [&] { ++commands; });
-  window.show();
-  window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  CSplashWnd::ShowSplash(&window);
-  const QPointer<CSplashWnd> splash = window.findChild<CSplashWnd*>();
-  window.activateWindow();
-  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
-  EXPECT_TRUE(splash == nullptr || !splash->isVisible());
-  EXPECT_EQ(commands, 0);
-  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
-  EXPECT_EQ(commands, 1);
-}
-
-}  // namespace
 }  // namespace zando
