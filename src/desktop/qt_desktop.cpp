@@ -100,6 +100,10 @@ YesNo CQtDesktop::AskYesNo(std::string_view question) {
 
 void CQtDesktop::SetStatusText(std::string_view text) { window_.SetStatusText(TextToQt(text)); }
 
+void CQtDesktop::ShowFailure(std::string_view text) { window_.ShowFailure(TextToQt(text)); }
+
+void CQtDesktop::ClearFailure() { window_.ClearFailure(); }
+
 std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& request) {
   const bool saving = request.kind == FileRequest::Kind::Save;
   QFileDialog dialog(Uppermost(window_), TextToQt(request.title));

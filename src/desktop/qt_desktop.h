@@ -20,6 +20,8 @@ class CQtDesktop : public CDesktop {
   [[nodiscard]] SaveAnswer AskSaveChanges(std::string_view name) override;
   [[nodiscard]] YesNo AskYesNo(std::string_view question) override;
   void SetStatusText(std::string_view text) override;
+  void ShowFailure(std::string_view text) override;
+  void ClearFailure() override;
   [[nodiscard]] std::optional<std::filesystem::path> ChooseFile(
       const FileRequest& request) override;
   [[nodiscard]] std::optional<ColorRef> ChooseColor(ColorRef initial) override;

@@ -177,14 +177,29 @@ void CQtMainWindow::UpdateTitle() {
 
 void CQtMainWindow::SetStatusText(const QString& text) {
   message_ = text;
-  promptPane_->setText(text);
+  promptPane_->setText(IdleText());
+}
+
+void CQtMainWindow::ShowFailure(const QString& text) {
+  failure_ = text;
+  SetStatusText({});
+}
+
+void CQtMainWindow::ClearFailure() {
+  if (failure_.isEmpty()) return;
+  failure_.clear();
+  promptPane_->setText(IdleText());
+}
+
+QString CQtMainWindow::IdleText() const {
+  if (!message_.isEmpty()) return message_;
+  return failure_.isEmpty() ? tr(kIdlePrompt) : failure_;
 }
 
 void CQtMainWindow::ShowPrompt(const QString& prompt) {
   // What a menu leaves behind when it closes must not wipe out what its command had to say.
   if (!prompt.isEmpty()) message_.clear();
-  const QString& idle = message_.isEmpty() ? tr(kIdlePrompt) : message_;
-  promptPane_->setText(prompt.isEmpty() ? idle : prompt);
+  promptPane_->setText(prompt.isEmpty() ? IdleText() : prompt);
 }
 
 bool CQtMainWindow::event(QEvent* event) {

@@ -38,6 +38,10 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   /// A line in the status bar, until the next prompt takes its place.
   void SetStatusText(const QString& text);
 
+  /// A line that comes back after every prompt, until ClearFailure.
+  void ShowFailure(const QString& text);
+  void ClearFailure();
+
   void OpenChild(std::unique_ptr<CZANDOView> view) override;
   void OpenChild(std::unique_ptr<CTextureView> view) override;
   void CloseChild(CChildView& view) override;
@@ -80,6 +84,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void SetActiveFrame(CChildFrame* frame);
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
+  [[nodiscard]] QString IdleText() const;
   void TileFrames(TileOrder order);
   [[nodiscard]] CChildFrame* FrameOf(const CChildView& view) const;
   [[nodiscard]] int HeightOfIcons() const;
@@ -94,7 +99,8 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   QComboBox* groupBox_ = nullptr;
   QLabel* promptPane_ = nullptr;
   QLabel* gridPane_ = nullptr;
-  QString message_;
+  QString message_;  ///< until the next prompt
+  QString failure_;  ///< until the next command
   QString shownTitle_;
   std::vector<CChildFrame*> frames_;  ///< in the order of opening
   CChildFrame* activeFrame_ = nullptr;

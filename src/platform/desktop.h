@@ -43,6 +43,11 @@ class CDesktop {
   /// A line in the status bar, until the next prompt takes its place.
   virtual void SetStatusText(std::string_view text) = 0;
 
+  /// A line in the status bar that tells what went wrong. Prompts may cover it, and it comes back
+  /// when they go, until ClearFailure: the next command has begun.
+  virtual void ShowFailure(std::string_view text) = 0;
+  virtual void ClearFailure() = 0;
+
   /// The chosen file, or none when the user cancelled. A save chooser asks before it overwrites.
   [[nodiscard]] virtual std::optional<std::filesystem::path> ChooseFile(
       const FileRequest& request) = 0;

@@ -155,7 +155,7 @@ TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   EXPECT_EQ(app_.Documents().size(), 2U);
 }
 
-TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
+TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPrompt) {
   const auto prompt = [this] { return window_.statusBar()->findChild<QLabel*>()->text(); };
   const auto hover = [this](const char* tip) {
     QStatusTipEvent event{QLatin1String(tip)};
@@ -167,6 +167,23 @@ TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
   hover("Create a new level");
+  hover("");
+  EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
+
+  desktop_.SetStatusText("Saved");
+  desktop_.ShowFailure("Cannot save");
+  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  for (const char* covering : {"Create a new level", "Open a level"}) {
+    hover(covering);
+    EXPECT_EQ(prompt(), QLatin1String(covering));
+    hover("");
+    EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  }
+  desktop_.SetStatusText("Opened");
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  desktop_.ClearFailure();
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  hover("x");
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
 
