@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QCursor>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <cstdlib>
@@ -15,9 +14,6 @@ namespace zando {
 namespace {
 
 constexpr auto kTitle = "ZANDO";
-
-/// Scaled screens may round the place of the cursor by this much.
-constexpr int kCursorSlack = 2;
 
 /// Refusals in a row until the desktop is taken not to place the cursor.
 constexpr int kCursorAttempts = 5;
@@ -125,22 +121,15 @@ std::optional<ColorRef> CQtDesktop::ChooseColor(ColorRef initial) {
              static_cast<std::uint32_t>(color.blue()));
 }
 
-ControlId CQtDesktop::DoModal(CDialog& dialog) {
-  return RunModal(dialog, Uppermost(window_));
-}
+ControlId CQtDesktop::DoModal(CDialog& dialog) { return RunModal(dialog, Uppermost(window_)); }
 
-ScreenPoint CQtDesktop::GetCursorPos() const {
-  const QPoint position = QCursor::pos();
-  return {position.x(), position.y()};
-}
+ScreenPoint CQtDesktop::GetCursorPos() const { return pointer_.Position(); }
 
 void CQtDesktop::SetCursorPos(ScreenPoint point) {
   if (!canPlaceCursor_) return;
-  const QPoint wanted(point.x, point.y);
   // A hand that moves on may have carried the cursor off again before it is looked for.
   for (int attempt = 0; attempt < kCursorAttempts; ++attempt) {
-    QCursor::setPos(wanted);
-    if ((QCursor::pos() - wanted).manhattanLength() <= kCursorSlack) return;
+    if (pointer_.MoveTo(point)) return;
   }
   // Remote desktops and some compositors take the request and ignore it.
   canPlaceCursor_ = false;

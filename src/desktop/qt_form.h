@@ -77,9 +77,9 @@ class CQtForm : public CDialogForm {
   std::map<ControlId, QWidget*> controls_;
   std::map<ControlId, int> scrolled_;  ///< where lists stood before they were emptied
   std::set<ControlId> unsorted_;
-  std::set<ControlId> changedLists_;   ///< the dialog must still hear of their new selections
-  std::optional<ControlId> entered_;   ///< the field that the dialog must still hear is left
-  std::optional<ControlId> result_;    ///< once the dialog has closed
+  std::set<ControlId> changedLists_;  ///< the dialog must still hear of their new selections
+  std::optional<ControlId> entered_;  ///< the field that the dialog must still hear is left
+  std::optional<ControlId> result_;   ///< once the dialog has closed
 };
 
 /// Runs the dialog over its parent window; the number it closed with.

@@ -118,7 +118,9 @@ TEST(QtForm, AFieldTakesOfWhatIsTypedOrPastedWhatALevelCanHold) {
   }
   QGuiApplication::clipboard()->setText(QStringLiteral("\u0416b\nc\u00FF"));
   field.paste();
-  EXPECT_EQ(form.GetText(1001), "a\xE9" "bc\xFF");
+  EXPECT_EQ(form.GetText(1001),
+            "a\xE9"
+            "bc\xFF");
 }
 
 TEST(QtForm, AWrongNumberKeepsTheWindowAndLeadsToItsField) {

@@ -1,5 +1,6 @@
 // The form that stands in for a window in other tests behaves as a window does.
 #include "support/fake_form.h"
+
 #include "support/form_suite.h"
 
 namespace zando::testing {

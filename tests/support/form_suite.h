@@ -101,8 +101,7 @@ TYPED_TEST_P(FormSuite, AFieldTellsWhenItChangesAndOnceWhenItIsLeft) {
   this->dialog_.Told.clear();
   this->person_.Type(kField, "z");
   this->person_.Press(IDOK);
-  EXPECT_EQ(this->dialog_.Told,
-            (typename TestFixture::Told{"left 11", "changed 10", "left 10"}));
+  EXPECT_EQ(this->dialog_.Told, (typename TestFixture::Told{"left 11", "changed 10", "left 10"}));
   EXPECT_EQ(this->dialog_.Text, "z");
   EXPECT_EQ(this->person_.Result(), IDOK);
 }
