@@ -14,6 +14,7 @@
 
 #include "desktop/about_dialog.h"
 #include "desktop/child_frame.h"
+#include "desktop/group_box.h"
 #include "desktop/qt_text.h"
 
 namespace zando {
@@ -116,7 +117,7 @@ void CQtMainWindow::BuildToolbars() {
 }
 
 void CQtMainWindow::BuildGroupBox() {
-  groupBox_ = new QComboBox(secondToolbar_);
+  groupBox_ = new CGroupBox(secondToolbar_);
   groupBox_->setObjectName(QString::number(kGroupBoxId));
   groupBox_->setAccessibleName(tr("Current group"));
   groupBox_->setToolTip(tr("Current group"));
@@ -134,6 +135,7 @@ void CQtMainWindow::BuildGroupBox() {
     if (app_ != nullptr) app_->SelectGroup(groupBox_->itemData(index).toInt());
     RefreshCommands();
   });
+  connect(groupBox_, &CGroupBox::Left, &connections_, [this] { FocusActiveView(); });
 }
 
 void CQtMainWindow::BuildStatusBar() {
@@ -286,6 +288,10 @@ void CQtMainWindow::SetActiveFrame(CChildFrame* frame) {
   if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
   if (app_ != nullptr) app_->OnActiveViewChanged();
   RefreshCommands();
+}
+
+void CQtMainWindow::FocusActiveView() {
+  if (activeFrame_ != nullptr) activeFrame_->setFocus();
 }
 
 bool CQtMainWindow::MayClose(CChildView& view) { return app_ == nullptr || app_->MayClose(view); }

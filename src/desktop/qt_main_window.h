@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -17,6 +16,7 @@
 namespace zando {
 
 class CChildFrame;
+class CGroupBox;
 
 /// The main frame on Qt: menus, toolbars and keys from the command table, a status bar, and an area
 /// in which the views have their windows.
@@ -81,6 +81,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void BuildStatusBar();
   void ShowMenusForDocuments();
   void OpenFrame(CChildFrame* frame);
+  void FocusActiveView();
   void SetActiveFrame(CChildFrame* frame);
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
@@ -96,7 +97,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   std::vector<QMenu*> documentMenus_;
   QToolBar* mainToolbar_ = nullptr;
   QToolBar* secondToolbar_ = nullptr;
-  QComboBox* groupBox_ = nullptr;
+  CGroupBox* groupBox_ = nullptr;
   QLabel* promptPane_ = nullptr;
   QLabel* gridPane_ = nullptr;
   QString message_;  ///< until the next prompt

@@ -1,4 +1,5 @@
 // Menus, toolbars, keys and status bar of the real main window against the command table.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QStatusTipEvent>
 #include <QTest>
 #include <QToolBar>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "app/command_table.h"
@@ -128,6 +130,38 @@ TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
     emit box->activated(index);
     EXPECT_EQ(Document().CurrentGroup, index - 1);
     EXPECT_EQ(box->currentIndex(), index);
+  }
+}
+
+TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
+  Document().Groups.resize(2);
+  Document().RefreshColors();
+  auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
+  const auto turn = [box] {
+    QWheelEvent wheel({9, 9}, box->mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box, &wheel);
+  };
+  ActiveWidget().setFocus();
+  for (const bool byMouse : {true, false}) {
+    turn();
+    EXPECT_EQ(Document().CurrentGroup, byMouse ? -1 : 1);
+    if (byMouse) {
+      QTest::mouseClick(box, Qt::LeftButton);
+      for (const int key : {Qt::Key_Down, Qt::Key_Return}) {
+        QTest::keyClick(box->view(), static_cast<Qt::Key>(key));
+      }
+    } else {
+      box->setFocus(Qt::TabFocusReason);
+      turn();
+      EXPECT_EQ(Document().CurrentGroup, 1);
+      QTest::keyClick(box, Qt::Key_Up);
+      EXPECT_TRUE(box->hasFocus()) << "the next step may follow";
+      QTest::keyClick(box, Qt::Key_Return);
+    }
+    EXPECT_EQ(Document().CurrentGroup, 0);
+    EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
+    if (byMouse) Document().SetCurrentGroup(1);
   }
 }
 
