@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/command_icon.h"
+#include "desktop/menu_keys.h"
 #include "desktop/qt_text.h"
 
 namespace zando {
@@ -85,6 +86,7 @@ std::vector<QMenu*> CCommandActions::BuildMenus(std::span<const MenuLine> lines,
       continue;
     }
     auto* menu = new QMenu(TextToQt(line.text), &window_);
+    new CSharedLetters(*menu);
     QObject::connect(menu, &QMenu::aboutToShow, &connections_, refresh);
     if (open.empty()) {
       menus.push_back(menu);

@@ -15,6 +15,7 @@
 #include "desktop/about_dialog.h"
 #include "desktop/child_frame.h"
 #include "desktop/group_box.h"
+#include "desktop/menu_keys.h"
 #include "desktop/qt_text.h"
 
 namespace zando {
@@ -90,6 +91,7 @@ void CQtMainWindow::BuildMenus() {
   emptyMenus_ = actions_.BuildMenus(EmptyMenu(), refresh);
   documentMenus_ = actions_.BuildMenus(DocumentMenu(), refresh);
   ShowMenusForDocuments();
+  BindMenuKeys(*this, *menuBar());
 }
 
 void CQtMainWindow::ShowMenusForDocuments() {

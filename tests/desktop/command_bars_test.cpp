@@ -133,6 +133,55 @@ TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   }
 }
 
+TEST_F(LevelTest, ALetterOfTwoLinesWalksThemAndTheBarOpensByItsKeys) {
+  const auto press = [](int key, Qt::KeyboardModifiers keys = {}) {
+    QWidget* menu = QApplication::activePopupWidget();
+    QTest::keyClick(menu != nullptr ? menu : QApplication::focusWidget(), static_cast<Qt::Key>(key),
+                    keys);
+  };
+  const auto chosen = [] {
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    return menu == nullptr || menu->activeAction() == nullptr
+               ? std::string()
+               : TextFromQt(menu->activeAction()->text());
+  };
+  const auto open = [this] {
+    const QAction* title = window_.menuBar()->activeAction();
+    return title == nullptr ? std::string() : TextFromQt(title->text());
+  };
+  ActiveWidget().setFocus();
+  for (const char* title : {"&Edit", "&Entities", "&Edit"}) {
+    press(Qt::Key_E, Qt::AltModifier);
+    EXPECT_EQ(open(), title);
+  }
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  press(Qt::Key_V, Qt::AltModifier);
+  for (const char* line : {"&Toolbar", "&Tools", "&Toolbar"}) {
+    press(Qt::Key_T);
+    EXPECT_EQ(chosen(), line);
+  }
+  press(Qt::Key_Return);
+  EXPECT_FALSE(window_.AreToolbarsVisible());
+  press(Qt::Key_B, Qt::AltModifier);
+  for (int i = 0; i < 2; ++i) {
+    press(Qt::Key_A);
+    EXPECT_EQ(chosen(), "&Add to World") << "the other line with this letter is greyed";
+  }
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  press(Qt::Key_F10);
+  EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(open(), "&File");
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(open(), "");
+  const QImage before = window_.menuBar()->grab().toImage();
+  press(Qt::Key_Alt);
+  EXPECT_EQ(open(), "&File");
+  EXPECT_NE(window_.menuBar()->grab().toImage(), before) << "and shows that it has the keys";
+}
+
 TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
   Document().Groups.resize(2);
   Document().RefreshColors();
