@@ -40,8 +40,6 @@ QIcon IconOf(std::string_view name) {
   return QIcon(new CCommandIcon(QIcon(file)));
 }
 
-QString EscapeMarks(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
-
 }  // namespace
 
 CCommandActions::CCommandActions(QWidget& window, Runner run)
@@ -108,6 +106,9 @@ void CCommandActions::AddLine(QMenu& menu, const MenuLine& line) {
       break;
     case MenuLine::Kind::RecentFiles:
       AddRecentFiles(menu);
+      break;
+    case MenuLine::Kind::OpenWindows:
+      windowMenu_ = &menu;
       break;
     case MenuLine::Kind::Submenu:
       break;

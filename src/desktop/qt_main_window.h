@@ -11,7 +11,8 @@
 #include "app/editor_app.h"
 #include "app/main_window.h"
 #include "desktop/command_actions.h"
-#include "desktop/tiling.h"
+#include "desktop/tiled_windows.h"
+#include "desktop/window_list.h"
 
 namespace zando {
 
@@ -49,9 +50,9 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void Activate(CChildView& view) override;
   void Minimize(CChildView& view) override;
   [[nodiscard]] bool IsMinimized(const CChildView& view) const override;
-  void TileHorizontally() override { TileFrames(TileOrder::Stacked); }
-  void Tile() override { TileFrames(TileOrder::SideBySide); }
-  void Cascade() override { area_->cascadeSubWindows(); }
+  void TileHorizontally(const std::vector<CChildView*>& views) override;
+  void Tile() override;
+  void Cascade() override;
   void ArrangeIcons() override;
   void SetGroupItems(const std::vector<GroupItem>& items, std::int32_t selected) override;
   void SetGridPane(std::string_view text) override;
@@ -70,6 +71,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -86,7 +88,10 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
   [[nodiscard]] QString IdleText() const;
-  void TileFrames(TileOrder order);
+  void RefreshWindowList();
+  [[nodiscard]] QString NameOf(const CZANDODoc& document) const;
+  void TileFrames(const std::vector<CChildFrame*>& frames, TileOrder order);
+  [[nodiscard]] QRect TilingArea() const;
   [[nodiscard]] CChildFrame* FrameOf(const CChildView& view) const;
   [[nodiscard]] int HeightOfIcons() const;
 
@@ -105,6 +110,8 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   QString shownTitle_;
   std::vector<CChildFrame*> frames_;  ///< in the order of opening
   CChildFrame* activeFrame_ = nullptr;
+  CTiledWindows tiled_;
+  CWindowList windowList_;
   QObject connections_;  ///< ends what Qt would still tell us while the window goes
 };
 

@@ -33,6 +33,8 @@ void AppendLines(const QList<QAction*>& actions, int depth, std::vector<std::str
       lines.push_back(indent + TextFromQt(action->text()));
       emit action->menu()->aboutToShow();
       AppendLines(action->menu()->actions(), depth + 1, lines);
+    } else if (!action->data().isValid()) {
+      lines.push_back(indent + "open windows");
     } else if (action->data().toInt() == ID_FILE_MRU_FIRST) {
       lines.push_back(indent + "recent files");
     } else if (action->isVisible()) {
@@ -50,6 +52,7 @@ std::vector<std::string> ExpectedLines(CEditorApp& app, std::span<const MenuLine
     std::string text(static_cast<std::size_t>(line.depth), '>');
     if (line.kind == MenuLine::Kind::Separator) text += "-";
     if (line.kind == MenuLine::Kind::RecentFiles) text += "recent files";
+    if (line.kind == MenuLine::Kind::OpenWindows) text += "open windows";
     if (line.kind == MenuLine::Kind::Submenu) text += line.text;
     if (line.kind == MenuLine::Kind::Command) {
       const CommandRow* row = FindCommand(line.id);
