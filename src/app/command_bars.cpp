@@ -23,6 +23,9 @@ constexpr MenuLine Separator(std::int32_t depth) {
 constexpr MenuLine RecentFiles(std::int32_t depth) {
   return {MenuLine::Kind::RecentFiles, depth, 0, {}};
 }
+constexpr MenuLine OpenWindows(std::int32_t depth) {
+  return {MenuLine::Kind::OpenWindows, depth, 0, {}};
+}
 
 constexpr std::array kEmptyMenu{
     Submenu(0, "&File"),
@@ -149,6 +152,8 @@ constexpr std::array kDocumentMenu{
     Item(1, ID_WINDOW_CASCADE),
     Item(1, ID_WINDOW_TILE),
     Item(1, ID_WINDOW_ARRANGE),
+    Separator(1),
+    OpenWindows(1),
 
     Submenu(0, "&Help"),
     Item(1, ID_HELP_TOPICS),

@@ -49,7 +49,7 @@ struct CommandRow {
 
 /// A line of a menu. A submenu holds the lines that follow it at a greater depth.
 struct MenuLine {
-  enum class Kind { Command, Submenu, Separator, RecentFiles };
+  enum class Kind { Command, Submenu, Separator, RecentFiles, OpenWindows };
   Kind kind;
   std::int32_t depth;     ///< 0 for the menus of the bar
   CommandId id;           ///< of a command, else 0

@@ -156,7 +156,7 @@ void CEditorApp::OpenFourViews(CZANDODoc& document) {
     if (kind == kinds.end()) break;
     if (!window_.IsMinimized(*view)) view->SetKind(*kind++);
   }
-  window_.TileHorizontally();
+  window_.TileHorizontally(ViewsOf<CChildView>(document));
 }
 
 void CEditorApp::Activate(CZANDODoc& document) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "desktop/pointer.h"
 #include "platform/desktop.h"
 
 namespace zando {
@@ -34,6 +35,7 @@ class CQtDesktop : public CDesktop {
 
  private:
   CQtMainWindow& window_;
+  CPointer pointer_;
   bool canPlaceCursor_ = PlatformPlacesCursor();
   bool cursorHidden_ = false;
 

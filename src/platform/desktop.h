@@ -58,7 +58,7 @@ class CDesktop {
   /// Runs the dialog's form until it closes; the number it closed with.
   virtual ControlId DoModal(CDialog& dialog) = 0;
 
-  /// The pointer, in screen coordinates. Where the desktop does not let a program place it,
+  /// The pointer, in pixels of the screen. Where the desktop does not let a program place it,
   /// SetCursorPos does nothing and CanPlaceCursor is false.
   [[nodiscard]] virtual ScreenPoint GetCursorPos() const = 0;
   virtual void SetCursorPos(ScreenPoint point) = 0;
@@ -68,7 +68,8 @@ class CDesktop {
   [[nodiscard]] virtual bool IsShiftDown() const = 0;
 };
 
-/// The window of one view as the view sees it, whatever kind of view that is.
+/// The window of one view as the view sees it, whatever kind of view that is. Sizes and places are
+/// pixels of the device, however the display is scaled.
 class CChildWindow {
  public:
   CChildWindow() = default;
