@@ -157,9 +157,9 @@ TEST_P(CsgDifferential, EveryInsertedBrushLeavesTheTreeOfThePlainAlgorithm) {
     CConstructiveBsp world;
     literal::Tree plain;
     for (const CZandoBrush& brush : level) {
-      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush->BBid);
-      InsertBrush(world, *brush, brush->BBid);
-      literal::InsertBrush(plain, *brush, brush->BBid);
+      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush.BBid);
+      InsertBrush(world, brush, brush.BBid);
+      literal::InsertBrush(plain, brush, brush.BBid);
       ExpectSame(world, plain);
       if (HasFailure()) return;
     }
