@@ -47,7 +47,7 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
   Level& level = change.level;
   const EditingState& state = change.state;
   if (MovesEntity()) {
-    if (!level.IsEntity(state.CurrentEntity)) return;
+    if (!level.IsEntity(state.CurrentEntity) || change.CurrentEntity().eStyle != 0) return;
     entity_ = state.CurrentEntity;
     entityBefore_ = change.CurrentEntity().WorkOrigin;
     return;
@@ -61,9 +61,10 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
   for (const CZandoBrush& brush : level.BrushList) {
     if (brush.BGroup == group_) members_.push_back({brush.BBid, brush.Slots()});
   }
-  if (operation_ == DragOperation::MoveBrush) return;
+  if (operation_ == DragOperation::MoveBrush || members_.empty()) return;
   // The centre as it is now, whatever moved since it was last computed, is the pivot of them all.
   CBGroup& group = level.Groups[static_cast<std::size_t>(group_)];
+  groupBefore_ = group;
   group.ComputeCentre(level.BrushList.Head(), group_);
   ForEachMember(kTouchedNothing, [&](CZandoBrush& brush, const Member&) {
     brush.BeginGroupOperation(group.Centre);
@@ -72,6 +73,7 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
 
 template <typename Edit>
 void CToolDrag::ForEachMember(std::uint32_t touched, Edit&& edit) {
+  if (members_.empty()) return;
   CChange change(document_, touched);
   for (const Member& member : members_) {
     CZandoBrush* brush = member.id == kWorkingBrush ? &change.level.WorkingBrush
@@ -146,6 +148,7 @@ void CToolDrag::EndMove(std::uint32_t axisMask, Commit commit) {
 /// The displacement that all have in common snaps, so that the members keep their places to one
 /// another.
 void CToolDrag::EndGroupMove(std::uint32_t axisMask, Commit commit) {
+  if (members_.empty()) return;
   const double step = MoveStep(document_.State());
   const Vector snapped = Snapped(moved_, step, ChangedAxes(moved_, axisMask));
   const Vector offset = Committed(snapped, {0.0, 0.0, 0.0}, commit);
@@ -203,11 +206,18 @@ void CToolDrag::EndEntity(std::uint32_t axisMask, Commit commit) {
 }
 
 void CToolDrag::Cancel() {
+  const CCompoundChange whole(document_);
   ForEachMember(kTouchedDisplay,
                 [](CZandoBrush& brush, const Member& member) { brush.CancelDrag(member.before); });
-  if (!document_.GetLevel().IsEntity(entity_)) return;
-  CChange change(document_, kTouchedDisplay);
-  change.level.Entities[static_cast<std::size_t>(entity_)].WorkOrigin = entityBefore_;
+  const Level& level = document_.GetLevel();
+  if (groupBefore_ && level.IsGroup(group_)) {
+    CChange change(document_, kTouchedNothing);
+    change.level.Groups[static_cast<std::size_t>(group_)] = *groupBefore_;
+  }
+  if (level.IsEntity(entity_)) {
+    CChange change(document_, kTouchedDisplay);
+    change.level.Entities[static_cast<std::size_t>(entity_)].WorkOrigin = entityBefore_;
+  }
 }
 
 void TurnBrush(CZANDODoc& document, const Vector& angles, std::uint32_t axisMask) {

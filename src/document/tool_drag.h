@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "document/zando_doc.h"
@@ -11,7 +12,8 @@
 namespace zando {
 
 /// What a drag with the mouse does. The first four work on the current brush, or in group movement
-/// mode on the brushes of the current group about its centre; there may be none.
+/// mode on the brushes of the current group about its centre; there may be none, and then nothing
+/// changes.
 enum class DragOperation {
   MoveBrush,    ///< back by so many map units
   RotateBrush,  ///< by (yaw, pitch, roll) in rotation units, which are about y, x and z
@@ -64,6 +66,7 @@ class CToolDrag {
   DragOperation operation_;
   std::int32_t group_ =
       -1;  ///< whose brushes are dragged about its centre; -1 for the current brush
+  std::optional<CBGroup> groupBefore_;  ///< when its centre was computed anew
   std::int32_t entity_ = -1;
   Vector entityBefore_{0.0, 0.0, 0.0};
   Vector moved_{0.0, 0.0, 0.0};  ///< by all steps
