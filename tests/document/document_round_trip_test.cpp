@@ -10,7 +10,11 @@
 #include <vector>
 
 #include "csg/csg_world.h"
+#include "document/brush_edits.h"
 #include "document/document_file.h"
+#include "document/entity_edits.h"
+#include "document/group_edits.h"
+#include "support/edit_level.h"
 #include "support/random_level.h"
 
 namespace zando::testing {
@@ -20,12 +24,13 @@ std::int32_t AnyOf(CRandom& random, std::size_t count) {
   return random.Between(0, static_cast<std::int32_t>(count) - 1);
 }
 
-void PickGroup(CZANDODoc& level, CRandom& random) {
-  level.CurrentGroup = random.Between(-1, static_cast<std::int32_t>(level.Groups.size()) - 1);
+void PickGroup(CZANDODoc& document, CRandom& random) {
+  const auto groups = static_cast<std::int32_t>(document.GetLevel().Groups.size());
+  SetCurrentGroup(document, random.Between(-1, groups - 1));
 }
 
 /// Changes a listed brush in ways that the world does not follow at once.
-void ChangeBrush(CZANDODoc& level, CZandoBrush& brush, CRandom& random) {
+void ChangeBrush(CZandoBrush& brush, const CEntList& entities, CRandom& random) {
   if (random.Percent(30)) brush.MoveTo({random.Real(-9999.0, 9999.0), 1.0 / 3.0, -0.0});
   if (random.Percent(30)) {
     brush.BeginGroupOperation({random.Real(-500.0, 500.0), 0.0, 7.0});
@@ -36,14 +41,15 @@ void ChangeBrush(CZANDODoc& level, CZandoBrush& brush, CRandom& random) {
     brush.EndGroupOperation(operation);
   }
   if (random.Percent(30)) brush.BFlags |= BF_SELECTED;
-  if (level.Entities.empty() || random.Percent(70)) return;
+  if (entities.empty() || random.Percent(70)) return;
   brush.BFlags |= BF_ENTITY;
-  brush.BEnt = AnyOf(random, level.Entities.size());
+  brush.BEnt = AnyOf(random, entities.size());
 }
 
 /// A level as editing leaves it: brushes, groups and entities come, change and go.
-void FillLevel(CZANDODoc& level, std::uint64_t seed) {
+void FillLevel(CZANDODoc& document, std::uint64_t seed) {
   CRandom random(seed);
+  Level& level = Edit(document);
   LevelOptions options{.brushes = random.Between(0, 14), .tapered = 30, .turned = 30, .water = 20};
   for (std::int32_t i = random.Between(0, 3); i > 0; --i) {
     CBGroup& group = level.Groups.emplace_back();
@@ -51,32 +57,31 @@ void FillLevel(CZANDODoc& level, std::uint64_t seed) {
     group.gVis = random.Between(0, 1);
     group.gCol = static_cast<std::uint32_t>(random.Between(0, 0xFFFFFF));
   }
-  const CBrushList brushes = RandomLevel(seed, options);
-  for (const auto& brush : brushes.Brushes()) {
-    PickGroup(level, random);
-    level.WorkingBrush = *brush;
-    brush->TranT == kAddToWorld ? level.AddToWorld() : level.SubtractFromWorld();
+  for (const CZandoBrush& brush : RandomLevel(seed, options)) {
+    PickGroup(document, random);
+    level.WorkingBrush = brush;
+    brush.TranT == kAddToWorld ? AddToWorld(document) : SubtractFromWorld(document);
   }
   for (std::int32_t i = random.Between(0, 4); i > 0; --i) {
-    PickGroup(level, random);
-    level.PlaceLight();
+    PickGroup(document, random);
+    PlaceLight(document);
     CEntity& light = level.Entities.back();
     light.SetValue("origin", FormatWholeNumbers(random.Real(-4096.0, 4096.0), 64.0, -0.0));
     light.ParseOrigin();
     if (random.Percent(30)) light.eFlags |= EF_SELECTED;
   }
-  for (const auto& brush : level.BrushList.Brushes()) ChangeBrush(level, *brush, random);
+  for (CZandoBrush& brush : level.BrushList) ChangeBrush(brush, level.Entities, random);
   if (random.Percent(30)) RebuildQuick(level.World, nullptr, WaterBrushes::Build);
   if (random.Percent(30)) RebuildOptimal(level.World, nullptr, WaterBrushes::Skip);
-  for (std::int32_t i = random.Between(0, 3); i > 0 && level.BrushCount() > 0; --i) {
-    const auto index = static_cast<std::size_t>(AnyOf(random, level.BrushList.Brushes().size()));
-    level.SetCurrentBrush(*level.BrushList.Brushes()[index]);
-    level.DeleteCurrentBrush();
+  for (std::int32_t i = random.Between(0, 3); i > 0 && !level.BrushList.IsEmpty(); --i) {
+    const auto count = static_cast<std::size_t>(level.BrushList.BrushCount());
+    SetCurrentBrush(document, level.BrushList[AnyOf(random, count)].BBid);
+    DeleteCurrentBrush(document);
   }
   if (!level.Entities.empty() && random.Percent(50)) {
-    level.DeleteEntity(AnyOf(random, level.Entities.size()));
+    DeleteEntity(document, AnyOf(random, level.Entities.size()));
   }
-  PickGroup(level, random);
+  PickGroup(document, random);
 }
 
 /// All that a file must keep of a level, in order.
@@ -99,19 +104,18 @@ void Add(Contents& contents, const CZandoBrush& brush) {
   contents.texts.push_back(brush.Name);
   contents.whole.insert(contents.whole.end(),
                         {brush.TranT, brush.BFlags, brush.BGroup, brush.BEnt, brush.PolyCount()});
-  for (const auto& slots : {brush.Pos, brush.Rot, brush.Scl, brush.Shr}) {
-    Add(contents, slots[kOwnSlot]);
-  }
-  for (const auto& row : brush.BMatrix.m) {
+  const Placement& own = brush.Own();
+  for (const Vector& v : {own.Pos, own.Rot, own.Scl, own.Shr}) Add(contents, v);
+  for (const auto& row : brush.BMatrix().m) {
     contents.real.insert(contents.real.end(), row.begin(), row.end());
   }
-  for (const CZandoPoly& polygon : brush.Polys) Add(contents, polygon);
+  for (const CZandoPoly& polygon : brush.Polys()) Add(contents, polygon);
 }
 
-void AddWorld(Contents& contents, const CZANDODoc& level) {
+void AddWorld(Contents& contents, const Level& level) {
   std::map<const CZandoBrush*, std::int32_t> positions{{nullptr, -1}};
-  for (const auto& brush : level.BrushList.Brushes()) {
-    positions.emplace(brush.get(), static_cast<std::int32_t>(positions.size()) - 1);
+  for (const CZandoBrush& brush : level.BrushList) {
+    positions.emplace(&brush, static_cast<std::int32_t>(positions.size()) - 1);
   }
   std::vector<const CBspNode*> pending{level.World.root};
   while (!pending.empty()) {
@@ -126,10 +130,11 @@ void AddWorld(Contents& contents, const CZANDODoc& level) {
   }
 }
 
-Contents ContentsOf(const CZANDODoc& level) {
+Contents ContentsOf(const CZANDODoc& document) {
+  const Level& level = document.GetLevel();
   Contents contents;
   Add(contents, level.WorkingBrush);
-  for (const auto& brush : level.BrushList.Brushes()) Add(contents, *brush);
+  for (const CZandoBrush& brush : level.BrushList) Add(contents, brush);
   AddWorld(contents, level);
   for (const CEntity& entity : level.Entities) {
     contents.whole.insert(contents.whole.end(), {entity.eStyle, entity.eFlags, entity.eGroup});
@@ -144,7 +149,8 @@ Contents ContentsOf(const CZANDODoc& level) {
     contents.whole.insert(contents.whole.end(),
                           {group.gVis, static_cast<std::int32_t>(group.gCol)});
   }
-  contents.whole.insert(contents.whole.end(), {level.CurrentEntity, level.CurrentGroup});
+  contents.whole.insert(contents.whole.end(),
+                        {document.State().CurrentEntity, document.State().CurrentGroup});
   return contents;
 }
 
