@@ -128,24 +128,24 @@ TEST_F(ToolDrag, AGroupMovesByTheCommonDisplacementOnTheGrid) {
 
 TEST_F(ToolDrag, AGroupIsTransformedAboutItsCentreAtTheFirstStepAndPositionsFollow) {
   EditState(document_).GroupMovementMode = 1;
+  Transform half = Transform::Identity();
+  half.RotateY(kRotationUnitsPerTurn / 2);
   MoveGroup(document_, 0, {1000, 0, 0});
-  Drag(RotateBrush, {4000, 0, 0}, kAxisY);
+  TransformGroup(document_, 0, half);
   EXPECT_PRED2(Near, level_.BrushList[0].WorldOrigin(), (Vector{1201, 2, 3}));
-  EXPECT_PRED2(Near, level_.BrushList[1].WorldOrigin(), (Vector{1001, 42, 3}));
+  MoveGroup(document_, 0, {0, 0, 1000});
+  Drag(RotateBrush, {4000, 0, 0}, kAxisY);
+  EXPECT_PRED2(Near, level_.BrushList[0].WorldOrigin(), (Vector{1001, 2, 1003}));
+  EXPECT_PRED2(Near, level_.BrushList[1].WorldOrigin(), (Vector{1201, 42, 1003}));
 
-  const auto expectPositions = [this] {
+  for (const DragOperation operation : kOfBrushes) {
+    Drag(operation, {-70, 30, 10});
     for (const CZandoBrush& brush : level_.BrushList) {
       const auto& m = brush.BMatrix().m;
       EXPECT_PRED2(Near, brush.Own().Pos, (Vector{m[0][3], m[1][3], m[2][3]}));
       EXPECT_EQ(brush.Own().WorkPos, brush.Own().Pos);
     }
-  };
-  for (const DragOperation operation : kOfBrushes) {
-    Drag(operation, {-70, 30, 10});
-    expectPositions();
   }
-  TransformGroup(document_, 0, level_.BrushList[0].BMatrix());
-  expectPositions();
 }
 
 }  // namespace
