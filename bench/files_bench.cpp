@@ -29,7 +29,7 @@ void ExportMapText(State& state) {
   FillDocument(document, state);
   std::size_t bytes = 0;
   MapExportReport report;
-  for (auto _ : state) bytes = WriteMap(document, "base.wad", &report).size();
+  for (auto _ : state) bytes = WriteMap(document.GetLevel(), "base.wad", &report).size();
   CountBytes(state, bytes);
   state.counters["cells"] = report.brushes;
 }

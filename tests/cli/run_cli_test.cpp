@@ -69,10 +69,10 @@ TEST_F(ZandoCli, EverySubcommandWarnsOfADamagedLevelAndReadsItAllTheSame) {
 }
 
 TEST_F(ZandoCli, InfoTellsWhatALevelHoldsAsTextAndAsUtf8Json) {
-  MakeLevel("more.3dz", kPond + "group new gr\xFCn\n");
+  MakeLevel("more.3dz", kPond + "box x=0 y=16 z=16\nadd\ngroup new gr\xFCn\n");
   const Outcome info = Run("info more.3dz");
   EXPECT_EQ(info.out.substr(0, info.out.find("world:")),
-            "brushes:  4 (3 solid, 1 carving; 1 water, 1 of entities)\n"
+            "brushes:  5 (4 solid, 1 carving; 1 water, 1 of entities, 1 without volume)\n"
             "entities: 2\n"
             "  func_door: 1\n"
             "  light: 1\n"
@@ -83,6 +83,7 @@ TEST_F(ZandoCli, InfoTellsWhatALevelHoldsAsTextAndAsUtf8Json) {
 
   const auto json = nlohmann::json::parse(Run("info --json more.3dz").out);
   EXPECT_EQ(json["brushes"]["of_entities"], 1);
+  EXPECT_EQ(json["brushes"]["without_volume"], 1);
   EXPECT_EQ(json["entities"]["classes"]["func_door"], 1);
   EXPECT_EQ(json["groups"][0]["visible"], false);
   EXPECT_EQ(json["groups"][1]["name"], "gr\xC3\xBCn");

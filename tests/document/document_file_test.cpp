@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "platform/file_io.h"
+#include "support/edit_level.h"
 #include "support/small_stack.h"
 
 namespace zando::testing {
@@ -171,20 +172,20 @@ class DocumentFolder : public ::testing::Test {
 TEST(DocumentFile, ALevelIsReadWithWhatFollowsFromItAndWrittenInTheSameBytes) {
   const auto loaded = ReadDocument(kLevel);
   ASSERT_TRUE(loaded) << loaded.Error();
-  const CZANDODoc& level = *loaded->document;
-  EXPECT_EQ(WriteDocument(level), WithCrLf(kLevel));
+  const Level& level = loaded->document->GetLevel();
+  EXPECT_EQ(WriteDocument(*loaded->document), WithCrLf(kLevel));
   EXPECT_EQ(ReadAndWrite(WithCrLf(kLevel)), kLevel);
 
   const CZandoBrush& brush = *level.BrushList.Head();
-  EXPECT_EQ(brush.WorkPos[kOwnSlot], (Vector{1.0, 2.0, 3.0}));
-  EXPECT_EQ(brush.WorkRot[kOwnSlot], (Vector{5.0, 6.0, 7.0}));
-  EXPECT_EQ(brush.BMatrix.m[1][3], 2.0) << "placed by Pos without a BMatrix line";
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{1.0, 2.0, 3.0}));
+  EXPECT_EQ(brush.Own().WorkRot, (Vector{5.0, 6.0, 7.0}));
+  EXPECT_EQ(brush.BMatrix().m[1][3], 2.0) << "placed by Pos without a BMatrix line";
   ASSERT_NE(level.World.root, nullptr);
   EXPECT_EQ(level.World.root->pBrush, &brush);
   EXPECT_EQ(level.World.root->chain->pBrush, brush.Next);
   EXPECT_EQ(level.Entities[0].WorkOrigin, (Vector{8.0, 16.0, -24.0}));
   EXPECT_EQ(level.NextBrushId, 2);
-  EXPECT_FALSE(level.IsModified());
+  EXPECT_FALSE(loaded->document->IsModified());
 }
 
 TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
@@ -221,7 +222,7 @@ TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
   }
   const auto shortest = ReadDocument("czandobrush");
   ASSERT_TRUE(shortest);
-  EXPECT_EQ(shortest->document->BrushCount(), 0);
+  EXPECT_EQ(shortest->document->GetLevel().BrushList.BrushCount(), 0);
 }
 
 TEST(DocumentFile, TellsWhatIsWrongWithAFileThatItReads) {
@@ -295,14 +296,15 @@ TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
 }
 
 TEST(DocumentFile, CarriesOddTextsThrough) {
-  CZANDODoc level;
+  CZANDODoc document;
+  Level& level = Edit(document);
   std::string every;
   for (int byte = 1; byte < 256; ++byte) every += static_cast<char>(byte);
   for (const std::string& text : {std::string("End CEntity"), std::string("  two  blanks"),
                                   std::string("nul\0inside", 10), '"' + every}) {
     level.Entities.emplace_back().AddPair("K " + text, text);
   }
-  const auto loaded = ReadDocument(WriteDocument(level));
+  const auto loaded = ReadDocument(WriteDocument(document));
   ASSERT_TRUE(loaded) << loaded.Error();
   for (std::size_t i = 0; i < level.Entities.size(); ++i) {
     EntityPair expected = level.Entities[i].Pairs[0];
@@ -310,7 +312,7 @@ TEST(DocumentFile, CarriesOddTextsThrough) {
       std::replace(text->begin(), text->end(), '\r', ' ');
       std::replace(text->begin(), text->end(), '\n', ' ');
     }
-    EXPECT_EQ(loaded->document->Entities[i].Pairs, std::vector{expected});
+    EXPECT_EQ(loaded->document->GetLevel().Entities[i].Pairs, std::vector{expected});
   }
 }
 
@@ -337,17 +339,18 @@ TEST(DocumentFile, SurvivesDamagedFiles) {
 
 TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   constexpr int kNodes = 100000;
-  CZANDODoc level;
+  CZANDODoc document;
+  Level& level = Edit(document);
   CBspNode** next = &level.World.root;
   for (int i = 0; i < kNodes; ++i) {
     *next = level.World.NewNode();
-    (*next)->TakePolygon(level.WorkingBrush.Polys[0]);
+    (*next)->TakePolygon(level.WorkingBrush.Polys()[0]);
     next = i % 2 == 0 ? &(*next)->back : &(*next)->front;
   }
   std::string written;
   std::string again;
   RunOnSmallStack([&] {
-    written = WriteDocument(level);
+    written = WriteDocument(document);
     const auto loaded = ReadDocument(written);
     if (loaded) again = WriteDocument(*loaded->document);
   });
