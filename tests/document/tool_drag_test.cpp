@@ -15,9 +15,9 @@
 namespace zando::testing {
 namespace {
 
+using enum DragOperation;
 constexpr std::uint32_t kAllAxes = kAxisX | kAxisY | kAxisZ;
-constexpr DragOperation kOfBrushes[] = {DragOperation::MoveBrush, DragOperation::RotateBrush,
-                                        DragOperation::ScaleBrush, DragOperation::ShearBrush};
+constexpr DragOperation kOfBrushes[] = {RotateBrush, ScaleBrush, ShearBrush, MoveBrush};
 
 /// Two brushes in the current group and a current light, all beside the grid, which is in use. The
 /// first brush is picked, and turned.
@@ -37,20 +37,25 @@ class ToolDrag : public ::testing::Test {
     document_.SetModifiedFlag(false);
   }
 
-  [[nodiscard]] const CZandoBrush& Brush(std::int32_t index) const {
-    return document_.GetLevel().BrushList[index];
+  /// In two steps.
+  void Drag(DragOperation operation, const Vector& amount, std::uint32_t mask = kAllAxes,
+            Commit commit = Commit::AllAxes) {
+    CToolDrag drag(document_, operation);
+    for (int i = 0; i < 2; ++i) drag.Step(amount * 0.5, mask);
+    drag.End(mask, commit);
   }
 
   CZANDODoc document_;
+  Level& level_ = Edit(document_);
 };
 
 TEST_F(ToolDrag, SnapsTheAxesThatItChangedOfWhatItDragsAndLeavesTheRest) {
-  using enum DragOperation;
-  const double kSnap = document_.State().RotationSnap;
-  const auto placed = [](const Vector& place) {
+  const double snap = document_.State().RotationSnap;
+  using Edit = std::function<void(Level&)>;
+  const auto placed = [](const Vector& place) -> Edit {
     return [place](Level& level) { level.BrushList[0].MoveTo(place); };
   };
-  const auto own = [](auto change) {
+  const auto own = [](auto change) -> Edit {
     return [change](Level& level) { Place(level.BrushList[0], change); };
   };
   const auto turned = [own](const Vector& turn) {
@@ -61,15 +66,14 @@ TEST_F(ToolDrag, SnapsTheAxesThatItChangedOfWhatItDragsAndLeavesTheRest) {
     Vector amount;
     std::uint32_t mask;
     Commit commit;
-    std::function<void(Level&)> edit;  ///< what it comes to
+    Edit edit;  ///< what it comes to
   } cases[] = {
       {MoveBrush, {-70, 0, 0}, kAllAxes, Commit::AllAxes, placed({64, 2, 3})},
       {MoveBrush, {-70, -70, 70}, kAxisX | kAxisZ, Commit::AllAxes, placed({64, 2, -64})},
       {MoveBrush, {-70, -100, 0}, kAllAxes, Commit::DominantAxis, placed({1, 128, 3})},
-      {MoveBrush, {0, 0, 0}, kAllAxes, Commit::AllAxes, placed({1, 2, 3})},
-      {RotateBrush, {400, 0, 0}, kAllAxes, Commit::AllAxes, turned({kSnap, 20, 30})},
-      {RotateBrush, {400, 400, 0}, kAxisX, Commit::AllAxes, turned({10, kSnap, 30})},
-      {RotateBrush, {400, 0, 800}, kAllAxes, Commit::DominantAxis, turned({10, 20, 2 * kSnap})},
+      {RotateBrush, {400, 0, 0}, kAllAxes, Commit::AllAxes, turned({snap, 20, 30})},
+      {RotateBrush, {400, 400, 0}, kAxisX, Commit::AllAxes, turned({10, snap, 30})},
+      {RotateBrush, {400, 0, 800}, kAllAxes, Commit::DominantAxis, turned({10, 20, 2 * snap})},
       {ScaleBrush, {-100, 0, 1000}, kAllAxes, Commit::AllAxes, own([](Placement& slot) {
          slot.Scl = {1.5, 1, 0.1};
        })},
@@ -85,80 +89,63 @@ TEST_F(ToolDrag, SnapsTheAxesThatItChangedOfWhatItDragsAndLeavesTheRest) {
          level.Entities[0].ParseOrigin();
        }},
   };
-  const Level before = document_.GetLevel();
+  const Level before = level_;
   for (std::size_t i = 0; i < std::size(cases); ++i) {
-    Edit(document_) = before;
-    CToolDrag drag(document_, cases[i].operation);
-    drag.Step(cases[i].amount * 0.5, cases[i].mask);
-    drag.Step(cases[i].amount * 0.5, cases[i].mask);
-    drag.End(cases[i].mask, cases[i].commit);
+    level_ = before;
+    Drag(cases[i].operation, cases[i].amount, cases[i].mask, cases[i].commit);
     Level expected = before;
     cases[i].edit(expected);
-    EXPECT_TRUE(document_.GetLevel() == expected) << i;
+    EXPECT_TRUE(level_ == expected) << i;
   }
 }
 
 TEST_F(ToolDrag, GivenUpLeavesTheLevelAsItWas) {
-  const Level before = document_.GetLevel();
-  const auto expectUndone = [&](DragOperation operation) {
-    CToolDrag drag(document_, operation);
-    drag.Step({-50, 60, 70}, kAllAxes);
-    EXPECT_FALSE(document_.GetLevel() == before);
-    drag.Cancel();
-    EXPECT_TRUE(document_.GetLevel() == before) << static_cast<int>(operation);
-    EXPECT_FALSE(document_.IsModified());
-  };
-  expectUndone(DragOperation::MoveEntity);
+  const Level before = level_;
   for (const std::int32_t groupMode : {0, 1}) {
     EditState(document_).GroupMovementMode = groupMode;
-    for (const DragOperation operation : kOfBrushes) expectUndone(operation);
+    for (const auto operation : {MoveBrush, RotateBrush, ScaleBrush, ShearBrush, MoveEntity}) {
+      CToolDrag drag(document_, operation);
+      drag.Step({-50, 60, 70}, kAllAxes);
+      EXPECT_FALSE(level_ == before);
+      drag.Cancel();
+      EXPECT_TRUE(level_ == before) << static_cast<int>(operation);
+      EXPECT_FALSE(document_.IsModified());
+    }
   }
 }
 
 TEST_F(ToolDrag, AGroupMovesByTheCommonDisplacementOnTheGrid) {
   EditState(document_).GroupMovementMode = 1;
-  const Vector apart = Brush(1).Own().Pos - Brush(0).Own().Pos;
   for (const auto& [commit, place] : {std::pair{Commit::AllAxes, Vector{65, 66, 3}},
                                       std::pair{Commit::DominantAxis, Vector{65, 130, 3}}}) {
-    CToolDrag drag(document_, DragOperation::MoveBrush);
     // Each alone would end at (64, 64, 0) or (256, 128, 0).
-    drag.Step({-40, -62, 0}, kAllAxes);
-    drag.Step({0, 0, 20}, kAllAxes);
-    drag.End(kAllAxes, commit);
-    EXPECT_EQ(Brush(0).Own().Pos, place);
-    EXPECT_EQ(Brush(1).Own().Pos - Brush(0).Own().Pos, apart);
-    EXPECT_EQ(Brush(0).Slot(kGroupSlot).Pos, document_.GetLevel().Groups[0].Centre);
+    Drag(MoveBrush, {-40, -62, 20}, kAllAxes, commit);
+    EXPECT_EQ(level_.BrushList[0].Own().Pos, place);
+    EXPECT_EQ(level_.BrushList[1].Own().Pos, (place + Vector{200, 40, 0}));
+    EXPECT_EQ(level_.BrushList[0].Slot(kGroupSlot).Pos, level_.Groups[0].Centre);
   }
 }
 
 TEST_F(ToolDrag, AGroupIsTransformedAboutItsCentreAtTheFirstStepAndPositionsFollow) {
   EditState(document_).GroupMovementMode = 1;
+  Transform half = Transform::Identity();
+  half.RotateY(kRotationUnitsPerTurn / 2);
   MoveGroup(document_, 0, {1000, 0, 0});
-  const Vector first = Brush(0).WorldOrigin();
-  const Vector second = Brush(1).WorldOrigin();
-  CToolDrag half(document_, DragOperation::RotateBrush);
-  half.Step({2000, 0, 0}, kAxisY);
-  half.Step({2000, 0, 0}, kAxisY);
-  half.End(kAxisY, Commit::AllAxes);
-  EXPECT_PRED2(Near, Brush(0).WorldOrigin(), (Vector{second.x, first.y, first.z}));
-  EXPECT_PRED2(Near, Brush(1).WorldOrigin(), (Vector{first.x, second.y, first.z}));
+  TransformGroup(document_, 0, half);
+  EXPECT_PRED2(Near, level_.BrushList[0].WorldOrigin(), (Vector{1201, 2, 3}));
+  MoveGroup(document_, 0, {0, 0, 1000});
+  Drag(RotateBrush, {4000, 0, 0}, kAxisY);
+  EXPECT_PRED2(Near, level_.BrushList[0].WorldOrigin(), (Vector{1001, 2, 1003}));
+  EXPECT_PRED2(Near, level_.BrushList[1].WorldOrigin(), (Vector{1201, 42, 1003}));
 
-  const auto expectPositions = [this] {
-    for (const CZandoBrush& brush : document_.GetLevel().BrushList) {
+  for (const DragOperation operation : kOfBrushes) {
+    Drag(operation, {-70, 30, 10});
+    for (const CZandoBrush& brush : level_.BrushList) {
       const auto& m = brush.BMatrix().m;
       EXPECT_PRED2(Near, brush.Own().Pos, (Vector{m[0][3], m[1][3], m[2][3]}));
       EXPECT_EQ(brush.Own().WorkPos, brush.Own().Pos);
     }
-  };
-  expectPositions();
-  for (const DragOperation operation : kOfBrushes) {
-    CToolDrag drag(document_, operation);
-    drag.Step({-70, 30, 10}, kAllAxes);
-    drag.End(kAllAxes, Commit::AllAxes);
-    expectPositions();
   }
-  TransformGroup(document_, 0, Brush(0).BMatrix());
-  expectPositions();
 }
 
 }  // namespace
