@@ -325,6 +325,7 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
     std::function<void(Transform&)> operation;
   };
   const Vector others[] = {CornerOf(outsider), CornerOf(brush)};
+  desktop.ShiftDown = true;  // does not matter here
   for (const Case& c : std::vector<Case>{
            {kMove, kTop, "R", "r", [](Transform& t) { t.Rotate(-60, 0, 0); }},
            {kMove, kSide, "R", "r", [](Transform& t) { t.Rotate(0, -60, 0); }},
@@ -356,7 +357,7 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
 TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCentre) {
   state.UseGrid = 1;
   state.GridSize = 16;
-  Play("L 9,0 l");
+  Play("L 5,0 L 4,0 l");  // a release that got lost
   EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, 20}));
   EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, 7.25}));
   EXPECT_EQ(outsider.Own().Pos, (Vector{8, 8, 8}));
@@ -364,6 +365,9 @@ TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCent
     ExpectNear(member->Slot(kGroupSlot).Pos, {46.25, 20, 13.625}, "mean");
   }
   EXPECT_EQ(level.Groups[1].Centre, members[0]->Slot(kGroupSlot).Pos);
+  Play("shift L 9,40 l");
+  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, -12}));
+  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, -24.75}));
 }
 
 TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommitted) {
@@ -375,6 +379,9 @@ TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommit
   EXPECT_EQ(desktop.CursorHidden, 1);
   EXPECT_EQ(brush.Own().Pos, kZero);
   EXPECT_EQ(siblingWindow.Invalidations, 0);
+  window.Captured = false;
+  Play("9,9");
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{8, 0, 0}));
   desktop.Cursor.x += 7;  // on its way when the button goes
   Play("r");
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
@@ -412,6 +419,7 @@ TEST_F(MouseTools, ADragKeepsTheToolAndTheBrushItBeganWithUntilItsViewGoes) {
 
 TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
   AddEntitiesAt({"10 20 30", ""});
+  AddBox({5, 6, 7});
   brush.MoveTo({0.3, 0.4, 0.5});
   view.OnSize(400, 300);
   for (const std::int32_t group : {-2, -1, 1}) {  // none, nor group movement; none; one
@@ -495,10 +503,15 @@ TEST_F(MouseTools, ClicksPickInTheViewAsItLooksNow) {
   AddEntitiesAt({"-20 500 0"});
   state.ShowBrush = 0;
   for (const ViewKind kind : {kTop, ViewKind::Wireframe}) {
-    view.Camera().Position = kind == kTop ? kZero : Vector{50, 0, -550};
+    view.Camera().Position = kind == kTop ? kZero : Vector{650, 0, 50};
+    view.Camera().Yaw = 2048;  // towards lower x
     Use(ID_TOOL_SELECT_BRUSH, kind);
     at = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
-    Play("R 5,5 r L R l r L lost l L");  // only the left button picks, and where it is released
+    const int redraws = window.Redraws;
+    Play("R 5,5");
+    EXPECT_EQ(desktop.CursorHidden, 1);
+    EXPECT_EQ(window.Redraws, redraws);
+    Play("r L R l r L lost l L");  // only the left button picks, and where it is released
     EXPECT_EQ(desktop.CursorHidden, 0);
     EXPECT_FALSE(document.BrushPicked());
     Play("l");
