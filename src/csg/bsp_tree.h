@@ -37,7 +37,12 @@ class CConstructiveBsp {
   /// A copy of a node tree has nodes of its own; both name the same brushes.
   CConstructiveBsp(const CConstructiveBsp& source);
   CConstructiveBsp(CConstructiveBsp&& source) noexcept { Swap(source); }
-  CConstructiveBsp& operator=(CConstructiveBsp source) noexcept {
+  CConstructiveBsp& operator=(const CConstructiveBsp& source) {
+    CConstructiveBsp copy(source);
+    Swap(copy);
+    return *this;
+  }
+  CConstructiveBsp& operator=(CConstructiveBsp&& source) noexcept {
     Swap(source);
     return *this;
   }

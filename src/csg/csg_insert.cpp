@@ -163,6 +163,7 @@ void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
 void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id) {
   world.ClearFresh();
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
+  if (!brush.HasVolume()) return;
   InsertFaces(world, brush, id, nullptr);
   CConstructiveBsp brushTree;
   BuildBrushTree(brushTree, brush);

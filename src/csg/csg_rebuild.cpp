@@ -18,12 +18,13 @@ struct Participant {
   std::vector<std::size_t> neighbours;  ///< others that take part and overlap, in list order
 };
 
+/// The shown brushes that enclose anything.
 std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
   std::vector<const CZandoBrush*> brushes;
   if (head == nullptr) return brushes;
   for (const CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
        brush = brush->NextShown()) {
-    brushes.push_back(brush);
+    if (brush->HasVolume()) brushes.push_back(brush);
   }
   return brushes;
 }

@@ -55,7 +55,7 @@ void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree
 void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush);
 
 /// Inserts all faces of one brush, by its TranT, and clips the older world by it. The new nodes
-/// name the brush as their owner, with this id.
+/// name the brush as their owner, with this id. A brush without volume is passed over.
 void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id);
 
 /// Fills `tree` with the faces of the brush that bound it within the given plane; the tree stays
@@ -68,10 +68,10 @@ void BuildClipTree(CConstructiveBsp& tree, const CZandoBrush& brush, const Plane
 /// Whether brushes named as water take part in a rebuild.
 enum class WaterBrushes { Skip, Build };
 
-/// Replays the insertion of every shown brush of the world's brush list.
+/// Replays the insertion of every shown brush of the world's brush list that has volume.
 void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water);
 
-/// Clips the faces of every shown brush against every overlapping one, and builds a fresh tree of
+/// Clips the faces of every such brush against every overlapping one, and builds a fresh tree of
 /// the visible pieces only: every node visible, no chains.
 void RebuildOptimal(CConstructiveBsp& world, CProgress* progress, WaterBrushes water);
 

@@ -41,11 +41,14 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
   bool viewportEvent(QEvent* event) override;
 
  private:
-  [[nodiscard]] ScreenPoint ToPicture(const QPoint& position) const;
+  void TellSize();
+  [[nodiscard]] ScreenPoint ToPicture(const QPointF& position) const;
+  [[nodiscard]] ScreenPoint Scrolled(const QPoint& pixel) const;
   void ShowToolTip(const QPoint& position, const QPoint& onScreen);
 
   CTextureView* view_;
   TitleSetter setTitle_;
+  QSize pixels_;  ///< the size that the view knows
 };
 
 }  // namespace zando

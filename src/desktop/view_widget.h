@@ -11,7 +11,8 @@
 
 namespace zando {
 
-/// The window of one view: paints it and brings it size and mouse. Outlives the view by Detach.
+/// The window of one view: paints it and brings it size and mouse, in pixels of the device.
+/// Outlives the view by Detach.
 class CViewWidget : public QWidget, public CViewWindow {
  public:
   using TitleSetter = std::function<void(std::string_view)>;
@@ -50,14 +51,17 @@ class CViewWidget : public QWidget, public CViewWindow {
   bool event(QEvent* event) override;
 
  private:
+  [[nodiscard]] ScreenPoint PositionOf(const QMouseEvent& event) const;
+  void TellSize();
   void LoseCapture();
   void DrawPicture();
 
   CZANDOView* view_;
   TitleSetter setTitle_;
+  QSize pixels_;       ///< the size that the view knows
   QImage picture_;     ///< what the view drew last
   bool stale_ = true;  ///< the picture is to be drawn anew
-  QRect dragRect_;     ///< frame over the picture, null when there is none
+  QRect dragRect_;     ///< frame over the picture in its pixels, null when there is none
   bool captured_ = false;
 };
 

@@ -61,7 +61,7 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
   for (const CZandoBrush& brush : level.BrushList) {
     if (brush.BGroup == group_) members_.push_back({brush.BBid, brush.Slots()});
   }
-  if (operation_ == DragOperation::MoveBrush) return;
+  if (operation_ == DragOperation::MoveBrush || members_.empty()) return;
   // The centre as it is now, whatever moved since it was last computed, is the pivot of them all.
   CBGroup& group = level.Groups[static_cast<std::size_t>(group_)];
   groupBefore_ = group;
@@ -73,6 +73,7 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
 
 template <typename Edit>
 void CToolDrag::ForEachMember(std::uint32_t touched, Edit&& edit) {
+  if (members_.empty()) return;
   CChange change(document_, touched);
   for (const Member& member : members_) {
     CZandoBrush* brush = member.id == kWorkingBrush ? &change.level.WorkingBrush
@@ -156,6 +157,7 @@ void CToolDrag::EndMove(std::uint32_t axisMask, Commit commit) {
 /// The displacement that all have in common snaps, so that the members keep their places to one
 /// another.
 void CToolDrag::EndGroupMove(std::uint32_t axisMask, Commit commit) {
+  if (members_.empty()) return;
   const double step = MoveStep(document_.State());
   const Vector snapped = Snapped(moved_, step, axisMask);
   const Vector offset = Committed(snapped, {0.0, 0.0, 0.0}, commit);

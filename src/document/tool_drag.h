@@ -12,7 +12,8 @@
 namespace zando {
 
 /// What a drag with the mouse does. The first four work on the current brush, or in group movement
-/// mode on the brushes of the current group about its centre; there may be none.
+/// mode on the brushes of the current group about its centre; there may be none, and then nothing
+/// changes.
 enum class DragOperation {
   MoveBrush,    ///< back by so many map units
   RotateBrush,  ///< by (yaw, pitch, roll) in rotation units, which are about y, x and z

@@ -40,8 +40,6 @@ class CTextureView : public CChildView {
   void OnUpdate(const CView* /*sender*/, int /*hint*/) override {}
   void OnInitialUpdate() override;
   void OnActivate(Activation /*activation*/) override {}
-  bool OnCommand(CommandId /*id*/) override { return false; }
-  bool OnUpdateCommandUI(CommandId /*id*/, CCmdUI& /*ui*/) override { return false; }
 
   /// Arranges the rows anew for a window that is so wide. The selection stays.
   void OnSize(std::int32_t clientWidth);

@@ -14,25 +14,6 @@ namespace {
 
 constexpr std::uint32_t kColorSeed = 1;
 
-bool IsViewKind(CommandId id) {
-  return id >= static_cast<CommandId>(ViewKind::Wireframe) &&
-         id <= static_cast<CommandId>(ViewKind::Texture);
-}
-
-/// The axis flag that a command toggles, or 0.
-std::uint32_t AxisOf(CommandId id) {
-  switch (id) {
-    case ID_AXIS_X:
-      return kAxisX;
-    case ID_AXIS_Y:
-      return kAxisY;
-    case ID_AXIS_Z:
-      return kAxisZ;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 CZANDOView::CZANDOView(CZANDODoc& document, CEditorSettings& settings, CDesktop& desktop)
@@ -130,33 +111,6 @@ void CZANDOView::Rotate90() {
   Vector about{0.0, 0.0, 0.0};
   about.*axes.depth = kQuarterTurn;
   TurnBrush(document_, ByAxis(about), settings_.ActiveAxisMask);
-}
-
-bool CZANDOView::OnCommand(CommandId id) {
-  if (IsViewKind(id)) {
-    SetKind(static_cast<ViewKind>(id));
-    return true;
-  }
-  if (id == ID_ROTATE_90) {
-    Rotate90();
-    return true;
-  }
-  const std::uint32_t axis = AxisOf(id);
-  if (axis == 0) return false;
-  ToggleAxis(axis);
-  return true;
-}
-
-bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
-  if (IsViewKind(id)) {
-    ui.SetCheck(id == static_cast<CommandId>(Kind()));
-    return true;
-  }
-  if (const std::uint32_t axis = AxisOf(id); axis != 0) {
-    ui.SetCheck((axisFlags_ & axis) != 0);
-    return true;
-  }
-  return id == ID_ROTATE_90;
 }
 
 void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position) {

@@ -60,8 +60,11 @@ class CZANDOView : public CChildView {
   /// the group list filled anew.
   void OnActivate(Activation activation) override;
 
-  bool OnCommand(CommandId id) override;
-  bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
+  /// Turns what the brush tools act on by 90 degrees about the axis that the view looks along.
+  void Rotate90();
+
+  /// Allows changes along an axis, one of kAxisX and the others, or no longer.
+  void ToggleAxis(std::uint32_t axis);
 
   using MouseButton = zando::MouseButton;
   /// Positions are in client pixels; flags are the buttons held after the event.
@@ -83,8 +86,6 @@ class CZANDOView : public CChildView {
  private:
   [[nodiscard]] std::unique_ptr<CViewDrag> LetGo();
   void DeleteCurrent();
-  void Rotate90();
-  void ToggleAxis(std::uint32_t axis);
   void SetFrameTitle();
 
   CEditorSettings& settings_;

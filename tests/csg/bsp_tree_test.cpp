@@ -27,10 +27,10 @@ CBspNode* SquareNode(CConstructiveBsp& tree, double z, bool up = true) {
 
 TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
   constexpr std::int32_t kUnused = 9;
-  const CBrushList level =
+  CBrushList level =
       LevelOfBoxes({Solid({{0, 0, 0}, {8, 8, 8}}), Solid({{4, 4, 4}, {12, 12, 12}})});
-  CZandoBrush* const first = level.Head();
-  CZandoBrush* const second = first->Next;
+  CZandoBrush* const first = &level[0];
+  CZandoBrush* const second = &level[1];
   CConstructiveBsp world;
   BuildWorld(world, level, Build::StepByStep);
   ASSERT_GT(world.coplanar, 0);

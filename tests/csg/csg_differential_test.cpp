@@ -11,6 +11,7 @@
 #include "csg/literal_csg.h"
 #include "csg/node_tree_builder.h"
 #include "support/csg_testing.h"
+#include "support/edit_level.h"
 
 namespace zando::testing {
 namespace {
@@ -78,13 +79,15 @@ void HollowSome(CZandoBrush& brush, CRandom& random) {
 void DrumSome(CZandoBrush& brush, CRandom& random) {
   if (random.Percent(60)) return;
   MakeDrum(brush, random.Between(MAX_POLY_VERTS - 1, MAX_POLY_VERTS));
-  brush.Scl[kOwnSlot] = {1.01, 1.0, 1.01};
+  Place(brush, [](Placement& own) { own.Scl = {1.01, 1.0, 1.01}; });
 }
 
 /// Moves faces that coincide apart, by more and by less than the tolerance.
 void Jitter(CZandoBrush& brush, CRandom& random) {
   const auto offset = [&random] { return random.Between(-4, 4) * 0.0004; };
-  brush.BMatrix.Translate(offset(), offset(), offset());
+  Transform placed = brush.BMatrix();
+  placed.Translate(offset(), offset(), offset());
+  brush.SetBMatrix(placed);
 }
 
 constexpr std::int32_t kUnknownOperation = 2;
@@ -121,7 +124,7 @@ class CsgDifferential : public ::testing::TestWithParam<Kind> {
     options.brushes = options.brushes * seed / kSizes;
     CRandom random(static_cast<std::uint64_t>(seed));
     CBrushList level = RandomLevel(random.Next(), options);
-    for (const auto& brush : level.Brushes()) GetParam().change(*brush, random);
+    for (CZandoBrush& brush : level) GetParam().change(brush, random);
     return level;
   }
 };
@@ -153,10 +156,10 @@ TEST_P(CsgDifferential, EveryInsertedBrushLeavesTheTreeOfThePlainAlgorithm) {
     const CBrushList level = Level(seed);
     CConstructiveBsp world;
     literal::Tree plain;
-    for (const auto& brush : level.Brushes()) {
-      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush->BBid);
-      InsertBrush(world, *brush, brush->BBid);
-      literal::InsertBrush(plain, *brush, brush->BBid);
+    for (const CZandoBrush& brush : level) {
+      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush.BBid);
+      InsertBrush(world, brush, brush.BBid);
+      literal::InsertBrush(plain, brush, brush.BBid);
       ExpectSame(world, plain);
       if (HasFailure()) return;
     }
@@ -170,20 +173,18 @@ INSTANTIATE_TEST_SUITE_P(Levels, CsgDifferential, ::testing::ValuesIn(kKinds),
 TEST(CsgDifferentialLists, NodeTreesEqualThePlainOnesAlsoWithChainsAndHiddenPolygons) {
   for (std::uint64_t seed = 1; seed <= 200; ++seed) {
     const bool drums = seed % 4 == 0;
-    const CBrushList level =
-        RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
-                           .brushes = 1 + static_cast<std::int32_t>(seed % 13),
-                           .extent = 128,
-                           .turned = drums ? 0 : 30});
+    CBrushList level = RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
+                                          .brushes = 1 + static_cast<std::int32_t>(seed % 13),
+                                          .extent = 128,
+                                          .turned = drums ? 0 : 30});
     CRandom random(seed);
     CConstructiveBsp tree;
     CNodeList list;
     literal::Tree plain;
     literal::List plainList;
-    for (const auto& brush : level.Brushes()) {
-      if (drums) DrumSome(*brush, random);
-      brush->UpdateWorld();
-      for (const CZandoPoly& face : brush->WorldPolys) {
+    for (CZandoBrush& brush : level) {
+      if (drums) DrumSome(brush, random);
+      for (const CZandoPoly& face : brush.WorldPolys()) {
         CBspNode* node = tree.NewNode();
         node->TakePolygon(face);
         node->nValid = random.Percent(70) ? 1 : 0;

@@ -142,7 +142,7 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
 }
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -154,7 +154,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
   bool before = false;
   bool behind = false;
   bool faceInPlane = false;
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     const PolygonClass kind = ClassifyPolygon(plane, face);
     faceInPlane |= kind == PolygonClass::CoplanarSame || kind == PolygonClass::CoplanarOpposite;
     for (const Vector& vertex : face.Vertices()) {
@@ -163,7 +163,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
     }
   }
   if (!faceInPlane && !(before && behind)) return;
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     const PolygonClass kind = ClassifyPolygon(plane, face);
     int on = 0;
     for (const Vector& vertex : face.Vertices()) {
@@ -197,18 +197,18 @@ List PruneHidden(const List& list) {
 
 bool TakesPart(const CZandoBrush& brush, bool water) { return water || !brush.IsWater(); }
 
-std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
-  std::vector<CZandoBrush*> shown;
+std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
+  std::vector<const CZandoBrush*> shown;
   if (head == nullptr) return shown;
-  for (CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
+  for (const CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
     shown.push_back(b);
   }
   return shown;
 }
 
-CBspNode* FaceNode(Tree& tree, CZandoBrush& brush, std::size_t face, std::int32_t id) {
+CBspNode* FaceNode(Tree& tree, const CZandoBrush& brush, std::size_t face, std::int32_t id) {
   CBspNode* node = tree.NewNode();
-  const CZandoPoly& polygon = brush.WorldPolys[face];
+  const CZandoPoly& polygon = brush.WorldPolys()[face];
   node->TakePolygon(brush.TranT == kAddToWorld ? polygon : ReverseCopy(polygon).polygon);
   node->nBid = id;
   node->nPolNum = static_cast<std::int32_t>(face);
@@ -305,11 +305,10 @@ std::int32_t BuildNodeTree(Tree& tree, const List& list) {
   return steps;
 }
 
-void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
-  brush.UpdateWorld();
+void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id) {
   ClearFresh(world.root);
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
-  for (std::size_t k = 0; k < brush.WorldPolys.size(); ++k) {
+  for (std::size_t k = 0; k < brush.WorldPolys().size(); ++k) {
     CBspNode* node = FaceNode(world, brush, k, id);
     if (brush.TranT == kAddToWorld) {
       InsertAdd(world, node);
@@ -322,24 +321,23 @@ void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
   ClipWorldByBrush(world, world.root, own, brush.TranT == kAddToWorld ? kAsGiven : kAllInside);
 }
 
-std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water) {
+std::int32_t RebuildQuick(Tree& world, const CZandoBrush* head, bool water) {
   world.Clear();
   std::int32_t steps = 0;
-  for (CZandoBrush* brush : ShownBrushes(head)) {
+  for (const CZandoBrush* brush : ShownBrushes(head)) {
     ++steps;
     if (TakesPart(*brush, water)) InsertBrush(world, *brush, brush->BBid);
   }
   return steps;
 }
 
-std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
+std::int32_t RebuildOptimal(Tree& world, const CZandoBrush* head, bool water) {
   world.Clear();
   std::int32_t steps = 0;
   List result;
-  const std::vector<CZandoBrush*> a = ShownBrushes(head);
+  const std::vector<const CZandoBrush*> a = ShownBrushes(head);
   std::vector<Tree> full(a.size());
   for (std::size_t i = 0; i < a.size(); ++i) {
-    a[i]->UpdateWorld();
     BuildFullTree(full[i], *a[i]);
   }
   const auto clipFace = [&](CBspNode* face, std::size_t i) {
@@ -358,7 +356,7 @@ std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
     for (std::size_t i = 0; i < a.size(); ++i) {
       ++steps;
       if (a[i]->TranT != operation || !TakesPart(*a[i], water)) continue;
-      for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
+      for (std::size_t k = 0; k < a[i]->WorldPolys().size(); ++k) {
         result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
         result.back()->nValid = operation == kAddToWorld ? 1 : 0;
         clipFace(result.back(), i);

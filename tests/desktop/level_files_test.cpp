@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -9,6 +10,8 @@
 
 #include "desktop/editor_fixture.h"
 #include "desktop/qt_text.h"
+#include "document/entity_edits.h"
+#include "dialogs/group_attributes_dlg.h"
 
 namespace zando::testing {
 namespace {
@@ -37,7 +40,7 @@ TEST_F(EditorTest, ClosingAChangedLevelAsksAndHonoursTheAnswer) {
       window_.SetApplication(app_);
       window_.show();
       if (app_.Documents().empty()) app_.Start({});
-      Document().PlaceLight();
+      PlaceLight(Document());
       desktop_.SaveAnswers = {answer};
       if (answer == SaveAnswer::Save) desktop_.Files = {file};
       exit ? window_.close() : Frames().back()->close();
@@ -87,6 +90,33 @@ TEST_F(EditorTest, BoxesOfferTheAnswersThatTheyReturn) {
   EXPECT_EQ(real.AskYesNo("Overwrite?"), YesNo::No);
   WithNextDialog(escape);
   EXPECT_EQ(real.ChooseFile({}), std::nullopt);
+}
+
+TEST_F(EditorTest, WhatOpensOverADialogBelongsToItAndGivesTheFocusBack) {
+  CQtDesktop real(window_);
+  QDialog dialog(&window_);
+  QLineEdit field(&dialog);
+  QLineEdit other(&dialog);
+  CGroupAttributesDlg second;
+  std::vector<CBGroup> groups;
+  const std::function<void()> openers[] = {
+      [&] { real.ShowMessage("a"); }, [&] { real.ChooseColor(0); }, [&] { real.ChooseFile({}); },
+      [&] { second.Run(groups, -1, nullptr, real); }};
+  for (const auto& open : openers) {
+    WithNextDialog([&](QDialog&) {
+      other.setFocus();
+      WithNextDialog([&](QDialog& upper) {
+        EXPECT_EQ(upper.parentWidget(), &dialog);
+        EXPECT_TRUE(upper.isModal());
+        upper.reject();
+      });
+      open();
+      EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+      EXPECT_EQ(dialog.focusWidget(), &other);
+      dialog.reject();
+    });
+    dialog.exec();
+  }
 }
 
 TEST_F(EditorTest, SaveChooserAddsTheExtensionAndProposesTheName) {

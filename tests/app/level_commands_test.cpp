@@ -1,4 +1,4 @@
-#include "app/document_commands.h"
+#include "app/level_commands.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -7,13 +7,19 @@
 #include <string>
 #include <vector>
 
-#include "app/command_table.h"
+#include "app/command_target.h"
+#include "document/brush_edits.h"
 #include "document/command_ids.h"
+#include "document/entity_edits.h"
 #include "platform/file_io.h"
+#include "support/edit_level.h"
 #include "support/scripted_desktop.h"
 
 namespace zando {
 namespace {
+
+using testing::Edit;
+using testing::EditState;
 
 class CRecorder : public CView, public CFrameDisplay {
  public:
@@ -29,25 +35,26 @@ struct Bench {
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
   CRecorder recorder;
-  CDocumentCommands commands{level, settings, desktop};
+  ActiveLevel target{level, settings, desktop};
+  CTableTarget<ActiveLevel> commands{target};
 
   Bench() {
     level.AddView(recorder);
-    level.Frame = &recorder;
+    level.SetFrame(&recorder);
   }
   ~Bench() { level.RemoveView(recorder); }
 
   /// Lists two brushes.
   void Fill() {
-    level.AddToWorld();
-    level.AddToWorld();
+    AddToWorld(level);
+    AddToWorld(level);
   }
   /// Lists two brushes, picks and selects the first, and places a light.
   void Prepare() {
     Fill();
-    level.PlaceLight();
-    level.SetCurrentBrush(*level.BrushList.Head());
-    level.BrushList.Head()->BFlags |= BF_SELECTED;
+    PlaceLight(level);
+    SetCurrentBrush(level, 0);
+    Edit(level).BrushList.Find(0)->BFlags |= BF_SELECTED;
   }
   std::string State(CommandId id) {
     CCmdUI ui;
@@ -59,7 +66,7 @@ struct Bench {
   }
 };
 
-TEST(DocumentCommands, WhatHasNothingToWorkOnIsDisabled) {
+TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabled) {
   Bench bench;
   bench.Fill();
   for (const CommandId id :
@@ -71,7 +78,7 @@ TEST(DocumentCommands, WhatHasNothingToWorkOnIsDisabled) {
   EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
 }
 
-TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
+TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   struct Case {
     CommandId id;
     std::string course;  ///< state before, who is told, state after
@@ -82,9 +89,9 @@ TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
         Case{ID_CUBE, "enabled: redraw modified: enabled"},
         Case{ID_QUICK_BSP, "enabled: redraw modified: enabled"},
         Case{ID_USE_GRID, "enabled: grid redraw : checked"},
-        Case{ID_PLACE_LIGHT, "enabled: groups redraw modified: enabled"},
+        Case{ID_PLACE_LIGHT, "enabled: redraw modified: enabled"},
         Case{ID_COPY_ENTITY, "enabled: redraw modified: enabled"},
-        Case{ID_SHOW_ENTITIES, "checked: groups redraw : enabled"},
+        Case{ID_SHOW_ENTITIES, "checked: redraw : enabled"},
         Case{ID_SHOW_BRUSH, "checked: redraw : enabled"},
         Case{ID_SHOW_VISIBLE_GROUPS, "enabled: redraw : checked"},
         Case{ID_ADD_TO_GROUP, "enabled: groups redraw modified: disabled"},
@@ -110,7 +117,7 @@ TEST(DocumentCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   }
 }
 
-TEST(DocumentCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
+TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
   const std::vector<std::vector<CommandId>> choices{
       {ID_TOOL_CAMERA, ID_TOOL_MOVE_ROTATE_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SHEAR_BRUSH,
        ID_TOOL_MOVE_SELECT_ENTITY, ID_TOOL_SELECT_GROUP, ID_TOOL_SELECT_BRUSH},
@@ -126,42 +133,42 @@ TEST(DocumentCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
   }
 }
 
-TEST(DocumentCommands, StepsThroughTheListStayAtItsEnds) {
+TEST(LevelCommands, StepsThroughTheListStayAtItsEnds) {
   Bench bench;
   bench.Prepare();
-  CZandoBrush* first = bench.level.BrushList.Head();
-  for (const auto& [id, current] : {std::pair{ID_PREVIOUS_BRUSH, first},
-                                    {ID_NEXT_BRUSH, first->Next},
-                                    {ID_NEXT_BRUSH, first->Next},
-                                    {ID_PREVIOUS_BRUSH, first}}) {
+  for (const auto& [id, current] : {std::pair{ID_PREVIOUS_BRUSH, 0},
+                                    {ID_NEXT_BRUSH, 1},
+                                    {ID_NEXT_BRUSH, 1},
+                                    {ID_PREVIOUS_BRUSH, 0}}) {
     bench.commands.OnCommand(id);
-    EXPECT_EQ(bench.level.CurrentBrush, current);
+    EXPECT_EQ(bench.level.State().CurrentBrush, current);
   }
-  first->MoveTo({1, 2, 3});
+  PlaceBrush(bench.level, {1, 2, 3});
   bench.commands.OnCommand(ID_SHOW_VISIBLE_GROUPS);
   bench.commands.OnCommand(ID_COPY_TO_CURRENT);
-  EXPECT_EQ(bench.level.CurrentBrush, &bench.level.WorkingBrush);
-  EXPECT_EQ(bench.level.WorkingBrush.Pos[kOwnSlot], (Vector{1, 2, 3}));
-  EXPECT_TRUE(bench.level.WorkingBrush.IsShown()) << "no filter could bring it back";
+  const CZandoBrush& working = bench.level.GetLevel().WorkingBrush;
+  EXPECT_EQ(&bench.level.CurrentBrush(), &working);
+  EXPECT_EQ(working.Own().Pos, (Vector{1, 2, 3}));
+  EXPECT_TRUE(working.IsShown()) << "no filter could bring it back";
 }
 
-TEST(DocumentCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
+TEST(LevelCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   Bench bench;
   bench.Prepare();
-  const CZandoBrush& picked = *bench.level.CurrentBrush;
-  const Vector corner = picked.Polys[0][0];
-  bench.level.LastBox.YSize = 32;
+  const CZandoBrush& picked = bench.level.CurrentBrush();
+  const Vector corner = picked.Polys()[0][0];
+  EditState(bench.level).LastBox.YSize = 32;
   bench.Answer(IDCANCEL);
   bench.commands.OnCommand(ID_CUBE);
-  EXPECT_EQ(picked.Polys[0][0], corner);
+  EXPECT_EQ(picked.Polys()[0][0], corner);
   bench.Answer(IDOK);
   bench.commands.OnCommand(ID_CUBE);
-  EXPECT_EQ(picked.Polys[0][0].y, 16);
-  EXPECT_EQ(picked.Faces[0].points[1], picked.Polys[0][0]);
-  EXPECT_EQ(bench.level.WorkingBrush.Polys[0][0], corner);
+  EXPECT_EQ(picked.Polys()[0][0].y, 16);
+  EXPECT_EQ(picked.Faces[0].points[1], picked.Polys()[0][0]);
+  EXPECT_EQ(bench.level.GetLevel().WorkingBrush.Polys()[0][0], corner);
 }
 
-TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
+TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   const std::filesystem::path file =
       ::testing::TempDir() + "zando.export." + std::to_string(::getpid());
   Bench bench;
@@ -170,14 +177,14 @@ TEST(DocumentCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   bench.level.SetPathName("/levels.d/d\xC3\xBCne.3dz");
   bench.desktop.Files = {std::nullopt, file, "/missing/d\xC3\xBCne.map"};
   bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne");
-  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "MAP");
+  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne.map");
+  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "map");
   EXPECT_EQ(bench.desktop.StatusText, "");
   bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_EQ(bench.desktop.StatusText, "Wrote 2 brushes to " + file.filename().string());
-  EXPECT_NE(ReadWholeFile(file).bytes.value_or("").find("worldspawn"), std::string::npos);
+  EXPECT_EQ(bench.desktop.StatusText, file.filename().string() + ": 2 brushes written");
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("worldspawn"), std::string::npos);
   bench.commands.OnCommand(ID_EXPORT_MAP);
-  EXPECT_TRUE(bench.desktop.StatusText.starts_with("Cannot write /missing/d\xFCne.map: "));
+  EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());
   std::filesystem::remove(file);
 }
