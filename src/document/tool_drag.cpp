@@ -159,7 +159,7 @@ void CToolDrag::EndMove(std::uint32_t axisMask, Commit commit) {
 void CToolDrag::EndGroupMove(std::uint32_t axisMask, Commit commit) {
   if (members_.empty()) return;
   const double step = MoveStep(document_.State());
-  const Vector snapped = Snapped(moved_, step, ChangedAxes(moved_, axisMask));
+  const Vector snapped = Snapped(moved_, step, axisMask);
   const Vector offset = Committed(snapped, {0.0, 0.0, 0.0}, commit);
   CChange change(document_, kTouchedLevel);
   ForEachMember(kTouchedLevel,

@@ -255,6 +255,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
       {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
       {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
+      {kMove, kSolid, "step=6 R -1,-2 r step=90 R -8,0 r", "turned 90 12 0"},
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
       // Only what was dragged is committed, along the axes of the drag.
       {kMove, kTop, "grid=16 L 23,0 l", "at 16 0.6 0.6", 0.6},
@@ -324,6 +325,7 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
     std::function<void(Transform&)> operation;
   };
   const Vector others[] = {CornerOf(outsider), CornerOf(brush)};
+  desktop.ShiftDown = true;  // does not matter here
   for (const Case& c : std::vector<Case>{
            {kMove, kTop, "R", "r", [](Transform& t) { t.Rotate(-60, 0, 0); }},
            {kMove, kSide, "R", "r", [](Transform& t) { t.Rotate(0, -60, 0); }},
@@ -355,7 +357,7 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
 TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCentre) {
   state.UseGrid = 1;
   state.GridSize = 16;
-  Play("L 9,0 l");
+  Play("L 5,0 L 4,0 l");  // a release that got lost
   EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, 20}));
   EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, 7.25}));
   EXPECT_EQ(outsider.Own().Pos, (Vector{8, 8, 8}));
@@ -363,19 +365,9 @@ TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCent
     ExpectNear(member->Slot(kGroupSlot).Pos, {46.25, 20, 13.625}, "mean");
   }
   EXPECT_EQ(level.Groups[1].Centre, members[0]->Slot(kGroupSlot).Pos);
-}
-
-TEST_F(GroupTools, WithoutACurrentGroupNothingMoves) {
-  state.CurrentGroup = -1;
-  const Vector corners[] = {CornerOf(*members[0]), CornerOf(brush)};
-  for (const CommandId tool : {kMove, kScale, kShear}) {
-    Use(tool, kSolid);
-    Play("L 9,9 l R 9,9 r");
-  }
-  view.OnCommand(ID_ROTATE_90);
-  ResetBrush(document);
-  EXPECT_EQ(CornerOf(*members[0]), corners[0]);
-  EXPECT_EQ(CornerOf(brush), corners[1]);
+  Play("shift L 9,40 l");
+  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, -12}));
+  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, -24.75}));
 }
 
 TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommitted) {
@@ -387,7 +379,12 @@ TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommit
   EXPECT_EQ(desktop.CursorHidden, 1);
   EXPECT_EQ(brush.Own().Pos, kZero);
   EXPECT_EQ(siblingWindow.Invalidations, 0);
+  window.Captured = false;
+  Play("9,9");
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{8, 0, 0}));
+  desktop.Cursor.x += 7;  // on its way when the button goes
   Play("r");
+  EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
   EXPECT_EQ(siblingWindow.Invalidations, 1);
 }
 
@@ -420,15 +417,17 @@ TEST_F(MouseTools, ADragKeepsTheToolAndTheBrushItBeganWithUntilItsViewGoes) {
   ExpectAtRest();
 }
 
-TEST_F(GroupTools, ADragThatIsGivenUpOrMovesNothingLeavesEverythingAsItWas) {
+TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
   AddEntitiesAt({"10 20 30", ""});
+  AddBox({5, 6, 7});
   brush.MoveTo({0.3, 0.4, 0.5});
   view.OnSize(400, 300);
-  for (const std::int32_t groupMode : {0, 1}) {
+  for (const std::int32_t group : {-2, -1, 1}) {  // none, nor group movement; none; one
     for (const std::int32_t entity : {0, 1, -1}) {
       for (const CommandId tool : {kCamera, kMove, kScale, kShear, kEntity, kBox}) {
         for (const ViewKind kind : {kTop, kSide, kFront, kSolid}) {
-          state.GroupMovementMode = groupMode;
+          state.GroupMovementMode = group == -2 ? 0 : 1;
+          state.CurrentGroup = group;
           state.CurrentEntity = entity;
           Use(tool, kind);
           document.SetModifiedFlag(false);
@@ -449,6 +448,13 @@ TEST_F(GroupTools, ADragThatIsGivenUpOrMovesNothingLeavesEverythingAsItWas) {
           if (tool != kCamera) Play("L 9,7 l R 9,7 r L R 9,7 r l");
           expectUntouched("no axis");
           settings.ActiveAxisMask = kAllAxes;
+          const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
+          if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
+            state.CurrentEntity = entity;  // a right press may have picked another
+            if (ofBrush) view.OnCommand(ID_ROTATE_90);
+            Play("L 9,7 l L 3,2 R 9,7 r l");
+            expectUntouched("nothing to drag");
+          }
           for (const char* press : {"L", "R"}) {
             Play(std::string(press) + " 9,7 3,4");
             view.CancelDrag();
@@ -497,10 +503,15 @@ TEST_F(MouseTools, ClicksPickInTheViewAsItLooksNow) {
   AddEntitiesAt({"-20 500 0"});
   state.ShowBrush = 0;
   for (const ViewKind kind : {kTop, ViewKind::Wireframe}) {
-    view.Camera().Position = kind == kTop ? kZero : Vector{50, 0, -550};
+    view.Camera().Position = kind == kTop ? kZero : Vector{650, 0, 50};
+    view.Camera().Yaw = 2048;  // towards lower x
     Use(ID_TOOL_SELECT_BRUSH, kind);
     at = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
-    Play("R 5,5 r L R l r L lost l L");  // only the left button picks, and where it is released
+    const int redraws = window.Redraws;
+    Play("R 5,5");
+    EXPECT_EQ(desktop.CursorHidden, 1);
+    EXPECT_EQ(window.Redraws, redraws);
+    Play("r L R l r L lost l L");  // only the left button picks, and where it is released
     EXPECT_EQ(desktop.CursorHidden, 0);
     EXPECT_FALSE(document.BrushPicked());
     Play("l");
@@ -519,16 +530,6 @@ TEST_F(MouseTools, ClicksPickInTheViewAsItLooksNow) {
   EXPECT_EQ(level.Entities[0].GetValue("origin"), "-13 500 0") << "dragged at once";
 }
 
-TEST_F(MouseTools, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
-  desktop.CursorPlaceable = false;
-  Play("L 3,2 3,2");
-  const int redraws = window.Redraws;
-  Play("0,0");
-  EXPECT_EQ(window.Redraws, redraws);
-  Play("l");
-  EXPECT_EQ(brush.Own().Pos, (Vector{6, 0, -4}));
-}
-
 TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
   class CRefusing : public testing::CScriptedDesktop {
     void SetCursorPos(ScreenPoint /*point*/) override { CursorPlaceable = false; }
@@ -539,6 +540,9 @@ TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
   for (int i = 0; i < 2; ++i) {
     refusing.Cursor.x += 3;
     other.OnMouseMove({.left = true}, {});
+    const int redraws = window.Redraws;
+    other.OnMouseMove({.left = true}, {});
+    EXPECT_EQ(window.Redraws, redraws) << "no motion";
   }
   EXPECT_EQ(brush.Own().WorkPos.x, 6);
 }
