@@ -11,6 +11,7 @@
 #include "desktop/editor_fixture.h"
 #include "desktop/qt_text.h"
 #include "dialogs/group_attributes_dlg.h"
+#include "platform/file_io.h"
 
 namespace zando::testing {
 namespace {
@@ -89,6 +90,25 @@ TEST_F(EditorTest, BoxesOfferTheAnswersThatTheyReturn) {
   EXPECT_EQ(real.AskYesNo("Overwrite?"), YesNo::No);
   WithNextDialog(escape);
   EXPECT_EQ(real.ChooseFile({}), std::nullopt);
+}
+
+TEST_F(EditorTest, OpenChooserTakesAFileByItsNameWithOrWithoutTheExtension) {
+  CQtDesktop real(window_);
+  FileRequest request;
+  request.extension = "3dz";
+  for (const char* name : {"plain", "level.3dz"}) {
+    ASSERT_EQ(WriteFileAtomically(FileIn(name), "x"), "");
+  }
+  request.proposal = FileIn("");
+  for (const auto& [typed, file] :
+       {std::pair{"plain", "plain"}, {"level", "level.3dz"}, {"level.3dz", "level.3dz"}}) {
+    WithNextDialog([name = typed](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(QLatin1String(name));
+      QMetaObject::invokeMethod(&dialog, "accept");
+      if (dialog.isVisible()) dialog.reject();
+    });
+    EXPECT_EQ(real.ChooseFile(request), FileIn(file)) << typed;
+  }
 }
 
 TEST_F(EditorTest, WhatOpensOverADialogBelongsToItAndGivesTheFocusBack) {
