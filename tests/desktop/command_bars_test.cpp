@@ -215,6 +215,10 @@ TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
     EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
     if (byMouse) Document().SetCurrentGroup(1);
   }
+  box->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(box, Qt::Key_F4);
+  QTest::keyClick(box->view(), Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
 }
 
 TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
