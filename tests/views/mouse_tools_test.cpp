@@ -451,7 +451,7 @@ TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) 
           const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
           if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
             state.CurrentEntity = entity;  // a right press may have picked another
-            if (ofBrush) view.OnCommand(ID_ROTATE_90);
+            if (ofBrush) view.Rotate90();
             Play("L 9,7 l L 3,2 R 9,7 r l");
             expectUntouched("nothing to drag");
           }
@@ -584,7 +584,7 @@ TEST_F(MouseTools, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
     testing::Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {7, 8, 9}; });
     for (const std::uint32_t axes : {kAllAxes, 0U}) {
       Use(kMove, kind, axes);
-      view.OnCommand(ID_ROTATE_90);
+      view.Rotate90();
       EXPECT_EQ(brush.Own().WorkRot, (Vector{7, 8, 9}) + by);
       EXPECT_EQ(brush.Own().Rot, brush.Own().WorkRot);
     }
