@@ -135,7 +135,11 @@ std::optional<ColorRef> CQtDesktop::ChooseColor(ColorRef initial) {
              static_cast<std::uint32_t>(color.blue()));
 }
 
-ControlId CQtDesktop::DoModal(CDialog& dialog) { return RunModal(dialog, Uppermost(window_)); }
+ControlId CQtDesktop::DoModal(CDialog& dialog) {
+  return RunModal(dialog, Uppermost(window_), [this](const std::function<void()>& operation) {
+    window_.RunGuarded(operation);
+  });
+}
 
 ScreenPoint CQtDesktop::GetCursorPos() const { return pointer_.Position(); }
 

@@ -101,7 +101,7 @@ class CQtForm::CDoubleClicks : public QObject {
       return QObject::eventFilter(watched, event);
     }
     form_.TellSelections();
-    form_.dialog_.OnDoubleClick(id_);
+    form_.attempt_([this] { form_.dialog_.OnDoubleClick(id_); });
     return true;
   }
 
@@ -135,10 +135,13 @@ class CQtForm::CFieldFocus : public QObject {
   ControlId id_;
 };
 
-CQtForm::CQtForm(CDialog& dialog, QWidget* parent) : CQtForm(dialog, parent, BuildForm) {}
+CQtForm::CQtForm(CDialog& dialog, QWidget* parent, Attempt attempt)
+    : CQtForm(dialog, parent, BuildForm, std::move(attempt)) {}
 
-CQtForm::CQtForm(CDialog& dialog, QWidget* parent, const Builder& build)
-    : dialog_(dialog), window_(std::make_unique<CWindow>(*this, parent)) {
+CQtForm::CQtForm(CDialog& dialog, QWidget* parent, const Builder& build, Attempt attempt)
+    : dialog_(dialog),
+      attempt_(std::move(attempt)),
+      window_(std::make_unique<CWindow>(*this, parent)) {
   if (!build(dialog.TemplateId(), *window_)) {
     qWarning("there is no form %d", dialog.TemplateId());
   }
@@ -194,7 +197,7 @@ void CQtForm::ConnectField(ControlId id, QLineEdit& field) {
   new CFieldFocus(*this, id, field);
   QObject::connect(&field, &QLineEdit::textEdited, window_.get(), [this, id] {
     entered_ = id;
-    dialog_.OnChange(id);
+    attempt_([this, id] { dialog_.OnChange(id); });
   });
 }
 
@@ -212,22 +215,24 @@ void CQtForm::Click(ControlId id) {
   TellSelections();
   // A button that is pressed from the keyboard acts while the focus is still in a field.
   LeaveField();
-  if (!result_) dialog_.Click(id);
+  if (!result_) attempt_([this, id] { dialog_.Click(id); });
 }
 
 void CQtForm::Cancel() {
   TellSelections();
   entered_.reset();
-  if (!result_) dialog_.Click(IDCANCEL);
+  if (!result_) attempt_([this] { dialog_.Click(IDCANCEL); });
 }
 
 void CQtForm::LeaveField() {
   const auto field = std::exchange(entered_, std::nullopt);
-  if (field && !result_) dialog_.OnKillFocus(*field);
+  if (field && !result_) attempt_([&] { dialog_.OnKillFocus(*field); });
 }
 
 void CQtForm::TellSelections() {
-  for (const ControlId list : std::exchange(changedLists_, {})) dialog_.OnSelectionChange(list);
+  for (const ControlId list : std::exchange(changedLists_, {})) {
+    attempt_([this, list] { dialog_.OnSelectionChange(list); });
+  }
 }
 
 std::string CQtForm::GetText(ControlId id) const {
@@ -369,6 +374,8 @@ void CQtForm::Close(ControlId result) {
   window_->done(result);
 }
 
-ControlId RunModal(CDialog& dialog, QWidget* parent) { return CQtForm(dialog, parent).Run(); }
+ControlId RunModal(CDialog& dialog, QWidget* parent, Attempt attempt) {
+  return CQtForm(dialog, parent, std::move(attempt)).Run();
+}
 
 }  // namespace zando

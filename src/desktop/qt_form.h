@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/attempt.h"
 #include "platform/dialog.h"
 
 class QDialog;
@@ -25,8 +26,8 @@ class CQtForm : public CDialogForm {
   using Builder = std::function<bool(std::int32_t templateId, QDialog& window)>;
 
   /// Fills the form from the dialog, which must outlive it.
-  CQtForm(CDialog& dialog, QWidget* parent);
-  CQtForm(CDialog& dialog, QWidget* parent, const Builder& build);
+  CQtForm(CDialog& dialog, QWidget* parent, Attempt attempt = RunUnguarded);
+  CQtForm(CDialog& dialog, QWidget* parent, const Builder& build, Attempt attempt = RunUnguarded);
   CQtForm(const CQtForm&) = delete;
   CQtForm& operator=(const CQtForm&) = delete;
   ~CQtForm() override;
@@ -73,6 +74,7 @@ class CQtForm : public CDialogForm {
   void LeaveField();
 
   CDialog& dialog_;
+  Attempt attempt_;
   std::unique_ptr<CWindow> window_;
   std::map<ControlId, QWidget*> controls_;
   std::map<ControlId, int> scrolled_;  ///< where lists stood before they were emptied
@@ -83,6 +85,6 @@ class CQtForm : public CDialogForm {
 };
 
 /// Runs the dialog over its parent window; the number it closed with.
-ControlId RunModal(CDialog& dialog, QWidget* parent);
+ControlId RunModal(CDialog& dialog, QWidget* parent, Attempt attempt);
 
 }  // namespace zando

@@ -310,12 +310,19 @@ void CQtMainWindow::Activate(CChildView& view) {
   SetActiveFrame(frame);
 }
 
+void CQtMainWindow::RunGuarded(const std::function<void()>& operation) {
+  if (app_ == nullptr) return operation();
+  app_->Guard().Attempt({}, operation);
+}
+
 void CQtMainWindow::SetActiveFrame(CChildFrame* frame) {
   if (frame == activeFrame_ || (frame != nullptr && frame->View() == nullptr)) return;
   CChildFrame* before = activeFrame_;
   activeFrame_ = frame;
-  if (before != nullptr) before->View()->OnActivate(CChildView::Activation::Deactivated);
-  if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
+  RunGuarded([&] {
+    if (before != nullptr) before->View()->OnActivate(CChildView::Activation::Deactivated);
+    if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
+  });
   if (app_ != nullptr) app_->OnActiveViewChanged();
   RefreshCommands();
 }

@@ -31,6 +31,9 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   /// Commands go to the application from now on. It outlives the child frames, not the window: call
   /// CloseAllChildren before it goes.
   void SetApplication(CEditorApp& app);
+
+  /// Runs what a window hands on to the core; what fails is told of, and goes no further.
+  void RunGuarded(const std::function<void()>& operation);
   void CloseAllChildren();
 
   /// Shows in menus and buttons what the commands' targets say now.

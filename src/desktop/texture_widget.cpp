@@ -53,8 +53,8 @@ void ScrollBarTo(QScrollBar& bar, std::int32_t begin, std::int32_t end) {
 
 }  // namespace
 
-CTextureWidget::CTextureWidget(CTextureView& view, TitleSetter setTitle)
-    : view_(&view), setTitle_(std::move(setTitle)) {
+CTextureWidget::CTextureWidget(CTextureView& view, TitleSetter setTitle, Attempt attempt)
+    : view_(&view), setTitle_(std::move(setTitle)), attempt_(std::move(attempt)) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Textures"));
@@ -140,11 +140,23 @@ void CTextureWidget::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool CTextureWidget::event(QEvent* event) {
+  bool known = true;
+  attempt_([&] { known = QAbstractScrollArea::event(event); });
+  return known;
+}
+
 bool CTextureWidget::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  ShowToolTip(help->pos(), help->globalPos());
-  return true;
+  bool known = true;
+  attempt_([&] {
+    if (event->type() == QEvent::ToolTip) {
+      const auto* help = static_cast<QHelpEvent*>(event);
+      ShowToolTip(help->pos(), help->globalPos());
+    } else {
+      known = QAbstractScrollArea::viewportEvent(event);
+    }
+  });
+  return known;
 }
 
 void CTextureWidget::ShowToolTip(const QPoint& position, const QPoint& onScreen) {

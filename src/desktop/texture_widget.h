@@ -4,6 +4,7 @@
 #include <functional>
 #include <string_view>
 
+#include "desktop/attempt.h"
 #include "platform/desktop.h"
 #include "views/texture_view.h"
 
@@ -16,7 +17,7 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
   using TitleSetter = std::function<void(std::string_view)>;
 
   /// `setTitle` is called with every title that the view wants for its frame.
-  CTextureWidget(CTextureView& view, TitleSetter setTitle);
+  CTextureWidget(CTextureView& view, TitleSetter setTitle, Attempt attempt = RunUnguarded);
   CTextureWidget(const CTextureWidget&) = delete;
   CTextureWidget& operator=(const CTextureWidget&) = delete;
   ~CTextureWidget() override;
@@ -38,6 +39,8 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
   void resizeEvent(QResizeEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// All that comes in comes through these two; nothing that is thrown goes out.
+  bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 
  private:
@@ -48,6 +51,7 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
 
   CTextureView* view_;
   TitleSetter setTitle_;
+  Attempt attempt_;
   QSize pixels_;  ///< the size that the view knows
 };
 

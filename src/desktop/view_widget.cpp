@@ -53,8 +53,8 @@ std::optional<CZANDOView::Key> KeyOf(const QKeyEvent& event) {
 
 }  // namespace
 
-CViewWidget::CViewWidget(CZANDOView& view, TitleSetter setTitle)
-    : view_(&view), setTitle_(std::move(setTitle)) {
+CViewWidget::CViewWidget(CZANDOView& view, TitleSetter setTitle, Attempt attempt)
+    : view_(&view), setTitle_(std::move(setTitle)), attempt_(std::move(attempt)) {
   // Every paint covers the whole widget, and Qt shows it only when it is complete.
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -179,10 +179,14 @@ void CViewWidget::hideEvent(QHideEvent* event) {
 }
 
 bool CViewWidget::event(QEvent* event) {
-  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
-    LoseCapture();
-  }
-  return QWidget::event(event);
+  bool known = true;
+  attempt_([&] {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
+      LoseCapture();
+    }
+    known = QWidget::event(event);
+  });
+  return known;
 }
 
 }  // namespace zando

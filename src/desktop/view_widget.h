@@ -6,6 +6,7 @@
 #include <functional>
 #include <string_view>
 
+#include "desktop/attempt.h"
 #include "platform/desktop.h"
 #include "views/zando_view.h"
 
@@ -18,7 +19,7 @@ class CViewWidget : public QWidget, public CViewWindow {
   using TitleSetter = std::function<void(std::string_view)>;
 
   /// `setTitle` is called with every title that the view wants for its frame.
-  CViewWidget(CZANDOView& view, TitleSetter setTitle);
+  CViewWidget(CZANDOView& view, TitleSetter setTitle, Attempt attempt = RunUnguarded);
   CViewWidget(const CViewWidget&) = delete;
   CViewWidget& operator=(const CViewWidget&) = delete;
   ~CViewWidget() override;
@@ -48,6 +49,7 @@ class CViewWidget : public QWidget, public CViewWindow {
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  /// Everything comes in here; nothing that is thrown goes out.
   bool event(QEvent* event) override;
 
  private:
@@ -58,6 +60,7 @@ class CViewWidget : public QWidget, public CViewWindow {
 
   CZANDOView* view_;
   TitleSetter setTitle_;
+  Attempt attempt_;
   QSize pixels_;       ///< the size that the view knows
   QImage picture_;     ///< what the view drew last
   bool stale_ = true;  ///< the picture is to be drawn anew
