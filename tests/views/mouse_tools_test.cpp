@@ -253,7 +253,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L 4,0 R 4,0 l r", "at 8 0 0"},
       {kMove, kTop, "L 4,0 R 4,0 r l", "at 8 0 0"},
       {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
-      {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
+      {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 l", "at 10 0 0"},
       {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
       {kMove, kSolid, "step=6 R -1,-2 r step=90 R -8,0 r", "turned 90 12 0"},
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
@@ -451,7 +451,7 @@ TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) 
           const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
           if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
             state.CurrentEntity = entity;  // a right press may have picked another
-            if (ofBrush) view.OnCommand(ID_ROTATE_90);
+            if (ofBrush) view.Rotate90();
             Play("L 9,7 l L 3,2 R 9,7 r l");
             expectUntouched("nothing to drag");
           }
@@ -584,7 +584,7 @@ TEST_F(MouseTools, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
     testing::Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {7, 8, 9}; });
     for (const std::uint32_t axes : {kAllAxes, 0U}) {
       Use(kMove, kind, axes);
-      view.OnCommand(ID_ROTATE_90);
+      view.Rotate90();
       EXPECT_EQ(brush.Own().WorkRot, (Vector{7, 8, 9}) + by);
       EXPECT_EQ(brush.Own().Rot, brush.Own().WorkRot);
     }
