@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <cstdlib>
 
@@ -58,6 +59,18 @@ void Propose(QFileDialog& dialog, const std::filesystem::path& proposal) {
   dialog.selectFile(PathToQt(proposal.filename()));
 }
 
+/// A file whose name has no extension can be opened, too: only a name that is not there gets one.
+void CompleteMissingNames(QFileDialog& dialog) {
+  const auto* field = dialog.findChild<QLineEdit*>();
+  if (field == nullptr) return;
+  const QString extension = dialog.defaultSuffix();
+  QObject::connect(field, &QLineEdit::textChanged, &dialog,
+                   [&dialog, extension](const QString& name) {
+                     const bool isThere = QFileInfo(dialog.directory(), name).isFile();
+                     dialog.setDefaultSuffix(isThere ? QString() : extension);
+                   });
+}
+
 QColor ColorToQt(ColorRef color) {
   return {static_cast<int>(color & 0xff), static_cast<int>(color >> 8 & 0xff),
           static_cast<int>(color >> 16 & 0xff)};
@@ -109,6 +122,7 @@ std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& r
   dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(TextToQt(request.extension));
   if (!request.filter.empty()) dialog.setNameFilters(NameFilters(request.filter));
+  if (!saving) CompleteMissingNames(dialog);
   Propose(dialog, request.proposal);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return PathFromQt(dialog.selectedFiles().front());

@@ -37,8 +37,6 @@ CSplashWnd::CSplashWnd(QWidget* mainWindow)
 }
 
 void CSplashWnd::ShowSplash(QWidget* mainWindow) {
-  // Only what is a window to the window system already can have another one above it.
-  if (mainWindow != nullptr) mainWindow->winId();
   auto* splash = new CSplashWnd(mainWindow);
   splash->show();
   // What the program does next may leave no time to paint.

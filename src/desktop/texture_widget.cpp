@@ -153,7 +153,8 @@ void CTextureWidget::ShowToolTip(const QPoint& position, const QPoint& onScreen)
     QToolTip::hideText();
     return;
   }
-  const Texture& texture = view_->Document().Textures().Textures()[static_cast<std::size_t>(*index)];
+  const Texture& texture =
+      view_->Document().Textures().Textures()[static_cast<std::size_t>(*index)];
   const QString text = QStringLiteral("%1, %2 x %3")
                            .arg(TextToQt(texture.name), QString::number(texture.width),
                                 QString::number(texture.height));

@@ -238,9 +238,12 @@ TEST_F(EditorApp, FourViewsMinimizeTheOldOnesTileTheNewAndCloseWithTheirLevel) {
             "-Side View- -Top View- -Front View- -Solid Gons- ");
   EXPECT_EQ(window.Arrangement, "H");
   app->Run(ID_FILE_NEW);
+  app->Run(ID_FOUR_VIEWS);
+  for (const CChildView* tiled : window.Tiled) EXPECT_EQ(&tiled->Document(), &Active());
+  EXPECT_EQ(window.Tiled.size(), 5U) << "the minimized one is the window's affair";
   window.Activate(*window.Children[0].view);
   app->Run(ID_FILE_CLOSE);
-  ASSERT_EQ(window.Children.size(), 1U) << "the windows of other levels stay";
+  ASSERT_EQ(window.Children.size(), 5U) << "the windows of other levels stay";
   EXPECT_EQ(&Active(), app->Documents().at(0).get());
 }
 

@@ -91,6 +91,9 @@ TEST_F(FailingCommand, LeavesAWholeLevelThatIsAsBeforeOrMarkedWhereverMemoryEnds
         app->Run(id);
         failed = testing::CFailingMemory::Failed();
       }
+      for (const auto& document : app->Documents()) {
+        EXPECT_FALSE(document->Views().empty()) << "open without a window";
+      }
       if (app->Documents().empty()) continue;
       EXPECT_TRUE(level.IsModified() || level.GetLevel() == before) << id << ' ' << successes;
       const std::string text = WriteDocument(level);

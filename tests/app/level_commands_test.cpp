@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "document/entity_edits.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
+#include "support/made_up_wad.h"
 #include "support/scripted_desktop.h"
 
 namespace zando {
@@ -66,13 +68,14 @@ struct Bench {
   }
 };
 
-TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabled) {
+TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
+  const std::set<CommandId> disabled{
+      ID_EDIT_UNDO,    ID_EDIT_REDO,    ID_COPY_ENTITY, ID_ADD_TO_GROUP,   ID_REMOVE_FROM_GROUP,
+      ID_CREATE_GROUP, ID_DELETE_BRUSH, ID_NEXT_BRUSH,  ID_PREVIOUS_BRUSH, ID_COPY_TO_CURRENT};
   Bench bench;
   bench.Fill();
-  for (const CommandId id :
-       {ID_EDIT_UNDO, ID_EDIT_REDO, ID_COPY_ENTITY, ID_ADD_TO_GROUP, ID_REMOVE_FROM_GROUP,
-        ID_CREATE_GROUP, ID_DELETE_BRUSH, ID_NEXT_BRUSH, ID_PREVIOUS_BRUSH, ID_COPY_TO_CURRENT}) {
-    EXPECT_EQ(bench.State(id), "disabled") << id;
+  for (const CommandRow& row : CommandTable()) {
+    EXPECT_EQ(bench.State(row.id) == "disabled", disabled.contains(row.id)) << row.id;
   }
   EXPECT_EQ(bench.State(ID_SPHEROID), "unknown");
   EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
@@ -131,6 +134,57 @@ TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
       }
     }
   }
+}
+
+TEST(LevelCommands, QuickBspLeavesWaterOut) {
+  Bench bench;
+  AddToWorld(bench.level);
+  SetBrushName(bench.level, "*water");
+  PlaceBrush(bench.level, {500, 0, 0});
+  AddToWorld(bench.level);
+  for (const std::int32_t nodes : {12, 6}) {
+    EXPECT_EQ(bench.level.GetLevel().World.Count().nodes, nodes);
+    bench.commands.OnCommand(ID_QUICK_BSP);
+  }
+}
+
+TEST(LevelCommands, WhatIsAddedHasTheFirstTextureOnEveryFace) {
+  const std::filesystem::path archive =
+      ::testing::TempDir() + "zando.wad." + std::to_string(::getpid());
+  const std::string brick = testing::MipHead("brick", 2, 1) + "ab";
+  ASSERT_TRUE(WriteFileAtomically(archive, testing::Archive({{brick}, {brick}})));
+  Bench bench;
+  for (const std::int32_t tag : {0, 1}) {
+    bench.commands.OnCommand(ID_SUBTRACT_FROM_WORLD);
+    for (const BrushFace& face : bench.level.GetLevel().BrushList[tag].Faces) {
+      EXPECT_EQ(face.tag, tag);
+    }
+    bench.level.LoadTextures({}, archive);
+  }
+  std::filesystem::remove(archive);
+}
+
+TEST(LevelCommands, ResetActsOnTheGroupsOwnTransformInGroupMovement) {
+  Bench bench;
+  bench.Fill();
+  bench.commands.OnCommand(ID_GROUP_MOVEMENT);
+  Edit(bench.level).Groups = {{.Centre = {1, 2, 3},
+                               .Rotation = {4, 5, 6},
+                               .WorkRotation = {4, 5, 6},
+                               .Scale = {2, 2, 2},
+                               .Shear = {1, 0, 0}}};
+  SetBrushScale(bench.level, {3, 3, 3});
+  for (const std::int32_t group : {-1, 0}) {
+    EditState(bench.level).CurrentGroup = group;
+    const CBGroup before = bench.level.GetLevel().Groups[0];
+    bench.commands.OnCommand(ID_RESET_BRUSH);
+    const CBGroup reset{.Centre = {1, 2, 3}, .WorkCentre = {1, 2, 3}};
+    EXPECT_EQ(bench.level.GetLevel().Groups[0], group < 0 ? before : reset);
+  }
+  EXPECT_EQ(bench.level.CurrentBrush().Own().Scl, (Vector{3, 3, 3}));
+  bench.commands.OnCommand(ID_GROUP_MOVEMENT);
+  bench.commands.OnCommand(ID_RESET_BRUSH);
+  EXPECT_EQ(bench.level.CurrentBrush().Own().Scl, (Vector{1, 1, 1}));
 }
 
 TEST(LevelCommands, StepsThroughTheListStayAtItsEnds) {

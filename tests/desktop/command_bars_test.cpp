@@ -188,8 +188,9 @@ TEST_F(LevelTest, ALetterOfTwoLinesWalksThemAndTheBarOpensByItsKeys) {
 }
 
 TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
-  Document().Groups.resize(2);
-  Document().RefreshColors();
+  CreateEmptyGroup(Document());
+  CreateEmptyGroup(Document());
+  SetCurrentGroup(Document(), -1);
   auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
   const auto turn = [box] {
     QWheelEvent wheel({9, 9}, box->mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, {},
@@ -199,7 +200,7 @@ TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
   ActiveWidget().setFocus();
   for (const bool byMouse : {true, false}) {
     turn();
-    EXPECT_EQ(Document().CurrentGroup, byMouse ? -1 : 1);
+    EXPECT_EQ(Document().State().CurrentGroup, byMouse ? -1 : 1);
     if (byMouse) {
       QTest::mouseClick(box, Qt::LeftButton);
       for (const int key : {Qt::Key_Down, Qt::Key_Return}) {
@@ -208,15 +209,19 @@ TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
     } else {
       box->setFocus(Qt::TabFocusReason);
       turn();
-      EXPECT_EQ(Document().CurrentGroup, 1);
+      EXPECT_EQ(Document().State().CurrentGroup, 1);
       QTest::keyClick(box, Qt::Key_Up);
       EXPECT_TRUE(box->hasFocus()) << "the next step may follow";
       QTest::keyClick(box, Qt::Key_Return);
     }
-    EXPECT_EQ(Document().CurrentGroup, 0);
+    EXPECT_EQ(Document().State().CurrentGroup, 0);
     EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
-    if (byMouse) Document().SetCurrentGroup(1);
+    if (byMouse) SetCurrentGroup(Document(), 1);
   }
+  box->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(box, Qt::Key_F4);
+  QTest::keyClick(box->view(), Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
 }
 
 TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {

@@ -11,11 +11,58 @@
 #include "desktop/editor_fixture.h"
 #include "document/brush_edits.h"
 #include "paint/painter_dc.h"
+#include "support/window_suite.h"
 
 namespace zando::testing {
 namespace {
 
 using ViewWindow = LevelTest;
+
+/// The real window of a view, with no main window around it.
+class CWidgetHolder {
+ public:
+  explicit CWidgetHolder(CZANDOView& view)
+      : widget_(view, [this](std::string_view title) { title_ = title; }) {
+    widget_.resize(200, 100);
+    widget_.show();
+    Settle();
+  }
+
+  CViewWindow& Window() { return widget_; }
+  std::string Title() { return title_; }
+  int Paints() { return widget_.Paints; }
+  void Settle() { QApplication::processEvents(); }
+  /// Around all pixels that are not as the view drew them, which is black.
+  std::optional<ScreenRect> Frame() {
+    const QImage shown = widget_.grab().toImage();
+    QRect frame;
+    for (int y = 0; y < shown.height(); ++y) {
+      for (int x = 0; x < shown.width(); ++x) {
+        if (shown.pixel(x, y) == qRgb(255, 255, 255)) frame |= QRect(x, y, 1, 1);
+      }
+    }
+    if (frame.isNull()) return std::nullopt;
+    return ScreenRect{frame.left(), frame.top(), frame.right() + 1, frame.bottom() + 1};
+  }
+
+ private:
+  class CCountingWidget : public CViewWidget {
+   public:
+    using CViewWidget::CViewWidget;
+    int Paints = 0;
+
+   protected:
+    void paintEvent(QPaintEvent* event) override {
+      ++Paints;
+      CViewWidget::paintEvent(event);
+    }
+  };
+
+  std::string title_;
+  CCountingWidget widget_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, WindowSuite, CWidgetHolder);
 
 /// A mouse as the window system reports it: the cursor first, then the event.
 class Mouse {
@@ -63,7 +110,7 @@ class Mouse {
 TEST_F(ViewWindow, ADragCountsPixelsAndEndsWhereItBeganWhenItComesBack) {
   Choose(static_cast<CommandId>(ViewKind::Top));
   Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
-  const Vector& position = Document().WorkingBrush.WorkPos[0];
+  const Vector& position = Document().GetLevel().WorkingBrush.Own().WorkPos;
   Mouse mouse(ActiveWidget());
   mouse.Press({101, 102}, Qt::LeftButton);
   for (const int step : {1, -3, 2}) {

@@ -111,6 +111,33 @@ TEST_F(TextureView, AClickWithinATextureSelectsItAndNamesTheCurrentBrush) {
   EXPECT_EQ(desktop.StatusText, "Texture of the current brush: t2");
 }
 
+TEST_F(TextureView, StartsAtTheTextureOfTheCurrentBrushAndKeepsTheSelectionInSight) {
+  ShowFourInTwoRows();
+  testing::CRecordingDC dc(300, 300);
+  for (const auto& [name, selected] : {std::pair{"T2", 2}, {"t3", 3}, {"none", 0}, {"t1", 1}}) {
+    CTextureView opened(document, desktop);
+    opened.SetWindow(&window);
+    document.CurrentBrush->Name = name;
+    opened.OnInitialUpdate();
+    window.ScrolledTo.clear();
+    opened.OnSize(300);
+    EXPECT_EQ(opened.Selected(), selected);
+    EXPECT_EQ(window.ScrolledTo, std::vector{opened.PlaceOf(selected)});
+    if (selected != 1) continue;
+    // Who has scrolled on wants to see something else.
+    opened.OnDraw(dc, {0, 200, 300, 300});
+    opened.OnSize(310);
+    EXPECT_EQ(window.ScrolledTo.size(), 1U);
+    opened.OnDraw(dc, {0, 100, 300, 300});
+    opened.OnSize(200);
+    EXPECT_EQ(window.ScrolledTo.back(), opened.PlaceOf(1));
+    // A texture that is cut by the edge is shown whole by the click that chooses it.
+    opened.OnLeftButtonUp({10, 150});
+    EXPECT_EQ(window.ScrolledTo.back(), opened.PlaceOf(opened.Selected()));
+    EXPECT_NE(opened.Selected(), 1);
+  }
+}
+
 TEST_F(TextureView, OnlyTheCurrentBrushIsNamedAndOnlyANewNameIsAChange) {
   ShowFourInTwoRows();
   AddToWorld(document);
