@@ -56,9 +56,8 @@ std::optional<std::int32_t> CTextureView::TextureAt(ScreenPoint point) const {
 
 void CTextureView::OnInitialUpdate() {
   if (window_ != nullptr) window_->SetFrameTitle(kFrameTitle);
-  if (document_.CurrentBrush == nullptr) return;
   const auto used = std::find_if(Textures().begin(), Textures().end(), [&](const Texture& texture) {
-    return EqualIgnoringCase(texture.name, document_.CurrentBrush->Name);
+    return EqualIgnoringCase(texture.name, document_.CurrentBrush().Name);
   });
   if (used != Textures().end()) {
     selected_ = static_cast<std::int32_t>(used - Textures().begin());
