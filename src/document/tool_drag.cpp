@@ -73,7 +73,6 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
 
 template <typename Edit>
 void CToolDrag::ForEachMember(std::uint32_t touched, Edit&& edit) {
-  if (members_.empty()) return;
   CChange change(document_, touched);
   for (const Member& member : members_) {
     CZandoBrush* brush = member.id == kWorkingBrush ? &change.level.WorkingBrush
@@ -157,7 +156,6 @@ void CToolDrag::EndMove(std::uint32_t axisMask, Commit commit) {
 /// The displacement that all have in common snaps, so that the members keep their places to one
 /// another.
 void CToolDrag::EndGroupMove(std::uint32_t axisMask, Commit commit) {
-  if (members_.empty()) return;
   const double step = MoveStep(document_.State());
   const Vector snapped = Snapped(moved_, step, axisMask);
   const Vector offset = Committed(snapped, {0.0, 0.0, 0.0}, commit);
@@ -219,8 +217,8 @@ void CToolDrag::EndEntity(std::uint32_t axisMask, Commit commit) {
 }
 
 void CToolDrag::Cancel() {
-  CChange change(document_, kTouchedDisplay);
-  ForEachMember(kTouchedDisplay,
+  CChange change(document_, changed_ ? kTouchedDisplay : kTouchedNothing);
+  ForEachMember(kTouchedNothing,
                 [](CZandoBrush& brush, const Member& member) { brush.CancelDrag(member.before); });
   if (groupBefore_) change.level.Groups[static_cast<std::size_t>(group_)] = *groupBefore_;
   if (CEntity* entity = DraggedEntity(change.level)) entity->WorkOrigin = entityBefore_;

@@ -105,11 +105,11 @@ TEST_F(EditorTest, WhatOpensOverADialogBelongsToItAndGivesTheFocusBack) {
   QDialog dialog(&window_);
   QLineEdit field(&dialog);
   QLineEdit other(&dialog);
-  CGroupAttributesDlg second;
-  std::vector<CBGroup> groups;
+  CZANDODoc level;
+  CGroupAttributesDlg second(level, real);
   const std::function<void()> openers[] = {
       [&] { real.ShowMessage("a"); }, [&] { real.ChooseColor(0); }, [&] { real.ChooseFile({}); },
-      [&] { second.Run(groups, -1, nullptr, real); }};
+      [&] { second.Run(); }};
   for (const auto& open : openers) {
     WithNextDialog([&](QDialog&) {
       other.setFocus();

@@ -253,7 +253,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L 4,0 R 4,0 l r", "at 8 0 0"},
       {kMove, kTop, "L 4,0 R 4,0 r l", "at 8 0 0"},
       {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
-      {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
+      {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 l", "at 10 0 0"},
       {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
       {kMove, kSolid, "step=6 R -1,-2 r step=90 R -8,0 r", "turned 90 12 0"},
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
@@ -327,10 +327,7 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
   const Vector others[] = {CornerOf(outsider), CornerOf(brush)};
   desktop.ShiftDown = true;  // does not matter here
   for (const Case& c : std::vector<Case>{
-           {kMove, kTop, "R", "r", [](Transform& t) { t.Rotate(-60, 0, 0); }},
-           {kMove, kSide, "R", "r", [](Transform& t) { t.Rotate(0, -60, 0); }},
            {kMove, kSolid, "R", "r", [](Transform& t) { t.Rotate(-60, -24, 0); }},
-           {kScale, kFront, "L", "l", [](Transform& t) { t.Scale(1.05, 0.98, 1); }},
            {kScale, kSolid, "L R", "r l", [](Transform& t) { t.Scale(1.05, 1.05, 1.05); }},
            {kShear, kTop, "L", "l", [](Transform& t) { t.Shear(0.02, 0, -0.05); }}}) {
     Transform matrix = Transform::Identity();
@@ -345,8 +342,6 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) 
     Play(c.release);
     for (std::size_t i = 0; i < 2; ++i) {
       ExpectNear(CornerOf(*members[i]), corners[i], "committed");
-      EXPECT_EQ(members[i]->DragMatrix(), Transform::Identity());
-      EXPECT_EQ(members[i]->Slot(kGroupSlot).Scl, (Vector{1, 1, 1}));
       EXPECT_EQ(members[i]->Slot(kGroupSlot).WorkRot, kZero);
     }
   }

@@ -117,7 +117,7 @@ TEST_F(TextureView, StartsAtTheTextureOfTheCurrentBrushAndKeepsTheSelectionInSig
   for (const auto& [name, selected] : {std::pair{"T2", 2}, {"t3", 3}, {"none", 0}, {"t1", 1}}) {
     CTextureView opened(document, desktop);
     opened.SetWindow(&window);
-    SetBrushName(document, name);
+    testing::Edit(document).WorkingBrush.Name = name;
     opened.OnInitialUpdate();
     window.ScrolledTo.clear();
     opened.OnSize(300);
