@@ -143,6 +143,7 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
   for (const CZandoPoly& face : brush.WorldPolys) {
+    if (face.count == 0) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -170,7 +171,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
       if (ClassifyPoint(plane, vertex) == PointClass::On) ++on;
     }
     const bool aside = kind == PolygonClass::Front || kind == PolygonClass::Back;
-    if (aside && on < 2) continue;
+    if (face.count == 0 || (aside && on < 2)) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -220,10 +221,12 @@ CBspNode* FaceNode(Tree& tree, CZandoBrush& brush, std::size_t face, std::int32_
 void ClipSolidFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier) {
   const bool carves = other.TranT != kAddToWorld;
   Tree clip;
+  if (f->nValid == 0 && !(carves && otherIsEarlier)) return;
   BuildClipTree(clip, other, f->plane);
+  world.refused += clip.refused;
   if (carves && otherIsEarlier) {
     ClipBy(clip, world, f, kAsGiven, Mode::Show);
-  } else if (f->nValid == 1) {
+  } else {
     ClipBy(clip, world, f, carves ? kAllInside : kAsGiven, Mode::Hide);
   }
 }
@@ -310,6 +313,7 @@ void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
   ClearFresh(world.root);
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
   for (std::size_t k = 0; k < brush.WorldPolys.size(); ++k) {
+    if (brush.WorldPolys[k].count == 0) continue;
     CBspNode* node = FaceNode(world, brush, k, id);
     if (brush.TranT == kAddToWorld) {
       InsertAdd(world, node);
@@ -320,6 +324,7 @@ void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
   Tree own;
   BuildFullTree(own, brush);
   ClipWorldByBrush(world, world.root, own, brush.TranT == kAddToWorld ? kAsGiven : kAllInside);
+  world.refused += own.refused;
 }
 
 std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water) {
@@ -342,9 +347,12 @@ std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
     a[i]->UpdateWorld();
     BuildFullTree(full[i], *a[i]);
   }
+  const auto meets = [&](std::size_t i, std::size_t j) {
+    return j != i && TakesPart(*a[j], water) && BoundsOverlap(*a[i], *a[j]);
+  };
   const auto clipFace = [&](CBspNode* face, std::size_t i) {
     for (std::size_t j = 0; j < a.size(); ++j) {
-      if (j == i || !TakesPart(*a[j], water) || !BoundsOverlap(*a[i], *a[j])) continue;
+      if (!meets(i, j)) continue;
       for (CBspNode* f : ChainMembers(face)) {
         if (a[i]->TranT == kAddToWorld) {
           ClipSolidFace(world, f, *a[j], i > j);
@@ -358,7 +366,11 @@ std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
     for (std::size_t i = 0; i < a.size(); ++i) {
       ++steps;
       if (a[i]->TranT != operation || !TakesPart(*a[i], water)) continue;
+      for (std::size_t j = 0; operation == kSubtractFromWorld && j < a.size(); ++j) {
+        if (meets(i, j)) world.refused += full[j].refused;
+      }
       for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
+        if (a[i]->WorldPolys[k].count == 0) continue;
         result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
         result.back()->nValid = operation == kAddToWorld ? 1 : 0;
         clipFace(result.back(), i);
