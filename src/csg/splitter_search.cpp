@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 
+#include "csg/coplanar_table.h"
+#include "csg/node_sides.h"
+
 namespace zando {
 namespace {
 
@@ -222,17 +225,12 @@ void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
 
 void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane) {
   for (const Slot slot : sides_.unclear) {
-    CBspNode* node = bvh_.At(slot);
-    PolygonClass side = ClassifyPolygon(plane, node->polygon);
-    if (side == PolygonClass::Spanning) {
-      if (CBspNode* backPiece = CutOffBack(tree, plane, node); backPiece != nullptr) {
-        backPieces_.emplace_back(slot, backPiece);
-        continue;
-      }
-      side = SideOfMean(plane, node->polygon);
+    const auto [side, backPiece] = SortNode(tree, plane, bvh_.At(slot));
+    if (backPiece != nullptr) {
+      backPieces_.emplace_back(slot, backPiece);
+    } else {
+      (GoesToFront(side, kCoplanarTable.partition) ? front_ : back_).push_back(slot);
     }
-    const bool front = side == PolygonClass::Front || side == PolygonClass::CoplanarSame;
-    (front ? front_ : back_).push_back(slot);
   }
 }
 

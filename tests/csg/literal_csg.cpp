@@ -37,7 +37,8 @@ Way Sort(Tree& owner, const Plane& plane, CZandoPoly& polygon, CZandoPoly& back,
     case PolygonClass::Spanning:
       break;
   }
-  if (owner.Split(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  ++owner.refused;
   return SideOfMean(plane, polygon) == PolygonClass::Front ? Way::Front : Way::Back;
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "csg/bsp_tree.h"
+
+namespace zando {
+
+/// Where a node's polygon lies to a plane. `side` is Spanning only when it has been cut: the node
+/// keeps the front piece, and `backPiece`, a new node of the same owner, holds the other.
+struct NodeSides {
+  PolygonClass side;
+  CBspNode* backPiece = nullptr;
+};
+
+/// Classifies the node's polygon, and cuts it when it spans the plane. One whose split is refused
+/// stays whole, and goes to the side of its vertex mean.
+[[nodiscard]] NodeSides SortNode(CConstructiveBsp& tree, const Plane& plane, CBspNode* node);
+
+}  // namespace zando
