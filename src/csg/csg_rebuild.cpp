@@ -7,6 +7,7 @@
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
 #include "csg/node_tree_builder.h"
+#include "geometry/shown_brushes.h"
 
 namespace zando {
 namespace {
@@ -17,16 +18,6 @@ struct Participant {
   bool takesPart;                       ///< shown, and no water brush that is left out
   std::vector<std::size_t> neighbours;  ///< others that take part and overlap, in list order
 };
-
-std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
-  std::vector<CZandoBrush*> brushes;
-  if (head == nullptr) return brushes;
-  for (CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
-       brush = brush->NextShown()) {
-    brushes.push_back(brush);
-  }
-  return brushes;
-}
 
 bool Builds(const CZandoBrush& brush, WaterBrushes water) {
   return water == WaterBrushes::Build || !brush.IsWater();
