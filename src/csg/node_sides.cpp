@@ -2,16 +2,14 @@
 
 namespace zando {
 
-NodeSides SortNode(CConstructiveBsp& tree, const Plane& plane, CBspNode* node) {
-  const PolygonClass side = ClassifyPolygon(plane, node->polygon);
-  if (side != PolygonClass::Spanning) return {side};
+NodeSides CutNode(CConstructiveBsp& tree, const Plane& plane, CBspNode* node) {
   CZandoPoly back;
-  const PolygonClass split = tree.Split(plane, node->polygon, back);
-  if (split != PolygonClass::Spanning) return {split};
+  const PolygonClass side = tree.Split(plane, node->polygon, back);
+  if (side != PolygonClass::Spanning) return {side};
   CBspNode* backPiece = tree.NewNode();
   backPiece->TakePolygon(back);
   backPiece->TakeOwner(*node);
-  return {split, backPiece};
+  return {side, backPiece};
 }
 
 }  // namespace zando

@@ -11,8 +11,15 @@ struct NodeSides {
   CBspNode* backPiece = nullptr;
 };
 
-/// Classifies the node's polygon, and cuts it when it spans the plane. One whose split is refused
-/// stays whole, and goes to the side of its vertex mean.
-[[nodiscard]] NodeSides SortNode(CConstructiveBsp& tree, const Plane& plane, CBspNode* node);
+/// Cuts a node's polygon that spans the plane. One whose split is refused stays whole, and goes to
+/// the side of its vertex mean.
+[[nodiscard]] NodeSides CutNode(CConstructiveBsp& tree, const Plane& plane, CBspNode* node);
+
+/// Classifies the node's polygon, and cuts it when it spans the plane.
+[[nodiscard]] inline NodeSides SortNode(CConstructiveBsp& tree, const Plane& plane,
+                                        CBspNode* node) {
+  const PolygonClass side = ClassifyPolygon(plane, node->polygon);
+  return side == PolygonClass::Spanning ? CutNode(tree, plane, node) : NodeSides{side};
+}
 
 }  // namespace zando
