@@ -149,10 +149,10 @@ void CConstructiveBsp::LinkBrushes(const CZandoBrush* head) {
   });
 }
 
-SplitResult CConstructiveBsp::Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back) {
-  const SplitResult result = SplitPolygon(plane, polygon, back);
-  if (result == SplitResult::Refused) ++refused;
-  return result;
+PolygonClass CConstructiveBsp::Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back) {
+  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return PolygonClass::Spanning;
+  ++refused;
+  return SideOfMean(plane, polygon);
 }
 
 // More than the topmost, so that their memory is on its way at the same time.

@@ -74,8 +74,10 @@ class CConstructiveBsp {
   /// none.
   void LinkBrushes(const CZandoBrush* head);
 
-  /// Splits `polygon` as SplitPolygon does, and counts a refusal.
-  [[nodiscard]] SplitResult Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
+  /// Splits a polygon that spans the plane, as SplitPolygon does: Spanning. When that is refused it
+  /// is counted, and tells the side that the whole polygon goes to: Front or Back, by the mean of
+  /// its vertices.
+  [[nodiscard]] PolygonClass Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
 
  private:
   CNodeArena arena_;

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "csg/bsp_tree.h"
+#include "csg/coplanar_table.h"
 #include "geometry/brush.h"
 #include "platform/progress.h"
 
@@ -11,14 +12,6 @@ namespace zando {
 /// The world of a level: which faces of its brushes can be seen once every brush has been added or
 /// carved in list order. A world is kept brush by brush (InsertBrush) or made anew (RebuildQuick,
 /// RebuildOptimal); nValid tells visible polygons from hidden ones.
-
-/// On which side of a coplanar brush face a clipped polygon counts: outside or inside the brush.
-/// docs/coincident-planes.md tells why the walks differ.
-enum class Coplanar { Outside, Inside };
-struct CoplanarRule {
-  Coplanar sameFacing;
-  Coplanar oppositeFacing;
-};
 
 /// Pieces found outside and inside the clipping brush.
 struct ClipCounts {

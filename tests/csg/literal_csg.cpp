@@ -37,7 +37,8 @@ Way Sort(Tree& owner, const Plane& plane, CZandoPoly& polygon, CZandoPoly& back,
     case PolygonClass::Spanning:
       break;
   }
-  if (owner.Split(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  ++owner.refused;
   return SideOfMean(plane, polygon) == PolygonClass::Front ? Way::Front : Way::Back;
 }
 
@@ -143,6 +144,7 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
   for (const CZandoPoly& face : brush.WorldPolys()) {
+    if (face.count == 0) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -170,7 +172,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
       if (ClassifyPoint(plane, vertex) == PointClass::On) ++on;
     }
     const bool aside = kind == PolygonClass::Front || kind == PolygonClass::Back;
-    if (aside && on < 2) continue;
+    if (face.count == 0 || (aside && on < 2)) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -195,7 +197,9 @@ List PruneHidden(const List& list) {
   return kept;
 }
 
-bool TakesPart(const CZandoBrush& brush, bool water) { return water || !brush.IsWater(); }
+bool TakesPart(const CZandoBrush& brush, bool water) {
+  return brush.HasVolume() && (water || !brush.IsWater());
+}
 
 std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
   std::vector<const CZandoBrush*> shown;
@@ -220,10 +224,12 @@ CBspNode* FaceNode(Tree& tree, const CZandoBrush& brush, std::size_t face, std::
 void ClipSolidFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier) {
   const bool carves = other.TranT != kAddToWorld;
   Tree clip;
+  if (f->nValid == 0 && !(carves && otherIsEarlier)) return;
   BuildClipTree(clip, other, f->plane);
+  world.refused += clip.refused;
   if (carves && otherIsEarlier) {
     ClipBy(clip, world, f, kAsGiven, Mode::Show);
-  } else if (f->nValid == 1) {
+  } else {
     ClipBy(clip, world, f, carves ? kAllInside : kAsGiven, Mode::Hide);
   }
 }
@@ -308,7 +314,9 @@ std::int32_t BuildNodeTree(Tree& tree, const List& list) {
 void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id) {
   ClearFresh(world.root);
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
+  if (!brush.HasVolume()) return;
   for (std::size_t k = 0; k < brush.WorldPolys().size(); ++k) {
+    if (brush.WorldPolys()[k].count == 0) continue;
     CBspNode* node = FaceNode(world, brush, k, id);
     if (brush.TranT == kAddToWorld) {
       InsertAdd(world, node);
@@ -319,6 +327,7 @@ void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id) {
   Tree own;
   BuildFullTree(own, brush);
   ClipWorldByBrush(world, world.root, own, brush.TranT == kAddToWorld ? kAsGiven : kAllInside);
+  world.refused += own.refused;
 }
 
 std::int32_t RebuildQuick(Tree& world, const CZandoBrush* head, bool water) {
@@ -340,9 +349,12 @@ std::int32_t RebuildOptimal(Tree& world, const CZandoBrush* head, bool water) {
   for (std::size_t i = 0; i < a.size(); ++i) {
     BuildFullTree(full[i], *a[i]);
   }
+  const auto meets = [&](std::size_t i, std::size_t j) {
+    return j != i && TakesPart(*a[j], water) && BoundsOverlap(*a[i], *a[j]);
+  };
   const auto clipFace = [&](CBspNode* face, std::size_t i) {
     for (std::size_t j = 0; j < a.size(); ++j) {
-      if (j == i || !TakesPart(*a[j], water) || !BoundsOverlap(*a[i], *a[j])) continue;
+      if (!meets(i, j)) continue;
       for (CBspNode* f : ChainMembers(face)) {
         if (a[i]->TranT == kAddToWorld) {
           ClipSolidFace(world, f, *a[j], i > j);
@@ -356,7 +368,11 @@ std::int32_t RebuildOptimal(Tree& world, const CZandoBrush* head, bool water) {
     for (std::size_t i = 0; i < a.size(); ++i) {
       ++steps;
       if (a[i]->TranT != operation || !TakesPart(*a[i], water)) continue;
+      for (std::size_t j = 0; operation == kSubtractFromWorld && j < a.size(); ++j) {
+        if (meets(i, j)) world.refused += full[j].refused;
+      }
       for (std::size_t k = 0; k < a[i]->WorldPolys().size(); ++k) {
+        if (a[i]->WorldPolys()[k].count == 0) continue;
         result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
         result.back()->nValid = operation == kAddToWorld ? 1 : 0;
         clipFace(result.back(), i);

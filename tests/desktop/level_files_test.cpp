@@ -86,7 +86,7 @@ TEST_F(EditorTest, OpenChooserTakesAFileByItsNameWithOrWithoutTheExtension) {
   FileRequest request;
   request.extension = "3dz";
   for (const char* name : {"plain", "level.3dz"}) {
-    ASSERT_EQ(WriteFileAtomically(FileIn(name), "x"), "");
+    ASSERT_TRUE(WriteFileAtomically(FileIn(name), "x"));
   }
   request.proposal = FileIn("");
   for (const auto& [typed, file] :
