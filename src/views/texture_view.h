@@ -51,8 +51,8 @@ class CTextureView : public CChildView {
   /// background is black already.
   void OnDraw(CDC& dc, const ScreenRect& visible);
 
-  /// Selects the texture at the point, if there is one, scrolls until it is seen whole and gives its
-  /// name to the current brush.
+  /// Selects the texture at the point, if there is one, scrolls until it is seen whole and gives
+  /// its name to the current brush.
   void OnLeftButtonUp(ScreenPoint point);
 
   enum class Step { Left, Right, Up, Down, First, Last };
