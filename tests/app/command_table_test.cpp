@@ -53,7 +53,7 @@ std::string TextOf(std::span<const MenuLine> menu) {
         text += line.text.empty() ? FindCommand(line.id)->menuText : line.text;
         break;
     }
-    text += '\n';
+    text += '|';
   }
   return text;
 }

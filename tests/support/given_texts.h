@@ -7,132 +7,38 @@
 namespace zando::testing {
 
 /// What menus, toolbars and keys are to be, written out once more and without the program's own
-/// names, so that a slip in its tables is seen. A line of a menu for each line: '>' for each menu
-/// that it is in, its number, its text.
-inline constexpr std::string_view kGivenEmptyMenu = R"(&File
->57600 &New
->57601 &Open...
->-
->recent files
->-
->57665 E&xit
-&View
->59392 &Toolbar
->59393 &Status Bar
-&Help
->57667 &Help Topics
->-
->57664 &About ZANDO...
-)";
+/// names, so that a slip in its tables is seen. The lines of a menu, with a bar behind each: '>'
+/// for each menu that it is in, its number, its text.
+inline constexpr std::string_view kGivenEmptyMenu =
+    "&File|>57600 &New|>57601 &Open...|>-|>recent files|>-|>57665 E&xit|"
+    "&View|>59392 &Toolbar|>59393 &Status Bar|"
+    "&Help|>57667 &Help Topics|>-|>57664 &About ZANDO...|";
 
-inline constexpr std::string_view kGivenDocumentMenu = R"(&File
->57600 &New
->57601 &Open...
->57602 &Close
->57603 &Save
->57604 Save &As...
->-
->32799 &Export to 3DM...
->-
->32816 Export to &Quake (MAP) ...
->32866 Import from Quake (MAP) ...
->-
->32860 &Map Settings...
->-
->recent files
->-
->57665 E&xit
-&Edit
->57643 &Undo
->57644 &Redo
->-
->57635 Cu&t
->57634 &Copy
->57637 &Paste
-&View
->32859 Texture &Browser
->32812 &4 Views
->-
->59392 &Toolbar
->59393 &Status Bar
->-
->32806 3D Wireframe
->32807 Solid &Render
->32808 To&p View
->32809 Side &View
->32810 &Front View
->32811 Te&xture View
->-
->Sho&w
->>32838 &Current Group
->>32837 &Visible Brush Groups
->>32836 &All Brushes
->&Tools
->>32776 &Camera
->>&Brush
->>>32792 Show &Brush
->>>32784 &Move/Rotate Brush
->>>32785 &Scale Brush
->>>32814 S&hear Brush
->>>32857 Rotate &90
->>>32786 &Reset Brush
->>32823 &Move/Select Entity
->>-
->>32791 &Attributes
->>-
->>32826 Textures
->>-
->>32870 Group Movement Mode
->>32801 &Use Grid
->>-
->>32802 &Grid Settings...
->>-
->>32813 &Bsp Manager...
-&Brush
->32849 &Select Brush
->32835 Select/&Deselect Group
->-
->Se&lected
->>32850 &Delete
->>32851 &Next in order
->>32852 &Previous in order
->>32853 &Copy to Current
->&Primitives
->>32771 &Cube...
->>32772 &Spheroid...
->>32773 C&ylinder...
->>32856 S&taircase...
->-
->32774 &Add to World
->32775 &Subtract From &World
->-
->32832 &Add Selected To Group
->32871 &Remove Selected From Group
->32833 &Create New Group
->32834 &Group Editor...
-&Entities
->32817 Place &Light
->32819 &Entity Editor...
->32862 &Copy Current
->32824 &Show
->-
->32865 &Hide non lights
-&Axis
->32781 &X
->32782 &Y
->32783 &Z
-&Window
->57648 &New Camera
->57650 &Cascade
->57651 &Tile
->57649 &Arrange Icons
->-
->open windows
-&Help
->57667 &Help Topics
->-
->57664 &About ZANDO...
-)";
+inline constexpr std::string_view kGivenDocumentMenu =
+    "&File|>57600 &New|>57601 &Open...|>57602 &Close|>57603 &Save|>57604 Save &As...|>-|"
+    ">32799 &Export to 3DM...|>-|>32816 Export to &Quake (MAP) ...|"
+    ">32866 Import from Quake (MAP) ...|>-|>32860 &Map Settings...|>-|>recent files|>-|"
+    ">57665 E&xit|"
+    "&Edit|>57643 &Undo|>57644 &Redo|>-|>57635 Cu&t|>57634 &Copy|>57637 &Paste|"
+    "&View|>32859 Texture &Browser|>32812 &4 Views|>-|>59392 &Toolbar|>59393 &Status Bar|>-|"
+    ">32806 3D Wireframe|>32807 Solid &Render|>32808 To&p View|>32809 Side &View|"
+    ">32810 &Front View|>32811 Te&xture View|>-|>Sho&w|>>32838 &Current Group|"
+    ">>32837 &Visible Brush Groups|>>32836 &All Brushes|>&Tools|>>32776 &Camera|>>&Brush|"
+    ">>>32792 Show &Brush|>>>32784 &Move/Rotate Brush|>>>32785 &Scale Brush|"
+    ">>>32814 S&hear Brush|>>>32857 Rotate &90|>>>32786 &Reset Brush|>>32823 &Move/Select Entity|"
+    ">>-|>>32791 &Attributes|>>-|>>32826 Textures|>>-|>>32870 Group Movement Mode|"
+    ">>32801 &Use Grid|>>-|>>32802 &Grid Settings...|>>-|>>32813 &Bsp Manager...|"
+    "&Brush|>32849 &Select Brush|>32835 Select/&Deselect Group|>-|>Se&lected|>>32850 &Delete|"
+    ">>32851 &Next in order|>>32852 &Previous in order|>>32853 &Copy to Current|>&Primitives|"
+    ">>32771 &Cube...|>>32772 &Spheroid...|>>32773 C&ylinder...|>>32856 S&taircase...|>-|"
+    ">32774 &Add to World|>32775 &Subtract From &World|>-|>32832 &Add Selected To Group|"
+    ">32871 &Remove Selected From Group|>32833 &Create New Group|>32834 &Group Editor...|"
+    "&Entities|>32817 Place &Light|>32819 &Entity Editor...|>32862 &Copy Current|>32824 &Show|>-|"
+    ">32865 &Hide non lights|"
+    "&Axis|>32781 &X|>32782 &Y|>32783 &Z|"
+    "&Window|>57648 &New Camera|>57650 &Cascade|>57651 &Tile|>57649 &Arrange Icons|>-|"
+    ">open windows|"
+    "&Help|>57667 &Help Topics|>-|>57664 &About ZANDO...|";
 
 /// Buttons from left to right; 0 is a gap.
 inline constexpr auto kGivenMainToolbar = std::to_array<std::int32_t>(
