@@ -71,16 +71,15 @@ void Hollow(CZandoBrush& box) {
 }
 
 void AddZigzag(CZandoBrush& box) {
-  box.UpdateWorld();
-  const Vector half = (box.BoundsMax - box.BoundsMin) * 0.5;
-  std::vector<CZandoPoly> faces = box.Polys;
+  const Vector half = (box.WorldBounds().high - box.WorldBounds().low) * 0.5;
+  std::vector<CZandoPoly> faces = box.Polys();
   CZandoPoly& zigzag = faces.emplace_back();
   for (const double side : {1.0, -1.0}) {
     for (int i = 0; i < 12; ++i) {
       zigzag.Append({side * i, half.y + (i % 2 == 0 ? side : -side), half.z + 100.0 + side});
     }
   }
-  SetFaces(box, std::move(faces));
+  SetFaces(box, faces);
 }
 
 void MakeDrum(CZandoBrush& box, std::int32_t sides) {
