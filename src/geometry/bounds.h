@@ -26,9 +26,6 @@ struct Bounds {
     high = {std::max(high.x, other.high.x), std::max(high.y, other.high.y),
             std::max(high.z, other.high.z)};
   }
-
-  /// Whether nothing has been included.
-  [[nodiscard]] constexpr bool IsEmpty() const { return low.x > high.x; }
 };
 
 }  // namespace zando
