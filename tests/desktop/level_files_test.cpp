@@ -107,9 +107,9 @@ TEST_F(EditorTest, WhatOpensOverADialogBelongsToItAndGivesTheFocusBack) {
   QLineEdit other(&dialog);
   CZANDODoc level;
   CGroupAttributesDlg second(level, real);
-  const std::function<void()> openers[] = {[&] { real.ShowMessage("a"); },
-                                           [&] { real.ChooseColor(0); },
-                                           [&] { real.ChooseFile({}); }, [&] { second.Run(); }};
+  const std::function<void()> openers[] = {
+      [&] { real.ShowMessage("a"); }, [&] { static_cast<void>(real.ChooseColor(0)); },
+      [&] { static_cast<void>(real.ChooseFile({})); }, [&] { second.Run(); }};
   for (const auto& open : openers) {
     WithNextDialog([&](QDialog&) {
       other.setFocus();
