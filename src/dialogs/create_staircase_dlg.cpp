@@ -21,11 +21,12 @@ void CCreateStaircaseDlg::DoDataExchange(CDataExchange& exchange) {
 
 void CCreateStaircaseDlg::OnOK() {
   if (!UpdateData(CDataExchange::Direction::FromControls)) return;
-  if (!IsNumberOfStairs(parameters_.NumberOfStairs)) {
-    Form().ReportError(kNumberOfStairs, "Please enter a whole number of stairs, from 0 to 4096.");
-    return;
+  const std::string problem = Check(parameters_);
+  if (problem.empty()) {
+    Form().Close(IDOK);
+  } else {
+    Form().ReportError(kNumberOfStairs, problem);
   }
-  Form().Close(IDOK);
 }
 
 }  // namespace zando

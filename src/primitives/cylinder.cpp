@@ -43,10 +43,17 @@ void WriteShell(CZandoBrush& brush, std::size_t polygon, const std::vector<Vecto
 
 }  // namespace
 
+std::string Check(const CylinderParameters& cylinder) {
+  using P = CylinderParameters;
+  if (!(P::kLeastWall <= cylinder.WallThickness && cylinder.WallThickness <= P::kMostWall)) {
+    return "the wall of a cylinder is 1 to 10000 thick";
+  }
+  const bool inRange = P::kFewestStripes <= cylinder.Stripes && cylinder.Stripes <= P::kMostStripes;
+  return inRange ? "" : "a cylinder has 3 to 31 stripes";
+}
+
 void Generate(const CylinderParameters& cylinder, CZandoBrush& brush) {
-  const bool inRange = cylinder.Stripes >= CylinderParameters::kFewestStripes &&
-                       cylinder.Stripes < CylinderParameters::kMostStripes + 1.0;
-  if (!inRange) return;
+  if (!Check(cylinder).empty()) return;
   const auto sides = static_cast<std::int32_t>(cylinder.Stripes);
   const auto count = static_cast<std::size_t>(sides);
   const bool solid = cylinder.Style == CylinderParameters::kSolid;

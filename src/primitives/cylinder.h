@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "geometry/brush.h"
 
@@ -34,9 +35,12 @@ struct CylinderParameters {
   friend bool operator==(const CylinderParameters&, const CylinderParameters&) = default;
 };
 
+/// What is wrong with the parameters, in one line, or nothing.
+[[nodiscard]] std::string Check(const CylinderParameters& cylinder);
+
 /// Replaces the brush's local polygons by the cylinder, its middle at the height of the origin: top
-/// cap, bottom cap and sides, then, unless it is solid, those of the cavity, which look into it. A
-/// number of stripes out of range generates nothing.
+/// cap, bottom cap and sides, then, unless it is solid, those of the cavity, which look into it.
+/// Parameters with which something is wrong generate nothing.
 void Generate(const CylinderParameters& cylinder, CZandoBrush& brush);
 
 }  // namespace zando

@@ -22,12 +22,6 @@ struct Sizes {
   double z;
 };
 
-bool InRange(const SpheroidParameters& s) {
-  return s.HorizontalStripes >= SpheroidParameters::kFewestHorizontal &&
-         s.VerticalStripes >= SpheroidParameters::kFewestVertical &&
-         s.VerticalStripes <= SpheroidParameters::kMostStripes && s.HasEnoughVerticalStripes();
-}
-
 /// The pole at the top, the rings downwards, the pole at the bottom.
 std::vector<Vector> PointsOf(const Sizes& sizes, std::int32_t bands, std::int32_t segments) {
   const double h = sizes.y / 2.0;
@@ -86,8 +80,22 @@ class CShellWriter {
 
 }  // namespace
 
+std::string Check(const SpheroidParameters& spheroid) {
+  using P = SpheroidParameters;
+  const auto isWithin = [](std::int32_t stripes, std::int32_t fewest) {
+    return fewest <= stripes && stripes <= P::kMostStripes;
+  };
+  if (!isWithin(spheroid.HorizontalStripes, P::kFewestHorizontal)) {
+    return "a spheroid has 2 to 100 horizontal stripes";
+  }
+  if (!isWithin(spheroid.VerticalStripes, P::kFewestVertical)) {
+    return "a spheroid has 3 to 100 vertical stripes";
+  }
+  return spheroid.HasEnoughVerticalStripes() ? "" : "There must be more vertical bands!";
+}
+
 void Generate(const SpheroidParameters& spheroid, CZandoBrush& brush) {
-  if (!InRange(spheroid)) return;
+  if (!Check(spheroid).empty()) return;
   const std::int32_t bands = spheroid.HorizontalStripes;
   const std::int32_t segments = spheroid.VerticalStripes;
   const std::int32_t count = bands * segments;

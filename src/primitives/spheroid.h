@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "geometry/brush.h"
 
@@ -31,9 +32,12 @@ struct SpheroidParameters {
   friend bool operator==(const SpheroidParameters&, const SpheroidParameters&) = default;
 };
 
+/// What is wrong with the parameters, in one line, or nothing.
+[[nodiscard]] std::string Check(const SpheroidParameters& spheroid);
+
 /// Replaces the brush's local polygons by the spheroid, centred on the origin: the fan at the top,
 /// the bands downwards, the fan at the bottom, and when hollow those of the cavity, which look into
-/// it. Stripes out of range, or more horizontal than vertical ones, generate nothing.
+/// it. Parameters with which something is wrong generate nothing.
 void Generate(const SpheroidParameters& spheroid, CZandoBrush& brush);
 
 }  // namespace zando

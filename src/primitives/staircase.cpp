@@ -59,16 +59,19 @@ void GenerateStairs(CZandoBrush& brush, const Half& half, const StaircaseParamet
 
 }  // namespace
 
-bool IsNumberOfStairs(double number) {
-  return number >= 0.0 && number <= StaircaseParameters::kMostStairs &&
-         std::trunc(number) == number;
+std::string Check(const StaircaseParameters& staircase) {
+  const double stairs = staircase.NumberOfStairs;
+  const bool isNumber =
+      0.0 <= stairs && stairs <= StaircaseParameters::kMostStairs && std::trunc(stairs) == stairs;
+  return isNumber ? "" : "Please enter a whole number of stairs, from 0 to 4096.";
 }
 
 void Generate(const StaircaseParameters& staircase, CZandoBrush& brush) {
+  if (!Check(staircase).empty()) return;
   const Half half{staircase.Width / 2.0, staircase.Height / 2.0, staircase.Length / 2.0};
   if (staircase.MakeRamp != 0) {
     GenerateRamp(brush, half);
-  } else if (IsNumberOfStairs(staircase.NumberOfStairs)) {
+  } else {
     GenerateStairs(brush, half, staircase);
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "geometry/brush.h"
 
@@ -20,8 +21,8 @@ struct StaircaseParameters {
   friend bool operator==(const StaircaseParameters&, const StaircaseParameters&) = default;
 };
 
-/// Whether there can be so many stairs: a whole number from 0 to 4096.
-[[nodiscard]] bool IsNumberOfStairs(double number);
+/// What is wrong with the parameters, in one line, or nothing.
+[[nodiscard]] std::string Check(const StaircaseParameters& staircase);
 
 /// Replaces the brush's local polygons by the staircase or ramp, centred on the origin: back wall
 /// and bottom, then riser, tread and both sides of each stair; of a ramp slope and sides. A number
