@@ -51,7 +51,7 @@ void RunRebuild(State& state, Rebuild rebuild) {
   state.counters["neighbours"] = MeanNeighbours(level);
 }
 
-using LiteralRebuild = std::int32_t (*)(literal::Tree&, CZandoBrush*, bool);
+using LiteralRebuild = std::int32_t (*)(literal::Tree&, const CZandoBrush*, bool);
 
 void RunLiteralRebuild(State& state, LiteralRebuild rebuild) {
   const CBrushList level = LevelOf(state);

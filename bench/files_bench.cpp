@@ -29,7 +29,7 @@ void ExportMapText(State& state) {
   FillDocument(document, state);
   std::size_t bytes = 0;
   MapExportReport report;
-  for (auto _ : state) bytes = WriteMap(document, "base.wad", &report).size();
+  for (auto _ : state) bytes = WriteMap(document.GetLevel(), "base.wad", &report).size();
   CountBytes(state, bytes);
   state.counters["cells"] = report.brushes;
 }
@@ -39,8 +39,8 @@ void Load(State& state) {
   FillDocument(document, state);
   const std::string text = WriteDocument(document);
   for (auto _ : state) {
-    const LoadedDocument loaded = ReadDocument(text);
-    if (!loaded.document) state.SkipWithError(loaded.error.c_str());
+    const auto loaded = ReadDocument(text);
+    if (!loaded) state.SkipWithError(loaded.Error().c_str());
   }
   CountBytes(state, text.size());
 }

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "bench_level.h"
+#include "document/brush_edits.h"
 #include "document/zando_doc.h"
 #include "paint/painter_dc.h"
 #include "views/camera.h"
@@ -23,7 +24,7 @@ void DrawFrame(QImage& image, CZANDODoc& document, CCamera& camera, ViewKind kin
   dc.ResetClip();
   camera.BuildViewMatrix();
   camera.BeginDraw(kind, zoom);
-  const ViewDrawing drawing{dc, camera, kind, zoom, kClient};
+  const ViewDrawing drawing{dc, camera};
   DrawGrid(drawing, document);
   DrawBrushes(drawing, document);
   DrawEntities(drawing, document);
@@ -34,7 +35,7 @@ void DrawFrame(QImage& image, CZANDODoc& document, CCamera& camera, ViewKind kin
 void Pan(benchmark::State& state, ViewKind kind, const Vector& from, double zoom) {
   CZANDODoc document;
   const CBrushList level = MakeLevel(Kind::FreelyTurned, static_cast<std::int32_t>(state.range(0)));
-  for (const auto& brush : level.Brushes()) document.AddBrush(*brush);
+  for (const CZandoBrush& brush : level) AddBrush(document, brush);
   QImage image(kClient.x, kClient.y, QImage::Format_RGB32);
   CCamera camera;
   camera.SetViewport(0, 0, kClient.x, kClient.y);

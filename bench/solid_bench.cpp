@@ -47,7 +47,7 @@ Level& LevelOf(Kind kind) {
   if (level != nullptr) return *level;
   level = std::make_unique<Level>();
   FillDocument(level->document, kind, kBrushes);
-  WalkBackFrontNode(level->document.World.root, [&level](CBspNode* node) {
+  WalkBackFrontNode(level->document.GetLevel().World.root, [&level](CBspNode* node) {
     node->polygon.tag = static_cast<std::uint32_t>(level->polygons.size());
     level->polygons.push_back(node);
   });
@@ -90,12 +90,12 @@ void SolidFrame(benchmark::State& state) {
   const Scene scene = MakeScene(state);
   CSolidRenderer renderer;
   renderer.SetViewport(scene.camera.Width(), scene.camera.Height(),
-                       scene.level.document.Textures.GetPalette().colors);
+                       scene.level.document.Textures().GetPalette().colors);
   QImage image(scene.camera.Width(), scene.camera.Height(), QImage::Format_RGB32);
   QPainter painter(&image);
   CPainterDC dc(painter, image.size());
   const auto draw = [&] {
-    renderer.Render(scene.camera, scene.level.document.World, RenderMode::Solid);
+    renderer.Render(scene.camera, scene.level.document.GetLevel().World, RenderMode::Solid);
     renderer.Present(dc);
   };
   draw();
@@ -114,7 +114,7 @@ void SolidSpansOnly(benchmark::State& state) {
   CSolidRenderer renderer;
   renderer.SetViewport(scene.camera.Width(), scene.camera.Height(), ColorTable{});
   for (auto step : state) {
-    renderer.Render(scene.camera, scene.level.document.World, RenderMode::Textured);
+    renderer.Render(scene.camera, scene.level.document.GetLevel().World, RenderMode::Textured);
   }
 }
 
@@ -142,10 +142,10 @@ double Differing(const CSpanBuffer& spans, const std::vector<std::uint32_t>& tag
 void DepthBufferFrame(benchmark::State& state) {
   const Scene scene = MakeScene(state);
   testing::CDepthBuffer depths(scene.camera.Width(), scene.camera.Height());
-  for (auto step : state) depths.Draw(scene.camera, scene.level.document.World);
+  for (auto step : state) depths.Draw(scene.camera, scene.level.document.GetLevel().World);
   CSolidRenderer renderer;
   renderer.SetViewport(scene.camera.Width(), scene.camera.Height(), ColorTable{});
-  renderer.Render(scene.camera, scene.level.document.World, RenderMode::Textured);
+  renderer.Render(scene.camera, scene.level.document.GetLevel().World, RenderMode::Textured);
   state.counters["differing_ppm"] =
       Differing(renderer.Spans(), depths.Tags(), scene.level.polygons);
 }

@@ -10,11 +10,11 @@
 /// saved and read once more.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(data, data + size);
-  const zando::LoadedDocument first = zando::ReadDocument(text);
-  if ((first.document == nullptr) == first.error.empty()) std::abort();
-  if (!first.document) return 0;
-  const std::string written = zando::WriteDocument(*first.document);
-  const zando::LoadedDocument second = zando::ReadDocument(written);
-  if (!second.document || zando::WriteDocument(*second.document) != written) std::abort();
+  const auto first = zando::ReadDocument(text);
+  if (!first && first.Error().empty()) std::abort();
+  if (!first) return 0;
+  const std::string written = zando::WriteDocument(*first->document);
+  const auto second = zando::ReadDocument(written);
+  if (!second || zando::WriteDocument(*second->document) != written) std::abort();
   return 0;
 }

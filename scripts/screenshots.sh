@@ -82,7 +82,7 @@ view_menu() {
 
 tools_menu() {
   start_editor "$program" "$level"
-  keys alt+v 4 alt+v t t # both Toolbar and Tools begin with a T
+  keys alt+v 4 alt+v t t Return # both Toolbar and Tools begin with a T
   shoot tools_menu
 }
 

@@ -1,4 +1,4 @@
-// Menus, toolbars and keys: where the commands of the table are found.
+// Menus and toolbars: where the commands of the table are found.
 #include <array>
 
 #include "app/command_table.h"
@@ -22,6 +22,9 @@ constexpr MenuLine Separator(std::int32_t depth) {
 }
 constexpr MenuLine RecentFiles(std::int32_t depth) {
   return {MenuLine::Kind::RecentFiles, depth, 0, {}};
+}
+constexpr MenuLine OpenWindows(std::int32_t depth) {
+  return {MenuLine::Kind::OpenWindows, depth, 0, {}};
 }
 
 constexpr std::array kEmptyMenu{
@@ -149,6 +152,8 @@ constexpr std::array kDocumentMenu{
     Item(1, ID_WINDOW_CASCADE),
     Item(1, ID_WINDOW_TILE),
     Item(1, ID_WINDOW_ARRANGE),
+    Separator(1),
+    OpenWindows(1),
 
     Submenu(0, "&Help"),
     Item(1, ID_HELP_TOPICS),
@@ -178,36 +183,11 @@ constexpr auto kSecondToolbar = std::to_array<CommandId>({
 });
 // clang-format on
 
-/// Of several keys of a command the menu shows the first.
-constexpr std::array kAccelerators{
-    Accelerator{"Ctrl+N", ID_FILE_NEW},
-    Accelerator{"Ctrl+O", ID_FILE_OPEN},
-    Accelerator{"Ctrl+S", ID_FILE_SAVE},
-    Accelerator{"Ctrl+Z", ID_EDIT_UNDO},
-    Accelerator{"Alt+Backspace", ID_EDIT_UNDO},
-    Accelerator{"Alt+Z", ID_EDIT_REDO},
-    Accelerator{"Ctrl+X", ID_EDIT_CUT},
-    Accelerator{"Shift+Delete", ID_EDIT_CUT},
-    Accelerator{"Ctrl+C", ID_EDIT_COPY},
-    Accelerator{"Ctrl+Insert", ID_EDIT_COPY},
-    Accelerator{"Ctrl+V", ID_EDIT_PASTE},
-    Accelerator{"Shift+Insert", ID_EDIT_PASTE},
-    Accelerator{"X", ID_AXIS_X},
-    Accelerator{"Y", ID_AXIS_Y},
-    Accelerator{"Z", ID_AXIS_Z},
-    Accelerator{"G", ID_GROUP_MOVEMENT},
-    Accelerator{"F1", ID_HELP},
-    Accelerator{"Shift+F1", ID_CONTEXT_HELP},
-    Accelerator{"F6", ID_NEXT_PANE},
-    Accelerator{"Shift+F6", ID_PREV_PANE},
-};
-
 }  // namespace
 
 std::span<const MenuLine> EmptyMenu() { return kEmptyMenu; }
 std::span<const MenuLine> DocumentMenu() { return kDocumentMenu; }
 std::span<const CommandId> MainToolbar() { return kMainToolbar; }
 std::span<const CommandId> SecondToolbar() { return kSecondToolbar; }
-std::span<const Accelerator> Accelerators() { return kAccelerators; }
 
 }  // namespace zando

@@ -1,21 +1,46 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <variant>
 
 #include "document/command_ids.h"
 #include "platform/command.h"
 
 namespace zando {
 
-/// One command: what menus, toolbars and the status bar show of it.
+class CEditorApp;
+class CZANDOView;
+struct ActiveLevel;
+struct MainFrame;
+
+/// What a command does with its target, and how it shows.
+template <typename Target>
+struct CommandRule {
+  void (*run)(Target&);
+  bool (*enabled)(const Target&) = nullptr;  ///< null: always
+  bool (*checked)(const Target&) = nullptr;  ///< null: never
+};
+using OfView = CommandRule<CZANDOView>;
+using OfLevel = CommandRule<ActiveLevel>;
+using OfFrame = CommandRule<MainFrame>;
+using OfApplication = CommandRule<CEditorApp>;
+
+/// All that there is to say of a command but its places in the menus and toolbars.
 struct CommandRow {
+  /// None for a command that nobody answers, which is always disabled.
+  using Rule = std::variant<std::monostate, OfView, OfLevel, OfFrame, OfApplication>;
+
   CommandId id;
   std::string_view menuText;  ///< with '&' before the keyboard mark, without the key
   std::string_view prompt;    ///< for the status bar
   std::string_view tip;       ///< for the toolbar button
   std::string_view icon;      ///< name of the button's picture, empty for none
+  /// Spelled "Ctrl+N", "Alt+Backspace", "G"; of two keys the menu shows the first.
+  std::array<std::string_view, 2> keys;
+  Rule rule;
 };
 [[nodiscard]] std::span<const CommandRow> CommandTable();
 
@@ -24,7 +49,7 @@ struct CommandRow {
 
 /// A line of a menu. A submenu holds the lines that follow it at a greater depth.
 struct MenuLine {
-  enum class Kind { Command, Submenu, Separator, RecentFiles };
+  enum class Kind { Command, Submenu, Separator, RecentFiles, OpenWindows };
   Kind kind;
   std::int32_t depth;     ///< 0 for the menus of the bar
   CommandId id;           ///< of a command, else 0
@@ -39,7 +64,7 @@ struct MenuLine {
 /// The group combo box stands before its first button.
 [[nodiscard]] std::span<const CommandId> SecondToolbar();
 
-/// A key and its command. `keys` is spelled "Ctrl+N", "Alt+Backspace", "G".
+/// A key and its command, as in the rows and in their order.
 struct Accelerator {
   std::string_view keys;
   CommandId id;

@@ -1,10 +1,12 @@
 // The files of levels: new, open, save, close, and the recent ones.
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <system_error>
 #include <utility>
 
 #include "app/editor_app.h"
+#include "app/status_text.h"
 #include "document/document_file.h"
 #include "platform/text.h"
 
@@ -18,6 +20,24 @@ FileRequest LevelRequest(FileRequest::Kind kind, std::string title) {
   request.extension = "3dz";
   request.filter = "ZANDO Files (*.3dz)|*.3dz|All Files (*.*)|*.*||";
   return request;
+}
+
+/// The folder, or nothing when it is not there.
+std::filesystem::path ExistingFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  return std::filesystem::is_directory(folder, error) ? folder : std::filesystem::path();
+}
+
+std::string DamageText(const std::filesystem::path& path, const CReport& damage) {
+  return FileNameText(path) + " is damaged in " +
+         Counted(static_cast<std::int64_t>(damage.Count()), "place", "places") + ":";
+}
+
+/// Asks before a file is replaced that may hold more than could be read of it.
+std::string DamageQuestion(const std::filesystem::path& path, const CReport& damage) {
+  std::string text = DamageText(path, damage);
+  for (const std::string& line : damage.Lines()) text += "\n" + ToLatin1(line);
+  return text + "\nWhat could not be read is lost when the file is replaced. Replace it?";
 }
 
 }  // namespace
@@ -38,17 +58,37 @@ std::string CEditorApp::NameOf(const CZANDODoc& document) const {
 }
 
 void CEditorApp::NewDocument() {
-  const std::string name = "ZANDO" + std::to_string(++untitledCount_);
-  CZANDODoc& document = Adopt(std::make_unique<CZANDODoc>(), {});
-  LevelOf(document).untitledName = name;
+  OpenLevel level{
+      .untitledName = "ZANDO" + std::to_string(untitledCount_ + 1), .stamp = {}, .damage = {}};
+  Adopt(std::make_unique<CZANDODoc>(), std::move(level));
+  ++untitledCount_;
 }
 
 void CEditorApp::AskAndOpen() {
-  const auto path = desktop_.ChooseFile(LevelRequest(FileRequest::Kind::Open, "Open"));
-  if (path) OpenDocument(*path);
+  FileRequest request = LevelRequest(FileRequest::Kind::Open, "Open");
+  const CZANDODoc* active = ActiveDocument();
+  const bool hasFile = active != nullptr && !active->GetPathName().empty();
+  request.proposal =
+      hasFile ? ExistingFolder(active->GetPathName().parent_path()) : LastUsedFolder();
+  const auto path = desktop_.ChooseFile(request);
+  if (path) Open(*path);
+}
+
+std::filesystem::path CEditorApp::LastUsedFolder() const {
+  return recentFiles_.empty() ? std::filesystem::path()
+                              : ExistingFolder(recentFiles_.front().parent_path());
 }
 
 bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
+  bool opened = false;
+  guard_.Attempt("Open", [&] {
+    desktop_.ClearFailure();
+    opened = Open(path);
+  });
+  return opened;
+}
+
+bool CEditorApp::Open(const std::filesystem::path& path) {
   const auto absolute = AbsolutePath(path);
   if (CZANDODoc* open = FindByPath(absolute)) {
     Activate(*open);
@@ -57,13 +97,16 @@ bool CEditorApp::OpenDocument(const std::filesystem::path& path) {
   }
   // Taken before the file is read: what changes after that is seen as a change.
   const FileStamp stamp = StampOf(absolute);
-  LoadedDocument loaded = LoadDocumentFile(absolute);
-  if (!loaded.document) {
-    desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.error));
+  auto loaded = LoadDocumentFile(absolute);
+  if (!loaded) {
+    desktop_.ShowMessage("Cannot open " + PathText(absolute) + ": " + ToLatin1(loaded.Error()));
     return false;
   }
-  Adopt(std::move(loaded.document), stamp);
+  const CReport damage = loaded->warnings;
+  Adopt(std::move(loaded->document),
+        {.untitledName = {}, .stamp = stamp, .damage = std::move(loaded->warnings)});
   NoteRecentFile(absolute);
+  if (!damage.IsEmpty()) desktop_.ShowFailure(DamageText(absolute, damage) + " " + Summary(damage));
   return true;
 }
 
@@ -75,7 +118,9 @@ bool CEditorApp::Save(CZANDODoc& document) {
 bool CEditorApp::SaveAs(CZANDODoc& document) {
   FileRequest request = LevelRequest(FileRequest::Kind::Save, "Save As");
   request.proposal = document.GetPathName();
-  if (request.proposal.empty()) request.proposal = LevelOf(document).untitledName;
+  if (request.proposal.empty()) {
+    request.proposal = LastUsedFolder() / LevelOf(document).untitledName;
+  }
   const auto chosen = desktop_.ChooseFile(request);
   if (!chosen) return false;
   const auto path = AbsolutePath(*chosen);
@@ -92,20 +137,27 @@ bool CEditorApp::SaveAs(CZANDODoc& document) {
 bool CEditorApp::WriteTo(CZANDODoc& document, const std::filesystem::path& path) {
   const auto& own = document.GetPathName();
   if (!own.empty() && IsSameFile(own, path) && !MayOverwrite(document)) return false;
-  const std::string error = SaveDocumentFile(document, path);
-  if (!error.empty()) {
-    desktop_.SetStatusText("Cannot save " + PathText(path) + ": " + ToLatin1(error));
+  const auto saved = SaveDocumentFile(document, path);
+  if (!saved) {
+    desktop_.ShowFailure("Cannot save " + PathText(path) + ": " + ToLatin1(saved.Error()));
     return false;
   }
   LevelOf(document).stamp = StampOf(path);
+  LevelOf(document).damage = {};
   NoteRecentFile(path);
-  desktop_.SetStatusText("Saved " + FileNameText(path));
+  ShowOutcome(desktop_, "Saved " + FileNameText(path), *saved);
   return true;
 }
 
 bool CEditorApp::MayOverwrite(const CZANDODoc& document) {
+  const OpenLevel& level = LevelOf(document);
   const FileStamp now = StampOf(document.GetPathName());
-  if (!now.known || now == LevelOf(document).stamp) return true;
+  if (!now.known) return true;
+  if (!level.damage.IsEmpty() &&
+      desktop_.AskYesNo(DamageQuestion(document.GetPathName(), level.damage)) == YesNo::No) {
+    return false;
+  }
+  if (now == level.stamp) return true;
   return desktop_.AskYesNo(PathText(document.GetPathName()) +
                            " was changed by another program. Overwrite it?") == YesNo::Yes;
 }
@@ -128,7 +180,7 @@ void CEditorApp::OpenRecentFile(std::size_t index) {
   const auto path = recentFiles_[index];
   std::error_code error;
   if (FindByPath(path) != nullptr || std::filesystem::exists(path, error) || error) {
-    OpenDocument(path);
+    Open(path);
     return;
   }
   recentFiles_.erase(recentFiles_.begin() + static_cast<std::ptrdiff_t>(index));

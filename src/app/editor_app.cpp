@@ -8,7 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "app/frame_commands.h"
+#include "app/command_target.h"
+#include "app/level_commands.h"
 #include "document/group_edits.h"
 #include "platform/text.h"
 
@@ -48,56 +49,62 @@ std::vector<View*> ViewsOf(const CZANDODoc& document) {
 }  // namespace
 
 CEditorApp::CEditorApp(CMainWindow& window, CDesktop& desktop, CRecentFileStore& recent)
-    : window_(window),
-      desktop_(desktop),
-      recentStore_(recent),
-      frameCommands_(std::make_unique<CFrameCommands>(*this)),
-      applicationCommands_(std::make_unique<CApplicationCommands>(*this)) {}
+    : window_(window), desktop_(desktop), recentStore_(recent) {}
 
 CEditorApp::~CEditorApp() {
-  while (!documents_.empty()) CloseViews(*Release(*documents_.back()));
+  while (!documents_.empty()) {
+    const auto kept = Release(*documents_.back());
+    for (CChildView* view : ViewsOf<CChildView>(*kept)) window_.CloseChild(*view);
+  }
 }
 
 bool CEditorApp::Start(const std::filesystem::path& file) {
-  LoadRecentFiles();
   OnActiveViewChanged();
-  if (!file.empty()) return OpenDocument(file);
-  NewDocument();
-  return true;
+  if (!guard_.Attempt("Start", [this] { LoadRecentFiles(); })) return false;
+  return file.empty() ? guard_.Attempt("New", [this] { NewDocument(); }) : OpenDocument(file);
 }
 
-std::vector<CCmdTarget*> CEditorApp::Targets() {
-  std::vector<CCmdTarget*> targets;
-  if (CChildView* view = window_.ActiveView()) {
-    targets.push_back(view);
-    // A document that is being closed takes no more commands.
-    const auto level = levels_.find(&view->Document());
-    if (level != levels_.end()) targets.push_back(level->second.commands.get());
+template <typename Ask>
+bool CEditorApp::Offer(Ask&& ask) {
+  CChildView* active = window_.ActiveView();
+  if (auto* view = dynamic_cast<CZANDOView*>(active)) {
+    CTableTarget<CZANDOView> target(*view);
+    if (ask(target)) return true;
   }
-  targets.push_back(frameCommands_.get());
-  targets.push_back(applicationCommands_.get());
-  return targets;
+  // A document that is being closed takes no more commands.
+  if (active != nullptr && levels_.contains(&active->Document())) {
+    ActiveLevel level{active->Document(), settings_, desktop_};
+    CTableTarget<ActiveLevel> target(level);
+    if (ask(target)) return true;
+  }
+  MainFrame frame{*this, window_};
+  CTableTarget<MainFrame> frameTarget(frame);
+  CTableTarget<CEditorApp> own(*this);
+  return ask(frameTarget) || ask(own);
 }
 
 void CEditorApp::Run(CommandId id) {
-  // A key may bring a command while a mouse button is down.
-  if (CChildView* view = window_.ActiveView()) view->EndDrag();
-  for (CCmdTarget* target : Targets()) {
-    CCmdUI ui;
-    if (!target->OnUpdateCommandUI(id, ui)) continue;
-    if (ui.IsEnabled()) target->OnCommand(id);
-    return;
-  }
+  const CommandRow* row = FindCommand(id);
+  if (row == nullptr) return;
+  guard_.Attempt(row->menuText, [&] {
+    desktop_.ClearFailure();
+    // A key may bring a command while a mouse button is down.
+    if (CChildView* view = window_.ActiveView()) view->EndDrag();
+    Offer([id](CCmdTarget& target) {
+      CCmdUI ui;
+      if (!target.OnUpdateCommandUI(id, ui)) return false;
+      if (ui.IsEnabled()) target.OnCommand(id);
+      return true;
+    });
+  });
 }
 
 CCmdUI CEditorApp::Query(CommandId id) {
-  for (CCmdTarget* target : Targets()) {
-    CCmdUI ui;
-    if (target->OnUpdateCommandUI(id, ui)) return ui;
+  CCmdUI ui;
+  if (!Offer([&](CCmdTarget& target) { return target.OnUpdateCommandUI(id, ui); })) {
+    ui.Enable(false);
   }
-  CCmdUI unknown;
-  unknown.Enable(false);
-  return unknown;
+  return ui;
 }
 
 CZANDODoc* CEditorApp::ActiveDocument() const {
@@ -105,17 +112,20 @@ CZANDODoc* CEditorApp::ActiveDocument() const {
   return view == nullptr ? nullptr : &view->Document();
 }
 
-CZANDODoc& CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, const FileStamp& stamp) {
+void CEditorApp::Adopt(std::unique_ptr<CZANDODoc> document, OpenLevel level) {
   CZANDODoc& adopted = *document;
   documents_.push_back(std::move(document));
-  OpenLevel& level = levels_[&adopted];
-  level.commands = std::make_unique<CDocumentCommands>(adopted, settings_, desktop_);
-  level.stamp = stamp;
-  adopted.SetFrame(this);
-  LoadTextures(adopted);
-  OpenView(adopted);
+  try {
+    levels_.emplace(&adopted, std::move(level));
+    adopted.SetFrame(this);
+    LoadTextures(adopted);
+    OpenView(adopted);
+  } catch (...) {
+    // A level that got no window would be open unseen.
+    if (adopted.Views().empty()) Release(adopted);
+    throw;
+  }
   OnActiveViewChanged();
-  return adopted;
 }
 
 void CEditorApp::LoadTextures(CZANDODoc& document) {
@@ -146,7 +156,7 @@ void CEditorApp::OpenFourViews(CZANDODoc& document) {
     if (kind == kinds.end()) break;
     if (!window_.IsMinimized(*view)) view->SetKind(*kind++);
   }
-  window_.TileHorizontally();
+  window_.TileHorizontally(ViewsOf<CChildView>(document));
 }
 
 void CEditorApp::Activate(CZANDODoc& document) {
@@ -158,22 +168,31 @@ void CEditorApp::Activate(CZANDODoc& document) {
 }
 
 bool CEditorApp::MayClose(CChildView& view) {
-  // What is being dragged is a change too.
-  view.EndDrag();
-  return view.Document().Views().size() > 1 || AskSaveChanges(view.Document());
+  bool may = false;
+  guard_.Attempt("Close", [&] {
+    // What is being dragged is a change too.
+    view.EndDrag();
+    may = view.Document().Views().size() > 1 || AskSaveChanges(view.Document());
+  });
+  return may;
 }
 
 bool CEditorApp::MayExit() {
-  if (CChildView* view = window_.ActiveView()) view->EndDrag();
-  return std::all_of(documents_.begin(), documents_.end(),
-                     [this](const auto& document) { return AskSaveChanges(*document); });
+  bool may = false;
+  guard_.Attempt("Exit", [&] {
+    if (CChildView* view = window_.ActiveView()) view->EndDrag();
+    may = std::all_of(documents_.begin(), documents_.end(),
+                      [this](const auto& document) { return AskSaveChanges(*document); });
+  });
+  return may;
 }
 
 void CEditorApp::CloseDocument(CZANDODoc& document) {
   if (!AskSaveChanges(document)) return;
+  const auto views = ViewsOf<CChildView>(document);
   // The document outlives its last window, whatever that window still asks while it closes.
   const auto kept = Release(document);
-  CloseViews(*kept);
+  for (CChildView* view : views) window_.CloseChild(*view);
   OnActiveViewChanged();
 }
 
@@ -187,10 +206,6 @@ std::unique_ptr<CZANDODoc> CEditorApp::Release(const CZANDODoc& document) {
   return released;
 }
 
-void CEditorApp::CloseViews(CZANDODoc& document) {
-  for (CChildView* view : ViewsOf<CChildView>(document)) window_.CloseChild(*view);
-}
-
 void CEditorApp::OnViewClosed(CZANDODoc& document) {
   const auto found = levels_.find(&document);
   if (found == levels_.end() || !document.Views().empty()) return;
@@ -199,12 +214,17 @@ void CEditorApp::OnViewClosed(CZANDODoc& document) {
 }
 
 void CEditorApp::OnActiveViewChanged() {
-  RefreshGroups();
-  RefreshGrid();
+  guard_.Attempt("Showing the groups", [this] {
+    RefreshGroups();
+    RefreshGrid();
+  });
 }
 
 void CEditorApp::SelectGroup(std::int32_t group) {
-  if (CZANDODoc* document = ActiveDocument()) SetCurrentGroup(*document, group);
+  guard_.Attempt("Choosing a group", [&] {
+    desktop_.ClearFailure();
+    if (CZANDODoc* document = ActiveDocument()) SetCurrentGroup(*document, group);
+  });
 }
 
 void CEditorApp::RefreshGroups() {

@@ -41,7 +41,9 @@ class CMainWindow {
 
   virtual void Minimize(CChildView& view) = 0;
   [[nodiscard]] virtual bool IsMinimized(const CChildView& view) const = 0;
-  virtual void TileHorizontally() = 0;
+  /// Lets these views share the area, or all that are open. Minimized ones stay so, and windows
+  /// that share it go on to do so when the main window changes its size.
+  virtual void TileHorizontally(const std::vector<CChildView*>& views) = 0;
   virtual void Tile() = 0;
   virtual void Cascade() = 0;
   virtual void ArrangeIcons() = 0;

@@ -112,7 +112,7 @@ void PlaceEye(const Bounds& bounds, const PictureRequest& request, CCamera& came
 
 }  // namespace
 
-double FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera) {
+void FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera) {
   camera.SetViewport(0, 0, request.width, request.height);
   const Bounds bounds = BoundsOfShown(document);
   double zoom = kZoomOfNothing;
@@ -125,7 +125,6 @@ double FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCam
   }
   camera.BuildViewMatrix();
   camera.BeginDraw(request.kind, zoom);
-  return zoom;
 }
 
 }  // namespace zando

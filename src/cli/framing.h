@@ -30,8 +30,8 @@ struct PictureRequest {
   std::optional<std::filesystem::path> palette;  ///< of a solid or texture picture
 };
 
-/// Puts the camera where the request wants it, ready to draw, and returns the zoom. Only what is
+/// Puts the camera where the request wants it, ready to draw. Only what is
 /// shown of the level has to fit.
-double FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera);
+void FrameLevel(const CZANDODoc& document, const PictureRequest& request, CCamera& camera);
 
 }  // namespace zando

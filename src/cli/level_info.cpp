@@ -1,24 +1,21 @@
 #include "cli/level_info.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace zando {
 namespace {
 
-std::string NumberText(double value) {
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-  return {buffer.data(), end};
-}
-
 std::string VectorText(const Vector& v) {
-  return '(' + NumberText(v.x) + ' ' + NumberText(v.y) + ' ' + NumberText(v.z) + ')';
+  std::string text;
+  for (const double coordinate : {v.x, v.y, v.z}) {
+    AppendNumber(text += text.empty() ? '(' : ' ', coordinate, Digits::Shortest);
+  }
+  return text + ')';
 }
 
 /// The text of a level is 8-bit; what leaves for a terminal or a JSON reader is UTF-8.

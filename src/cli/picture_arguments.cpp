@@ -1,11 +1,10 @@
 #include "cli/picture_arguments.h"
 
-#include <charconv>
 #include <string>
-#include <system_error>
 
 #include "cli/script_arguments.h"
 #include "geometry/transform.h"
+#include "platform/number_text.h"
 
 namespace zando {
 namespace {
@@ -15,11 +14,8 @@ constexpr std::int32_t kLargestSide = 16384;
 std::string Quoted(std::string_view text) { return '\'' + std::string(text) + '\''; }
 
 std::int32_t ParseSide(std::string_view text) {
-  std::int32_t side = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, side);
-  const bool isNumber = result.ec == std::errc() && result.ptr == end;
-  return isNumber && side <= kLargestSide ? side : 0;
+  const std::int32_t side = ParseWholeNumber(text).value_or(0);
+  return side <= kLargestSide ? side : 0;
 }
 
 Vector ParseThree(std::string_view text, std::string_view names) {

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "cli/input_files.h"
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
 #include "cli/subcommands.h"
@@ -29,6 +30,7 @@ struct Request {
   PictureRequest picture;
   TextureRequest textures;
   std::optional<std::string> textureFolder;
+  Warn warn;
   std::function<void(std::ostream&)> run;
 };
 
@@ -38,7 +40,8 @@ void AddInfo(CLI::App& app, Request& request) {
   info->add_flag("--json", request.json, "as JSON");
   info->callback([&request] {
     request.run = [&request](std::ostream& out) {
-      ShowInfo(request.input, request.json ? InfoFormat::Json : InfoFormat::Text, out);
+      ShowInfo(request.input, request.json ? InfoFormat::Json : InfoFormat::Text, out,
+               request.warn);
     };
   });
 }
@@ -57,7 +60,7 @@ void AddRebuild(CLI::App& app, Request& request) {
     request.run = [&request](std::ostream& out) {
       RebuildLevel(request.input, request.output,
                    request.quick ? RebuildKind::Quick : RebuildKind::Optimal,
-                   request.water ? WaterBrushes::Build : WaterBrushes::Skip, out);
+                   request.water ? WaterBrushes::Build : WaterBrushes::Skip, out, request.warn);
     };
   });
 }
@@ -70,7 +73,7 @@ void AddExport(CLI::App& app, Request& request) {
   exporter->add_option("OUT", request.output, "the .map file to write")->required();
   exporter->callback([&request] {
     request.run = [&request](std::ostream& out) {
-      ExportLevel(request.input, request.output, request.wad, out);
+      ExportLevel(request.input, request.output, request.wad, out, request.warn);
     };
   });
 }
@@ -86,7 +89,7 @@ void AddConvert(CLI::App& app, Request& request) {
                                                 request.input + " to " + request.output);
     }
     request.run = [&request](std::ostream& out) {
-      ConvertFile(request.input, request.output, out);
+      ConvertFile(request.input, request.output, out, request.warn);
     };
   });
 }
@@ -98,7 +101,7 @@ void AddRun(CLI::App& app, Request& request) {
   run->add_option("OUT", request.output, "where the level is saved")->required();
   run->callback([&request] {
     request.run = [&request](std::ostream& out) {
-      RunScriptFile(request.input, request.level, request.output, out);
+      RunScriptFile(request.input, request.level, request.output, out, request.warn);
     };
   });
 }
@@ -166,7 +169,7 @@ void AddRender(CLI::App& app, Request& request) {
   render->callback([&request] {
     CheckPicture(request.picture);
     request.run = [&request](std::ostream& out) {
-      RenderLevel(request.input, request.output, request.picture, out);
+      RenderLevel(request.input, request.output, request.picture, out, request.warn);
     };
   });
 }
@@ -183,15 +186,15 @@ int Fail(std::ostream& err, const std::string& reason, int status = kCliFailed) 
   return status;
 }
 
-void AddTextures(CLI::App& app, Request& request, std::ostream& err) {
+void AddTextures(CLI::App& app, Request& request) {
   CLI::App* textures = app.add_subcommand("textures", "List the textures of a WAD2 archive");
   textures->add_option("--palette", request.textures.palette,
                        "palette file of 768 bytes, instead of the built-in one");
   textures->add_option("--png", request.textureFolder,
                        "write each texture into this folder, as NAME.png");
   textures->add_option("ARCHIVE", request.textures.archive, "a .wad file")->required();
-  textures->callback([&request, &err] {
-    request.textures.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
+  textures->callback([&request] {
+    request.textures.warn = request.warn;
     request.run = [&request](std::ostream& out) {
       if (request.textureFolder) {
         WriteTextures(request.textures, *request.textureFolder, out);
@@ -222,12 +225,13 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   app.set_version_flag("--version", "zando-cli " ZANDO_VERSION);
   app.require_subcommand(1);
   Request request;
+  request.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
   AddInfo(app, request);
   AddRebuild(app, request);
   AddExport(app, request);
   AddConvert(app, request);
   AddRender(app, request);
-  AddTextures(app, request, err);
+  AddTextures(app, request);
   AddRun(app, request);
 
   const std::string first = arguments.empty() ? std::string() : arguments.front();

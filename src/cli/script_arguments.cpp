@@ -1,21 +1,14 @@
 #include "cli/script_arguments.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <system_error>
+
+#include "platform/number_text.h"
 
 namespace zando {
 namespace {
 
 std::string Quoted(std::string_view word) { return '\'' + std::string(word) + '\''; }
-
-template <typename Number>
-bool ParseWhole(std::string_view word, Number& number, auto... format) {
-  const char* end = word.data() + word.size();
-  const auto result = std::from_chars(word.data(), end, number, format...);
-  return result.ec == std::errc() && result.ptr == end;
-}
 
 double Positive(double number, std::string_view word) {
   if (number <= 0.0) throw CScriptError(Quoted(word) + " is not above 0");
@@ -35,14 +28,14 @@ std::size_t IndexOf(std::string_view word, std::initializer_list<std::string_vie
 }  // namespace
 
 double ParseScriptNumber(std::string_view word) {
-  double number = 0.0;
-  if (!ParseWhole(word, number) || !std::isfinite(number)) {
+  const auto number = ParseNumber(word);
+  if (!number || !std::isfinite(*number)) {
     throw CScriptError(Quoted(word) + " is not a number");
   }
-  if (std::fabs(number) > kLargestScriptNumber) {
+  if (std::fabs(*number) > kLargestScriptNumber) {
     throw CScriptError(Quoted(word) + " is beyond 1000000");
   }
-  return number + 0.0;  // no negative zero
+  return *number + 0.0;  // no negative zero
 }
 
 const std::string& CScriptArguments::Word() {
@@ -75,23 +68,21 @@ Vector CScriptArguments::PositiveNumbers() {
 
 std::int32_t CScriptArguments::WholeNumber() {
   const std::string& word = Word();
-  std::int32_t number = 0;
-  if (!ParseWhole(word, number)) throw CScriptError(Quoted(word) + " is not a whole number");
-  if (std::abs(static_cast<double>(number)) > kLargestScriptNumber) {
+  const auto number = ParseWholeNumber(word);
+  if (!number) throw CScriptError(Quoted(word) + " is not a whole number");
+  if (std::abs(static_cast<double>(*number)) > kLargestScriptNumber) {
     throw CScriptError(Quoted(word) + " is beyond 1000000");
   }
-  return number;
+  return *number;
 }
 
 bool CScriptArguments::OnOff() { return Choice({"off", "on"}) == 1; }
 
 std::uint32_t CScriptArguments::Color() {
   const std::string& word = Word();
-  std::uint32_t rgb = 0;
-  if (word.size() != 6 || !ParseWhole(word, rgb, 16)) {
-    throw CScriptError(Quoted(word) + " is not a colour RRGGBB");
-  }
-  return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
+  const auto rgb = ParseHexNumber(word);
+  if (word.size() != 6 || !rgb) throw CScriptError(Quoted(word) + " is not a colour RRGGBB");
+  return (*rgb & 0xFF) << 16 | (*rgb & 0xFF00) | *rgb >> 16;
 }
 
 std::size_t CScriptArguments::Choice(std::initializer_list<std::string_view> choices) {

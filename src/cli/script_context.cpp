@@ -1,21 +1,17 @@
 #include "cli/script_context.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
-#include <system_error>
 
 #include "cli/script_words.h"
+#include "platform/number_text.h"
 
 namespace zando {
 namespace {
 
 std::optional<std::int32_t> ParseIndex(std::string_view word) {
-  std::int32_t index = 0;
-  const char* end = word.data() + word.size();
-  const auto result = std::from_chars(word.data(), end, index);
-  if (result.ec != std::errc() || result.ptr != end || index < 0) return std::nullopt;
-  return index;
+  const auto index = ParseWholeNumber(word);
+  return index && *index >= 0 ? index : std::nullopt;
 }
 
 }  // namespace

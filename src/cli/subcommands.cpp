@@ -23,23 +23,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::unique_ptr<CZANDODoc> Load(const fs::path& path) {
-  LoadedDocument loaded = LoadDocumentFile(path);
-  if (!loaded.document) throw CCommandFailure(path, loaded.error);
-  return std::move(loaded.document);
-}
-
 /// A slip in the name of a map, a picture or a level must not cost what it is made from.
 void RefuseInput(const fs::path& input, const fs::path& output) {
   std::error_code missing;
   if (fs::equivalent(input, output, missing)) {
     throw CCommandFailure(output, "is the file to read, and is not overwritten");
   }
-}
-
-void Save(CZANDODoc& document, const fs::path& path) {
-  const std::string error = SaveDocumentFile(document, path);
-  if (!error.empty()) throw CCommandFailure(path, error);
 }
 
 /// The world's polygons under the entities, as a solid or texture view shows them.
@@ -50,7 +39,7 @@ void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Pale
     throw CCommandFailure("there is no memory for a picture of this size");
   }
   renderer.Render(camera, document.GetLevel().World,
-                  drawing.kind == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
+                  camera.Kind() == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured);
   renderer.Present(drawing.dc);
 }
 
@@ -63,27 +52,31 @@ bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
 
-void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out) {
-  const std::unique_ptr<CZANDODoc> document = Load(level);
+void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
+  if (!written) throw CCommandFailure(output, written.Error());
+  WarnOf(*written, output, warn);
+}
+
+void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out, const Warn& warn) {
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(level, warn);
   const LevelInfo info = CollectInfo(document->GetLevel());
   out << (format == InfoFormat::Json ? InfoAsJson(info) : InfoAsText(info));
 }
 
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,
-                  WaterBrushes water, std::ostream& out) {
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+                  WaterBrushes water, std::ostream& out, const Warn& warn) {
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   RebuildWorld(*document, kind, water, nullptr);
-  Save(*document, output);
+  RequireWritten(SaveDocumentFile(*document, output), output, warn);
   out << output.string() << ": " << DescribeWorld(document->GetLevel().World) << '\n';
 }
 
 void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
-                 std::ostream& out) {
+                 std::ostream& out, const Warn& warn) {
   RefuseInput(input, output);
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   MapExportReport report;
-  const std::string error = ExportMap(document->GetLevel(), output, wad, &report);
-  if (!error.empty()) throw CCommandFailure(output, error);
+  RequireWritten(ExportMap(document->GetLevel(), output, wad, &report), output, warn);
   out << output.string() << ": " << DescribeExport(report) << '\n';
 }
 
@@ -91,42 +84,42 @@ bool CanConvert(const fs::path& input, const fs::path& output) {
   return IsLevel(input) && (IsLevel(output) || IsMap(output));
 }
 
-void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out) {
+void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
+                 const Warn& warn) {
   if (IsMap(output)) {
-    ExportLevel(input, output, kDefaultWad, out);
+    ExportLevel(input, output, kDefaultWad, out, warn);
     return;
   }
-  Save(*Load(input), output);
+  RequireWritten(SaveDocumentFile(*ReadLevel(input, warn), output), output, warn);
 }
 
 void RunScriptFile(const fs::path& script, const fs::path& level, const fs::path& output,
-                   std::ostream& out) {
+                   std::ostream& out, const Warn& warn) {
   RefuseInput(script, output);
   const std::string text = ReadInput(script);
   const std::unique_ptr<CZANDODoc> document =
-      level.empty() ? std::make_unique<CZANDODoc>() : Load(level);
+      level.empty() ? std::make_unique<CZANDODoc>() : ReadLevel(level, warn);
 
   const ScriptResult result = RunScript(*document, text, script.string());
   if (!result.error.empty()) throw CCommandFailure(result.error);
   for (const PendingFile& file : result.files) {
-    const std::string error = WriteFileAtomically(file.path, file.bytes);
-    if (!error.empty()) throw CCommandFailure(file.path, error);
+    RequireWritten(WriteFileAtomically(file.path, file.bytes), file.path, warn);
   }
-  Save(*document, output);
+  RequireWritten(SaveDocumentFile(*document, output), output, warn);
   for (const std::string& note : result.notes) out << note << '\n';
 }
 
 void RenderLevel(const fs::path& input, const fs::path& output, const PictureRequest& request,
-                 std::ostream& out) {
+                 std::ostream& out, const Warn& warn) {
   RefuseInput(input, output);
   // Polygons get their flat colours as they are loaded; the same level gives the same picture.
   SeedColorTags(1);
-  const std::unique_ptr<CZANDODoc> document = Load(input);
+  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
   const Palette palette = ReadPalette(request.palette, {});
   CCamera camera;
-  const double zoom = FrameLevel(*document, request, camera);
+  FrameLevel(*document, request, camera);
   const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
-    const ViewDrawing drawing{dc, camera, request.kind, zoom, {request.width, request.height}};
+    const ViewDrawing drawing{dc, camera};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
     if (ShowsSurfaces(request.kind)) {
@@ -137,8 +130,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     if (document->State().ShowEntities != 0) DrawEntities(drawing, *document);
   });
   if (!image.bytes) throw CCommandFailure(output, image.error);
-  const std::string error = WriteFileAtomically(output, *image.bytes);
-  if (!error.empty()) throw CCommandFailure(output, error);
+  RequireWritten(WriteFileAtomically(output, *image.bytes), output, warn);
   out << output.string() << ": " << request.width << 'x' << request.height << " pixels\n";
 }
 

@@ -113,8 +113,7 @@ void WriteTextures(const TextureRequest& request, const fs::path& folder, std::o
     const PngImage image =
         PackPng({texture.width, texture.height, texture.surface.Pixels(), palette.colors});
     if (!image.bytes) throw CCommandFailure(path, image.error);
-    const std::string error = WriteFileAtomically(path, *image.bytes);
-    if (!error.empty()) throw CCommandFailure(path, error);
+    RequireWritten(WriteFileAtomically(path, *image.bytes), path, request.warn);
   }
   out << folder.string() << ": " << Counted(archive.Textures().size()) << " written\n";
 }

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
+
+#include "cli/input_files.h"
 
 namespace zando {
 
@@ -12,8 +13,7 @@ namespace zando {
 struct TextureRequest {
   std::filesystem::path archive;
   std::optional<std::filesystem::path> palette;  ///< the built-in one otherwise
-  /// Takes what is damaged but does not end the command, a line each: `file: what`.
-  std::function<void(const std::string&)> warn;
+  Warn warn;                                     ///< takes what is damaged
 };
 
 /// Lists the textures of an archive: index, name and size, then how many there are. A name is one

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <limits>
 
 #include "csg/insert_faces.h"
 
@@ -27,9 +26,37 @@ bool IsSettled(const CBspNode& node) {
 }
 
 /// Written so that coordinates that are not numbers are out of reach.
-bool IsWithinReach(const Vector& corner) {
-  return std::fabs(corner.x) <= kClearReach && std::fabs(corner.y) <= kClearReach &&
-         std::fabs(corner.z) <= kClearReach;
+bool IsWithinReach(const CZandoPoly& polygon) {
+  const auto vertices = polygon.Vertices();
+  return std::all_of(vertices.begin(), vertices.end(), [](const Vector& v) {
+    return std::fabs(v.x) <= kClearReach && std::fabs(v.y) <= kClearReach &&
+           std::fabs(v.z) <= kClearReach;
+  });
+}
+
+/// Whether every plane cuts the face, and any part of it, into two at most, each with one vertex
+/// more at most; a polygon that zigzags through a plane gains more. False when in doubt.
+bool IsFlatAndConvex(const CZandoPoly& face) {
+  constexpr double kFlat = 0.9 * PLANE_EPSILON;  // off its plane, no vertex can change sides
+  constexpr double kConvex = 1e-6;
+  const Plane plane = ComputePlane(face);
+  const std::int32_t count = face.count;
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (!(std::fabs(SignedDistance(plane, face[i])) < kFlat)) return false;
+    const std::int32_t next = (i + 1) % count;
+    const Vector outward = Normalised(Cross(face[next] - face[i], plane.normal));
+    for (std::int32_t j = 0; j < count; ++j) {
+      if (j == i || j == next) continue;
+      if (!(Dot(outward, face[j] - face[i]) < -kConvex)) return false;
+    }
+  }
+  return true;
+}
+
+Bounds BoundsOf(const CZandoPoly& polygon) {
+  Bounds bounds;
+  for (const Vector& vertex : polygon.Vertices()) bounds.Include(vertex);
+  return bounds;
 }
 
 /// The distance of the corner of a box that comes first as one moves along the plane's normal.
@@ -57,13 +84,14 @@ void CBrushSequence::Insert(const CZandoBrush& brush, std::int32_t id) {
     }
   }
   world_.refused += brushTree_.refused;
-  if (!fresh_.empty()) remains_.push_back(RemainsOf(fresh_));
+  if (!fresh_.empty()) remains_.push_back(RemainsOf(brush, fresh_));
 }
 
 void CBrushSequence::NoteBrushTree() {
   convexFaces_.clear();
   for (const CBspNode* face = brushTree_.root; face != nullptr; face = face->back) {
-    if (face->front != nullptr) {
+    const bool withinReach = std::fabs(face->plane.d) <= 2.0 * kClearReach;
+    if (face->front != nullptr || !withinReach) {
       convexFaces_.clear();
       return;
     }
@@ -72,11 +100,11 @@ void CBrushSequence::NoteBrushTree() {
 }
 
 bool CBrushSequence::IsClear(const Remains& remains) const {
+  if (!remains.withinReach) return false;
   // A polygon with so many vertices may be refused a cut, which is counted.
   if (remains.mostVertices + static_cast<std::int32_t>(convexFaces_.size()) > MAX_POLY_VERTS) {
     return false;
   }
-  if (!remains.withinReach) return false;
   return std::any_of(convexFaces_.begin(), convexFaces_.end(), [&remains](const Plane& face) {
     return LeastDistance(face, remains.bounds.low, remains.bounds.high) > kClearDistance;
   });
@@ -107,12 +135,13 @@ void CBrushSequence::ClipRemains(Remains& remains, CoplanarRule rule) {
 }
 
 /// Faces before the one that a polygon is clear of may cut it. It becomes whole again, but with its
-/// plane computed afresh: that is all that clipping does to it.
+/// plane computed afresh. That, and counting cuts that are refused, is all that clipping does to
+/// it.
 void CBrushSequence::ClipUnsettled(Remains& remains, CoplanarRule rule) {
   std::erase_if(remains.unsettled, [&](const Unsettled& unsettled) {
     if (PassesUncut(unsettled.bounds)) return false;
     clipper_.ClipAdd(brushTree_, unsettled.polygon, rule);
-    return IsSettled(*unsettled.polygon);
+    return remains.cutsInTwo && IsSettled(*unsettled.polygon);
   });
 }
 
@@ -120,39 +149,20 @@ void CBrushSequence::NoteUnsettled(Remains& remains) {
   remains.unsettled.clear();
   for (CBspNode* polygon : remains.polygons) {
     remains.mostVertices = std::max(remains.mostVertices, polygon->polygon.count);
-    if (IsSettled(*polygon)) continue;
+    if (remains.cutsInTwo && IsSettled(*polygon)) continue;
     remains.unsettled.push_back({polygon, BoundsOf(polygon->polygon)});
   }
 }
 
-CBrushSequence::Bounds CBrushSequence::BoundsOf(const CZandoPoly& polygon) {
-  constexpr double infinity = std::numeric_limits<double>::infinity();
-  Bounds bounds{{infinity, infinity, infinity}, {-infinity, -infinity, -infinity}};
-  for (const Vector& v : polygon.Vertices()) {
-    bounds.low = {std::min(v.x, bounds.low.x), std::min(v.y, bounds.low.y),
-                  std::min(v.z, bounds.low.z)};
-    bounds.high = {std::max(v.x, bounds.high.x), std::max(v.y, bounds.high.y),
-                   std::max(v.z, bounds.high.z)};
-  }
-  return bounds;
-}
-
-CBrushSequence::Remains CBrushSequence::RemainsOf(const std::vector<CBspNode*>& polygons) {
+CBrushSequence::Remains CBrushSequence::RemainsOf(const CZandoBrush& brush,
+                                                  const std::vector<CBspNode*>& polygons) {
   Remains remains;
   remains.polygons = polygons;
-  remains.withinReach = true;
-  remains.bounds = BoundsOf(CZandoPoly());
-  for (const CBspNode* node : polygons) {
-    const auto vertices = node->polygon.Vertices();
-    remains.withinReach &= std::all_of(vertices.begin(), vertices.end(), IsWithinReach);
-    const Bounds bounds = BoundsOf(node->polygon);
-    remains.bounds.low = {std::min(remains.bounds.low.x, bounds.low.x),
-                          std::min(remains.bounds.low.y, bounds.low.y),
-                          std::min(remains.bounds.low.z, bounds.low.z)};
-    remains.bounds.high = {std::max(remains.bounds.high.x, bounds.high.x),
-                           std::max(remains.bounds.high.y, bounds.high.y),
-                           std::max(remains.bounds.high.z, bounds.high.z)};
-  }
+  remains.withinReach =
+      std::all_of(brush.WorldPolys().begin(), brush.WorldPolys().end(), IsWithinReach);
+  remains.cutsInTwo =
+      std::all_of(brush.WorldPolys().begin(), brush.WorldPolys().end(), IsFlatAndConvex);
+  for (const CBspNode* node : polygons) remains.bounds.Include(BoundsOf(node->polygon));
   NoteUnsettled(remains);
   return remains;
 }

@@ -6,6 +6,7 @@
 
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
+#include "geometry/bounds.h"
 
 namespace zando {
 
@@ -19,12 +20,8 @@ class CBrushSequence {
   void Insert(const CZandoBrush& brush, std::int32_t id);
 
  private:
-  struct Bounds {
-    Vector low;
-    Vector high;
-  };
-
-  /// A visible polygon whose plane, computed afresh, would come out differently in some bit.
+  /// A visible polygon that brushes clear of it may leave a trace on: its plane, computed afresh,
+  /// would come out differently in some bit, or it may be refused a cut.
   struct Unsettled {
     CBspNode* polygon;
     Bounds bounds;
@@ -37,10 +34,11 @@ class CBrushSequence {
     Bounds bounds;
     std::int32_t mostVertices = 0;
     bool withinReach = false;
+    bool cutsInTwo = false;  ///< no cut is refused as long as there is room for one vertex more
   };
 
-  [[nodiscard]] static Bounds BoundsOf(const CZandoPoly& polygon);
-  [[nodiscard]] static Remains RemainsOf(const std::vector<CBspNode*>& polygons);
+  [[nodiscard]] static Remains RemainsOf(const CZandoBrush& brush,
+                                         const std::vector<CBspNode*>& polygons);
   static void NoteUnsettled(Remains& remains);
   void NoteBrushTree();
   /// Whether no polygon is near the brush tree: to clip them would hide nothing.

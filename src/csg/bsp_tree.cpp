@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <unordered_map>
 #include <utility>
@@ -31,10 +32,18 @@ CBspNode* CopyChain(CConstructiveBsp& owner, const CBspNode* source) {
   return head;
 }
 
+/// A face without extent has a plane whose coordinates are no numbers.
+bool SameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+bool SamePlane(const Plane& a, const Plane& b) {
+  return SameNumber(a.normal.x, b.normal.x) && SameNumber(a.normal.y, b.normal.y) &&
+         SameNumber(a.normal.z, b.normal.z) && SameNumber(a.d, b.d);
+}
+
 bool SameChains(const CBspNode* a, const CBspNode* b) {
   for (; a != nullptr && b != nullptr; a = a->chain, b = b->chain) {
     const bool same = a->nValid == b->nValid && a->nBid == b->nBid && a->nPolNum == b->nPolNum &&
-                      a->plane == b->plane && a->polygon == b->polygon;
+                      SamePlane(a->plane, b->plane) && a->polygon == b->polygon;
     if (!same) return false;
   }
   return a == b;
@@ -140,10 +149,10 @@ void CConstructiveBsp::LinkBrushes(const CZandoBrush* head) {
   });
 }
 
-SplitResult CConstructiveBsp::Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back) {
-  const SplitResult result = SplitPolygon(plane, polygon, back);
-  if (result == SplitResult::Refused) ++refused;
-  return result;
+PolygonClass CConstructiveBsp::Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back) {
+  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return PolygonClass::Spanning;
+  ++refused;
+  return SideOfMean(plane, polygon);
 }
 
 // More than the topmost, so that their memory is on its way at the same time.

@@ -37,7 +37,12 @@ class CConstructiveBsp {
   /// A copy of a node tree has nodes of its own; both name the same brushes.
   CConstructiveBsp(const CConstructiveBsp& source);
   CConstructiveBsp(CConstructiveBsp&& source) noexcept { Swap(source); }
-  CConstructiveBsp& operator=(CConstructiveBsp source) noexcept {
+  CConstructiveBsp& operator=(const CConstructiveBsp& source) {
+    CConstructiveBsp copy(source);
+    Swap(copy);
+    return *this;
+  }
+  CConstructiveBsp& operator=(CConstructiveBsp&& source) noexcept {
     Swap(source);
     return *this;
   }
@@ -69,8 +74,10 @@ class CConstructiveBsp {
   /// none.
   void LinkBrushes(const CZandoBrush* head);
 
-  /// Splits `polygon` as SplitPolygon does, and counts a refusal.
-  [[nodiscard]] SplitResult Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
+  /// Splits a polygon that spans the plane, as SplitPolygon does: Spanning. When that is refused it
+  /// is counted, and tells the side that the whole polygon goes to: Front or Back, by the mean of
+  /// its vertices.
+  [[nodiscard]] PolygonClass Split(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
 
  private:
   CNodeArena arena_;

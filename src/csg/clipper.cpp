@@ -36,25 +36,14 @@ ClipCounts CClipper::EndCut(const Cut& cut, Mode mode) {
 }
 
 bool CClipper::SideIsFront(const CBspNode* face, CBspNode* piece, Rules rules) {
-  switch (ClassifyPolygon(face->plane, piece->polygon)) {
-    case PolygonClass::Front:
-      return true;
-    case PolygonClass::Back:
-      return false;
-    case PolygonClass::CoplanarSame:
-      return rules.coplanar.sameFacing == Coplanar::Outside;
-    case PolygonClass::CoplanarOpposite:
-      return rules.coplanar.oppositeFacing == Coplanar::Outside;
-    case PolygonClass::Spanning:
-      break;
+  PolygonClass side = ClassifyPolygon(face->plane, piece->polygon);
+  if (side == PolygonClass::Spanning) {
+    const CZandoPoly whole = piece->polygon;
+    CZandoPoly back;
+    side = owner_.Split(face->plane, piece->polygon, back);
+    if (side == PolygonClass::Spanning) BeginCut(face, piece, whole, back);
   }
-  const CZandoPoly whole = piece->polygon;
-  CZandoPoly back;
-  if (owner_.Split(face->plane, piece->polygon, back) == SplitResult::Refused) {
-    return SideOfMean(face->plane, piece->polygon) == PolygonClass::Front;
-  }
-  BeginCut(face, piece, whole, back);
-  return true;
+  return GoesToFront(side, rules.coplanar);
 }
 
 ClipCounts CClipper::Clip(const CConstructiveBsp& brushTree, CBspNode* node, Rules rules) {

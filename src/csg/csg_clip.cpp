@@ -3,7 +3,7 @@
 
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
-#include "csg/splitter.h"
+#include "csg/node_sides.h"
 
 namespace zando {
 namespace {
@@ -76,17 +76,9 @@ void HangFace(CConstructiveBsp& tree, CBspNode* node) {
   while (!pending.empty()) {
     const Descent step = pending.back();
     pending.pop_back();
-    PolygonClass side = ClassifyPolygon(step.at->plane, step.piece->polygon);
-    if (side == PolygonClass::Spanning) {
-      CBspNode* backPiece = CutOffBack(tree, step.at->plane, step.piece);
-      if (backPiece != nullptr) {
-        go(step.at->back, backPiece);
-        go(step.at->front, step.piece);
-        continue;
-      }
-      side = SideOfMean(step.at->plane, step.piece->polygon);
-    }
-    const bool front = side == PolygonClass::Front || side == PolygonClass::CoplanarSame;
+    const auto [side, backPiece] = SortNode(tree, step.at->plane, step.piece);
+    if (backPiece != nullptr) go(step.at->back, backPiece);
+    const bool front = GoesToFront(side, kCoplanarTable.partition);
     go(front ? step.at->front : step.at->back, step.piece);
   }
 }

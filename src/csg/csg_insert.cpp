@@ -3,7 +3,7 @@
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
 #include "csg/insert_faces.h"
-#include "csg/splitter.h"
+#include "csg/node_sides.h"
 
 namespace zando {
 namespace {
@@ -12,14 +12,14 @@ enum class KeepPiece { Always, NextToFresh };
 
 /// Which side coplanar polygons take, and what becomes of a piece that reaches an empty half-space.
 struct InsertRules {
-  PolygonClass coplanarFront;
+  CoplanarRule coplanar;
   KeepPiece keepFront;
   KeepPiece keepBack;
 };
 
-constexpr InsertRules kAdditive{PolygonClass::CoplanarSame, KeepPiece::Always,
+constexpr InsertRules kAdditive{kCoplanarTable.insertAdd, KeepPiece::Always,
                                 KeepPiece::NextToFresh};
-constexpr InsertRules kSubtractive{PolygonClass::CoplanarOpposite, KeepPiece::NextToFresh,
+constexpr InsertRules kSubtractive{kCoplanarTable.insertSubtract, KeepPiece::NextToFresh,
                                    KeepPiece::Always};
 
 /// A polygon on its way down the tree, next to be sorted at a node.
@@ -49,17 +49,9 @@ class CInserter {
 
  private:
   void Descend(const Descent& step) {
-    PolygonClass side = ClassifyPolygon(step.at->plane, step.piece->polygon);
-    if (side == PolygonClass::Spanning) {
-      CBspNode* backPiece = CutOffBack(tree_, step.at->plane, step.piece);
-      if (backPiece != nullptr) {
-        GoBack({step.at, backPiece});
-        GoFront(step);
-        return;
-      }
-      side = SideOfMean(step.at->plane, step.piece->polygon);
-    }
-    if (side == PolygonClass::Front || side == rules_.coplanarFront) {
+    const auto [side, backPiece] = SortNode(tree_, step.at->plane, step.piece);
+    if (backPiece != nullptr) GoBack({step.at, backPiece});
+    if (GoesToFront(side, rules_.coplanar)) {
       GoFront(step);
     } else {
       GoBack(step);
@@ -93,8 +85,8 @@ class CInserter {
 }  // namespace
 
 CoplanarRule OlderFaceRule(const CZandoBrush& clipper) {
-  if (clipper.TranT == kAddToWorld) return {Coplanar::Outside, Coplanar::Inside};
-  return {Coplanar::Inside, Coplanar::Inside};
+  return clipper.TranT == kAddToWorld ? kCoplanarTable.olderFaceBySolid
+                                      : kCoplanarTable.olderFaceByCarver;
 }
 
 void InsertFaces(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id,
@@ -163,6 +155,7 @@ void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush) {
 void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id) {
   world.ClearFresh();
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
+  if (!brush.HasVolume()) return;
   InsertFaces(world, brush, id, nullptr);
   CConstructiveBsp brushTree;
   BuildBrushTree(brushTree, brush);

@@ -7,6 +7,7 @@
 #include "csg/clipper.h"
 #include "csg/csg_world.h"
 #include "csg/node_tree_builder.h"
+#include "geometry/shown_brushes.h"
 
 namespace zando {
 namespace {
@@ -18,21 +19,16 @@ struct Participant {
   std::vector<std::size_t> neighbours;  ///< others that take part and overlap, in list order
 };
 
-std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
-  std::vector<const CZandoBrush*> brushes;
-  if (head == nullptr) return brushes;
-  for (const CZandoBrush* brush = head->FirstShownNonEntity(); brush != nullptr;
-       brush = brush->NextShown()) {
-    brushes.push_back(brush);
-  }
-  return brushes;
-}
-
 bool Builds(const CZandoBrush& brush, WaterBrushes water) {
-  return water == WaterBrushes::Build || !brush.IsWater();
+  return brush.HasVolume() && (water == WaterBrushes::Build || !brush.IsWater());
 }
 
-bool IsCarving(const CZandoBrush& brush) { return brush.TranT != kAddToWorld; }
+ClippingBrush AsClipper(const CZandoBrush& brush, bool isEarlier) {
+  if (brush.TranT == kAddToWorld) {
+    return isEarlier ? ClippingBrush::EarlierSolid : ClippingBrush::LaterSolid;
+  }
+  return isEarlier ? ClippingBrush::EarlierCarver : ClippingBrush::LaterCarver;
+}
 
 /// Lists for each participant the others whose bounds overlap its own: a sweep along x.
 void FindNeighbours(std::vector<Participant>& participants) {
@@ -118,17 +114,13 @@ class COptimalRebuild {
     }
   }
 
+  /// Earlier carvers show what they bound of a later solid; all others hide.
   void ClipSolidFace(CBspNode* member, const CZandoBrush& other, bool otherIsEarlier) {
-    if (IsCarving(other) && otherIsEarlier) {
-      BuildCountedClipTree(other, member->plane);
-      clipper_.ClipSubtract(brushTree_, member, {Coplanar::Outside, Coplanar::Inside});
-      return;
-    }
-    if (member->nValid == 0) return;
+    const ClippingBrush clipper = AsClipper(other, otherIsEarlier);
+    const bool shows = clipper == ClippingBrush::EarlierCarver;
+    if (!shows && member->nValid == 0) return;
     BuildCountedClipTree(other, member->plane);
-    const CoplanarRule rule = IsCarving(other) ? CoplanarRule{Coplanar::Inside, Coplanar::Inside}
-                                               : CoplanarRule{Coplanar::Outside, Coplanar::Inside};
-    clipper_.ClipAdd(brushTree_, member, rule);
+    ClipMember(member, shows, SolidFaceRule(clipper));
   }
 
   void BuildCountedClipTree(const CZandoBrush& brush, const Plane& plane) {
@@ -155,15 +147,18 @@ class COptimalRebuild {
     }
   }
 
+  /// Earlier solids show the hidden face where it cuts into them; all others hide what is shown.
   void ClipCarvingFace(CBspNode* member, const CZandoBrush& other, bool otherIsEarlier) {
-    if (IsCarving(other)) {
-      const Coplanar opposite = otherIsEarlier ? Coplanar::Outside : Coplanar::Inside;
-      if (member->nValid != 0) clipper_.ClipAdd(brushTree_, member, {Coplanar::Inside, opposite});
-    } else if (otherIsEarlier) {
-      if (member->nValid != 0) return;
-      clipper_.ClipSubtract(brushTree_, member, {Coplanar::Inside, Coplanar::Outside});
-    } else if (member->nValid != 0) {
-      clipper_.ClipAdd(brushTree_, member, {Coplanar::Outside, Coplanar::Inside});
+    const ClippingBrush clipper = AsClipper(other, otherIsEarlier);
+    const bool shows = clipper == ClippingBrush::EarlierSolid;
+    if (shows == (member->nValid == 0)) ClipMember(member, shows, CarvingFaceRule(clipper));
+  }
+
+  void ClipMember(CBspNode* member, bool shows, CoplanarRule rule) {
+    if (shows) {
+      clipper_.ClipSubtract(brushTree_, member, rule);
+    } else {
+      clipper_.ClipAdd(brushTree_, member, rule);
     }
   }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "csg/bsp_tree.h"
+#include "csg/coplanar_table.h"
 #include "geometry/brush.h"
 #include "platform/progress.h"
 
@@ -11,14 +12,6 @@ namespace zando {
 /// The world of a level: which faces of its brushes can be seen once every brush has been added or
 /// carved in list order. A world is kept brush by brush (InsertBrush) or made anew (RebuildQuick,
 /// RebuildOptimal); nValid tells visible polygons from hidden ones.
-
-/// On which side of a coplanar brush face a clipped polygon counts: outside or inside the brush.
-/// docs/coincident-planes.md tells why the walks differ.
-enum class Coplanar { Outside, Inside };
-struct CoplanarRule {
-  Coplanar sameFacing;
-  Coplanar oppositeFacing;
-};
 
 /// Pieces found outside and inside the clipping brush.
 struct ClipCounts {
@@ -55,7 +48,7 @@ void ClipWorldByBrush(CConstructiveBsp& world, const CConstructiveBsp& brushTree
 void BuildBrushTree(CConstructiveBsp& tree, const CZandoBrush& brush);
 
 /// Inserts all faces of one brush, by its TranT, and clips the older world by it. The new nodes
-/// name the brush as their owner, with this id.
+/// name the brush as their owner, with this id. A brush without volume is passed over.
 void InsertBrush(CConstructiveBsp& world, const CZandoBrush& brush, std::int32_t id);
 
 /// Fills `tree` with the faces of the brush that bound it within the given plane; the tree stays
@@ -68,10 +61,10 @@ void BuildClipTree(CConstructiveBsp& tree, const CZandoBrush& brush, const Plane
 /// Whether brushes named as water take part in a rebuild.
 enum class WaterBrushes { Skip, Build };
 
-/// Replays the insertion of every shown brush of the world's brush list.
+/// Replays the insertion of every shown brush of the world's brush list that has volume.
 void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water);
 
-/// Clips the faces of every shown brush against every overlapping one, and builds a fresh tree of
+/// Clips the faces of every such brush against every overlapping one, and builds a fresh tree of
 /// the visible pieces only: every node visible, no chains.
 void RebuildOptimal(CConstructiveBsp& world, CProgress* progress, WaterBrushes water);
 

@@ -11,33 +11,25 @@ namespace {
 
 constexpr std::uint32_t kLeafSize = 4;
 
+/// Within this reach a cut is exact enough for its pieces to lie within the polygon, but for a
+/// rounding error.
+constexpr double kTameReach = 1e9;
+
 /// Rounding of a distance, relative to the coordinates that enter it; a generous bound.
 constexpr double kRelativeSlack = 1e-14;
 constexpr double kLeastSlack = 1e-9;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-struct Extremes {
-  Vector low{kInfinity, kInfinity, kInfinity};
-  Vector high{-kInfinity, -kInfinity, -kInfinity};
-
-  void Include(const Vector& a, const Vector& b) {
-    low = {std::min(low.x, a.x), std::min(low.y, a.y), std::min(low.z, a.z)};
-    high = {std::max(high.x, b.x), std::max(high.y, b.y), std::max(high.z, b.z)};
+/// The largest coordinate of the vertices; infinite when the parts of the polygon may lie anywhere.
+double Reach(const CZandoPoly& polygon) {
+  if (polygon.count == 0) return kInfinity;
+  double reach = 0.0;
+  for (const Vector& v : polygon.Vertices()) {
+    if (!IsFinite(v)) return kInfinity;
+    reach = std::max({reach, std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
   }
-};
-
-/// The extremes of the polygon; without bounds when a vertex has none or there are no vertices.
-Extremes PolygonExtremes(const CZandoPoly& polygon) {
-  constexpr Extremes kUnbounded{{-kInfinity, -kInfinity, -kInfinity},
-                                {kInfinity, kInfinity, kInfinity}};
-  if (polygon.count == 0) return kUnbounded;
-  Extremes extremes;
-  for (const Vector& vertex : polygon.Vertices()) {
-    if (!IsFinite(vertex)) return kUnbounded;
-    extremes.Include(vertex, vertex);
-  }
-  return extremes;
+  return reach <= kTameReach ? reach : kInfinity;
 }
 
 }  // namespace
@@ -45,11 +37,14 @@ Extremes PolygonExtremes(const CZandoPoly& polygon) {
 CPolygonBvh::CPolygonBvh(std::vector<CBspNode*> polygons) : polygons_(std::move(polygons)) {
   std::vector<Box> leaves(polygons_.size());
   for (std::size_t slot = 0; slot < polygons_.size(); ++slot) {
-    const Extremes extremes = PolygonExtremes(polygons_[slot]->polygon);
-    leaves[slot] = BoxAround(extremes.low, extremes.high);
-    reach_ = std::max({reach_, std::fabs(extremes.low.x), std::fabs(extremes.low.y),
-                       std::fabs(extremes.low.z), std::fabs(extremes.high.x),
-                       std::fabs(extremes.high.y), std::fabs(extremes.high.z)});
+    const CZandoPoly& polygon = polygons_[slot]->polygon;
+    Bounds bounds{{-kInfinity, -kInfinity, -kInfinity}, {kInfinity, kInfinity, kInfinity}};
+    if (const double reach = Reach(polygon); reach < kInfinity) {
+      bounds = Bounds();
+      for (const Vector& vertex : polygon.Vertices()) bounds.Include(vertex);
+      reach_ = std::max(reach_, reach);
+    }
+    leaves[slot] = BoxAround(bounds);
   }
   Build(leaves);
 }
@@ -58,10 +53,10 @@ double CPolygonBvh::Slack(const Plane& plane) const {
   return kLeastSlack + kRelativeSlack * (reach_ + std::fabs(plane.d));
 }
 
-CPolygonBvh::Box CPolygonBvh::BoxAround(const Vector& low, const Vector& high) {
+CPolygonBvh::Box CPolygonBvh::BoxAround(const Bounds& bounds) {
   Box box;
-  box.centre = (low + high) * 0.5;
-  box.extent = (high - low) * 0.5;
+  box.centre = (bounds.low + bounds.high) * 0.5;
+  box.extent = (bounds.high - bounds.low) * 0.5;
   // An unbounded box keeps a centre that can be compared.
   if (!IsFinite(box.centre)) box.centre = {0.0, 0.0, 0.0};
   if (!IsFinite(box.extent)) box.extent = {kInfinity, kInfinity, kInfinity};
@@ -69,12 +64,12 @@ CPolygonBvh::Box CPolygonBvh::BoxAround(const Vector& low, const Vector& high) {
 }
 
 void CPolygonBvh::FitBox(Box& box, const std::vector<Slot>& order, const std::vector<Box>& leaves) {
-  Extremes extremes;
+  Bounds bounds;
   for (std::uint32_t i = box.begin; i < box.end; ++i) {
     const Box& leaf = leaves[order[i]];
-    extremes.Include(leaf.centre - leaf.extent, leaf.centre + leaf.extent);
+    bounds.Include(Bounds{leaf.centre - leaf.extent, leaf.centre + leaf.extent});
   }
-  const Box around = BoxAround(extremes.low, extremes.high);
+  const Box around = BoxAround(bounds);
   box.centre = around.centre;
   box.extent = around.extent;
 }
@@ -109,6 +104,7 @@ void CPolygonBvh::Build(const std::vector<Box>& leaves) {
   }
   for (std::uint32_t i = 0; i < entries_.size(); ++i) {
     entries_[i].slot = order[i];
+    entries_[i].wild = !IsFinite(leaves[order[i]].extent);
     entryOf_[order[i]] = i;
     FillEntry(entries_[i]);
   }

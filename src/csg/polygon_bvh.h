@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "csg/bsp_node.h"
+#include "geometry/bounds.h"
 
 namespace zando {
 
@@ -30,7 +31,7 @@ class CPolygonBvh {
   /// `part` lies within the polygon that the slot held so far.
   void Replace(Slot slot, CBspNode* part);
 
-  /// Borderline: not cut, but nearer to it than a part of the polygon may be off by rounding.
+  /// Borderline: not cut, but a part of the polygon may be: rounding decides.
   enum class Cut { Yes, Borderline };
 
   /// Calls `visit(slot, cut)` for every visible polygon that the plane cuts, or nearly so, until it
@@ -72,6 +73,7 @@ class CPolygonBvh {
     Slot slot = 0;
     std::int32_t count = 0;  ///< vertices of the polygon, also when they do not fit here
     bool counts = false;     ///< live and visible
+    bool wild = false;       ///< its parts may lie anywhere, so it is near every plane
   };
 
   struct Range {
@@ -84,7 +86,7 @@ class CPolygonBvh {
   /// Distances computed for a polygon, a part of it and a box around it differ by less than this.
   [[nodiscard]] double Slack(const Plane& plane) const;
 
-  [[nodiscard]] static Box BoxAround(const Vector& low, const Vector& high);
+  [[nodiscard]] static Box BoxAround(const Bounds& bounds);
   void Build(const std::vector<Box>& leaves);
   static void FitBox(Box& box, const std::vector<Slot>& order, const std::vector<Box>& leaves);
   static std::uint32_t Halve(const Box& box, std::vector<Slot>& order,
@@ -97,7 +99,7 @@ class CPolygonBvh {
   std::vector<std::uint32_t> entryOf_;  ///< by slot
   std::vector<std::uint32_t> leafOf_;   ///< by slot
   std::vector<Box> boxes_;
-  double reach_ = 0.0;  ///< largest coordinate
+  double reach_ = 0.0;  ///< largest coordinate, wild polygons left out
 };
 
 template <typename Visit>
@@ -122,7 +124,7 @@ void CPolygonBvh::VisitCut(const Plane& plane, Visit&& visit) const {
       const Entry& entry = entries_[i];
       if (!entry.counts) continue;
       const Range range = DistanceRange(plane, entry);
-      if (clear(range)) continue;
+      if (!entry.wild && clear(range)) continue;
       const bool cut = range.high > PLANE_EPSILON && range.low < -PLANE_EPSILON;
       if (!visit(entry.slot, cut ? Cut::Yes : Cut::Borderline)) return;
     }

@@ -4,6 +4,9 @@
 #include <limits>
 #include <vector>
 
+#include "csg/coplanar_table.h"
+#include "csg/node_sides.h"
+
 namespace zando {
 namespace {
 
@@ -58,21 +61,14 @@ enum class SameFacing { ToFront, ToChain };
 /// Where one member goes. A member that spans the plane, and may be cut, goes to both sides.
 void SortMember(CConstructiveBsp& tree, CBspNode* splitter, CBspNode* member, SameFacing sameFacing,
                 Partitioned& sides) {
-  PolygonClass side = ClassifyPolygon(splitter->plane, member->polygon);
-  if (side == PolygonClass::Spanning) {
-    if (CBspNode* backPiece = CutOffBack(tree, splitter->plane, member); backPiece != nullptr) {
-      sides.back.Append(backPiece);
-      side = PolygonClass::Front;
-    } else {
-      side = SideOfMean(splitter->plane, member->polygon);
-    }
-  }
-  const bool front = side == PolygonClass::Front || side == PolygonClass::CoplanarSame;
+  const auto [side, backPiece] = SortNode(tree, splitter->plane, member);
+  if (backPiece != nullptr) sides.back.Append(backPiece);
   if (side == PolygonClass::CoplanarSame && sameFacing == SameFacing::ToChain) {
     member->link = nullptr;
     ChainEnd(splitter)->chain = member;
     return;
   }
+  const bool front = GoesToFront(side, kCoplanarTable.partition);
   (front ? sides.front : sides.back).Append(member);
 }
 
@@ -101,15 +97,6 @@ struct PendingCell {
 };
 
 }  // namespace
-
-CBspNode* CutOffBack(CConstructiveBsp& tree, const Plane& plane, CBspNode* node) {
-  CZandoPoly back;
-  if (tree.Split(plane, node->polygon, back) == SplitResult::Refused) return nullptr;
-  CBspNode* backPiece = tree.NewNode();
-  backPiece->TakePolygon(back);
-  backPiece->TakeOwner(*node);
-  return backPiece;
-}
 
 CBspNode* ChooseSplitter(const CNodeList& list) {
   return FewestSpans(list, [](const CandidateCount&) { return true; });

@@ -19,10 +19,6 @@ struct Partitioned {
 /// is none, that is when the list is convex.
 [[nodiscard]] CBspNode* ChooseLeafSplitter(const CNodeList& list);
 
-/// Cuts a polygon that spans the plane: the node keeps the front piece, a new node of the same
-/// owner takes the back piece. Null, and nothing changed, when the split is refused.
-[[nodiscard]] CBspNode* CutOffBack(CConstructiveBsp& tree, const Plane& plane, CBspNode* node);
-
 /// Sorts the members of the list, chains dissolved, to the sides of `splitter`, cutting those that
 /// span its plane. Coplanar polygons of the same facing go to the front. Steps `progress` once.
 [[nodiscard]] Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter,

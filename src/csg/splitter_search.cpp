@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 
+#include "csg/coplanar_table.h"
+#include "csg/node_sides.h"
+
 namespace zando {
 namespace {
 
@@ -25,6 +28,18 @@ std::uint32_t SquareAxis(const Vector& normal) {
 /// Where the plane, square to an axis, stands along it; exact.
 double Position(const Plane& plane, std::uint32_t axis) {
   return Coordinate(plane.normal, axis) > 0.0 ? -plane.d : plane.d;
+}
+
+/// Whether a vertex has a distance from planes square to the axis: the other coordinates enter it
+/// too, and 0 times infinity is not a number.
+bool IsFiniteAcross(const Vector& vertex, std::uint32_t axis) {
+  return (axis == 0 || std::isfinite(vertex.x)) && (axis == 1 || std::isfinite(vertex.y)) &&
+         (axis == 2 || std::isfinite(vertex.z));
+}
+
+/// Of a polygon that is not quite flat. A candidate does not count itself, but an axis would.
+bool IsCutByItself(const CBspNode& node) {
+  return ClassifyPolygon(node.plane, node.polygon) == PolygonClass::Spanning;
 }
 
 std::vector<CBspNode*> Nodes(const std::vector<CSplitterSearch::Member>& members) {
@@ -68,8 +83,7 @@ CSplitterSearch::CSplitterSearch(const std::vector<Member>& members)
 std::uint32_t CSplitterSearch::CountableAxis(Slot slot) const {
   const CBspNode* node = bvh_.At(slot);
   if (HasChain(slot) || !std::isfinite(node->plane.d)) return kNoAxis;
-  // What a polygon bent by rounding does to its own plane is not counted.
-  if (ClassifyPolygon(node->plane, node->polygon) == PolygonClass::Spanning) return kNoAxis;
+  if (IsCutByItself(*node)) return kNoAxis;
   return SquareAxis(node->plane.normal);
 }
 
@@ -84,9 +98,11 @@ CSplitterSearch::Extents CSplitterSearch::ExtentsOf(const CBspNode* node) const 
   for (std::uint32_t axis = 0; axis < kAxes; ++axis) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
+    // A polygon without vertices counts as cut by every plane.
+    if (node->polygon.count == 0) std::swap(low, high);
     for (const Vector& vertex : node->polygon.Vertices()) {
-      if (!IsFinite(vertex)) continue;
       const double coordinate = Coordinate(vertex, axis);
+      if (!IsFiniteAcross(vertex, axis)) continue;
       if (coordinate < low) low = coordinate;
       if (coordinate > high) high = coordinate;
     }
@@ -181,7 +197,8 @@ void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
   if (whole->nValid == 0 && part->nValid != 0) {
     for (Candidate& candidate : candidates_) candidate.complete = false;
   }
-  // A back piece computes its own plane; in its last bits it may differ from the whole's.
+  // A back piece computes its own plane, which may differ from the whole's: in its last bits, or
+  // altogether when the polygon is not quite flat.
   const bool samePlane =
       whole->plane.normal == part->plane.normal && whole->plane.d == part->plane.d;
   if (candidates_[slot].alive && !samePlane) {
@@ -206,20 +223,14 @@ void CSplitterSearch::Shrink(Slot slot, CBspNode* part) {
   watchers.resize(kept);
 }
 
-void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane, Slot splitter) {
+void CSplitterSearch::SortUnclear(CConstructiveBsp& tree, const Plane& plane) {
   for (const Slot slot : sides_.unclear) {
-    if (slot == splitter) continue;
-    CBspNode* node = bvh_.At(slot);
-    PolygonClass side = ClassifyPolygon(plane, node->polygon);
-    if (side == PolygonClass::Spanning) {
-      if (CBspNode* backPiece = CutOffBack(tree, plane, node); backPiece != nullptr) {
-        backPieces_.emplace_back(slot, backPiece);
-        continue;
-      }
-      side = SideOfMean(plane, node->polygon);
+    const auto [side, backPiece] = SortNode(tree, plane, bvh_.At(slot));
+    if (backPiece != nullptr) {
+      backPieces_.emplace_back(slot, backPiece);
+    } else {
+      (GoesToFront(side, kCoplanarTable.partition) ? front_ : back_).push_back(slot);
     }
-    const bool front = side == PolygonClass::Front || side == PolygonClass::CoplanarSame;
-    (front ? front_ : back_).push_back(slot);
   }
 }
 
@@ -236,9 +247,11 @@ CSplitterSearch::Taken CSplitterSearch::Take(CConstructiveBsp& tree, Slot splitt
   backPieces_.clear();
   ++taken_;
 
+  // It goes first: what is left of a polygon that is not quite flat may lie beside its own plane.
+  Leave(splitter);
   const Plane plane = taken.splitter->plane;
   bvh_.SortSides(plane, sides_);
-  SortUnclear(tree, plane, splitter);
+  SortUnclear(tree, plane);
   taken.smallerIsFront = sides_.frontCount + front_.size() <= sides_.backCount + back_.size();
 
   std::vector<Slot>& leaving = taken.smallerIsFront ? front_ : back_;
@@ -248,7 +261,6 @@ CSplitterSearch::Taken CSplitterSearch::Take(CConstructiveBsp& tree, Slot splitt
   std::vector<std::pair<Slot, CBspNode*>> smaller;
   smaller.reserve(leaving.size() + backPieces_.size());
   for (const Slot slot : leaving) smaller.emplace_back(slot, bvh_.At(slot));
-  Leave(splitter);
   for (const Slot slot : leaving) Leave(slot);
   for (const auto& [slot, backPiece] : backPieces_) {
     CBspNode* frontPiece = bvh_.At(slot);

@@ -88,7 +88,7 @@ class CSplitterSearch {
   void Leave(Slot slot);
   void Shrink(Slot slot, CBspNode* part);
   [[nodiscard]] bool IsWatching(const Watcher& watcher) const;
-  void SortUnclear(CConstructiveBsp& tree, const Plane& plane, Slot splitter);
+  void SortUnclear(CConstructiveBsp& tree, const Plane& plane);
 
   CPolygonBvh bvh_;
   std::vector<Candidate> candidates_;

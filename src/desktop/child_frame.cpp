@@ -21,7 +21,9 @@ CChildFrame::CChildFrame(CQtMainWindow& main, std::unique_ptr<CTextureView> view
 template <typename Widget, typename Held>
 void CChildFrame::Hold(std::unique_ptr<Held> view) {
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* widget = new Widget(*view, [this](std::string_view title) { SetTitle(title); });
+  auto* widget = new Widget(
+      *view, [this](std::string_view title) { SetTitle(title); },
+      [this](const std::function<void()>& operation) { main_.RunGuarded(operation); });
   detachWidget_ = [widget] { widget->Detach(); };
   setWidget(widget);
   setFocusProxy(widget);

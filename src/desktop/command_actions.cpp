@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "desktop/command_icon.h"
+#include "desktop/menu_keys.h"
 #include "desktop/qt_text.h"
 
 namespace zando {
@@ -38,8 +39,6 @@ QIcon IconOf(std::string_view name) {
   const QString file = QLatin1String(":/icons/") + TextToQt(name) + QLatin1String(".svg");
   return QIcon(new CCommandIcon(QIcon(file)));
 }
-
-QString EscapeMarks(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
 
 }  // namespace
 
@@ -85,6 +84,7 @@ std::vector<QMenu*> CCommandActions::BuildMenus(std::span<const MenuLine> lines,
       continue;
     }
     auto* menu = new QMenu(TextToQt(line.text), &window_);
+    new CSharedLetters(*menu);
     QObject::connect(menu, &QMenu::aboutToShow, &connections_, refresh);
     if (open.empty()) {
       menus.push_back(menu);
@@ -106,6 +106,9 @@ void CCommandActions::AddLine(QMenu& menu, const MenuLine& line) {
       break;
     case MenuLine::Kind::RecentFiles:
       AddRecentFiles(menu);
+      break;
+    case MenuLine::Kind::OpenWindows:
+      windowMenu_ = &menu;
       break;
     case MenuLine::Kind::Submenu:
       break;

@@ -35,6 +35,9 @@ class CCommandActions {
   /// The accelerators work from now on. They rest while the keys are wanted for typing.
   void BindKeys();
 
+  /// The menu that ends with the open windows; null before it is built.
+  [[nodiscard]] QMenu* WindowMenu() const { return windowMenu_; }
+
   void SetRecentFiles(const std::vector<std::filesystem::path>& files);
 
   /// Enables and checks every action as the commands' targets say.
@@ -59,6 +62,7 @@ class CCommandActions {
   std::vector<Entry> entries_;
   std::vector<Entry> recentFiles_;
   std::vector<QShortcut*> keys_;
+  QMenu* windowMenu_ = nullptr;
   QObject connections_;  ///< ends what Qt would still tell us while the window goes
 };
 

@@ -2,8 +2,8 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QCursor>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <cstdlib>
 
@@ -16,17 +16,19 @@ namespace {
 
 constexpr auto kTitle = "ZANDO";
 
-/// Scaled screens may round the place of the cursor by this much.
-constexpr int kCursorSlack = 2;
-
 /// Refusals in a row until the desktop is taken not to place the cursor.
 constexpr int kCursorAttempts = 5;
 
-QMessageBox::StandardButton Ask(QWidget& parent, QMessageBox::Icon icon, const QString& text,
+/// What opens now belongs to the dialog that is open, and to the main window when none is.
+QWidget* Uppermost(QWidget& mainWindow) {
+  QWidget* dialog = QApplication::activeModalWidget();
+  return dialog != nullptr ? dialog : &mainWindow;
+}
+
+QMessageBox::StandardButton Ask(QWidget& mainWindow, QMessageBox::Icon icon, const QString& text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton proposed) {
-  QMessageBox box(icon, QLatin1String(kTitle), text, buttons, QApplication::activeModalWidget());
-  if (box.parentWidget() == nullptr) box.setParent(&parent, box.windowFlags());
+  QMessageBox box(icon, QLatin1String(kTitle), text, buttons, Uppermost(mainWindow));
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(proposed);
   return static_cast<QMessageBox::StandardButton>(box.exec());
@@ -55,6 +57,18 @@ void Propose(QFileDialog& dialog, const std::filesystem::path& proposal) {
   }
   if (proposal.has_parent_path()) dialog.setDirectory(PathToQt(proposal.parent_path()));
   dialog.selectFile(PathToQt(proposal.filename()));
+}
+
+/// A file whose name has no extension can be opened, too: only a name that is not there gets one.
+void CompleteMissingNames(QFileDialog& dialog) {
+  const auto* field = dialog.findChild<QLineEdit*>();
+  if (field == nullptr) return;
+  const QString extension = dialog.defaultSuffix();
+  QObject::connect(field, &QLineEdit::textChanged, &dialog,
+                   [&dialog, extension](const QString& name) {
+                     const bool isThere = QFileInfo(dialog.directory(), name).isFile();
+                     dialog.setDefaultSuffix(isThere ? QString() : extension);
+                   });
 }
 
 QColor ColorToQt(ColorRef color) {
@@ -95,43 +109,45 @@ YesNo CQtDesktop::AskYesNo(std::string_view question) {
 
 void CQtDesktop::SetStatusText(std::string_view text) { window_.SetStatusText(TextToQt(text)); }
 
+void CQtDesktop::ShowFailure(std::string_view text) { window_.ShowFailure(TextToQt(text)); }
+
+void CQtDesktop::ClearFailure() { window_.ClearFailure(); }
+
 std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& request) {
   const bool saving = request.kind == FileRequest::Kind::Save;
-  QFileDialog dialog(&window_, TextToQt(request.title));
+  QFileDialog dialog(Uppermost(window_), TextToQt(request.title));
   // Choosers of some desktops ask about overwriting before the extension is added.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(TextToQt(request.extension));
   if (!request.filter.empty()) dialog.setNameFilters(NameFilters(request.filter));
+  if (!saving) CompleteMissingNames(dialog);
   Propose(dialog, request.proposal);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return PathFromQt(dialog.selectedFiles().front());
 }
 
 std::optional<ColorRef> CQtDesktop::ChooseColor(ColorRef initial) {
-  QWidget* parent = QApplication::activeModalWidget();
-  const QColor color =
-      QColorDialog::getColor(ColorToQt(initial), parent == nullptr ? &window_ : parent, QString());
+  const QColor color = QColorDialog::getColor(ColorToQt(initial), Uppermost(window_));
   if (!color.isValid()) return std::nullopt;
   return Rgb(static_cast<std::uint32_t>(color.red()), static_cast<std::uint32_t>(color.green()),
              static_cast<std::uint32_t>(color.blue()));
 }
 
-ControlId CQtDesktop::DoModal(CDialog& dialog) { return RunModal(dialog, &window_); }
-
-ScreenPoint CQtDesktop::GetCursorPos() const {
-  const QPoint position = QCursor::pos();
-  return {position.x(), position.y()};
+ControlId CQtDesktop::DoModal(CDialog& dialog) {
+  return RunModal(dialog, Uppermost(window_), [this](const std::function<void()>& operation) {
+    window_.RunGuarded(operation);
+  });
 }
+
+ScreenPoint CQtDesktop::GetCursorPos() const { return pointer_.Position(); }
 
 void CQtDesktop::SetCursorPos(ScreenPoint point) {
   if (!canPlaceCursor_) return;
-  const QPoint wanted(point.x, point.y);
   // A hand that moves on may have carried the cursor off again before it is looked for.
   for (int attempt = 0; attempt < kCursorAttempts; ++attempt) {
-    QCursor::setPos(wanted);
-    if ((QCursor::pos() - wanted).manhattanLength() <= kCursorSlack) return;
+    if (pointer_.MoveTo(point)) return;
   }
   // Remote desktops and some compositors take the request and ignore it.
   canPlaceCursor_ = false;

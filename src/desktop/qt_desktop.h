@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "desktop/pointer.h"
 #include "platform/desktop.h"
 
 namespace zando {
@@ -20,6 +21,8 @@ class CQtDesktop : public CDesktop {
   [[nodiscard]] SaveAnswer AskSaveChanges(std::string_view name) override;
   [[nodiscard]] YesNo AskYesNo(std::string_view question) override;
   void SetStatusText(std::string_view text) override;
+  void ShowFailure(std::string_view text) override;
+  void ClearFailure() override;
   [[nodiscard]] std::optional<std::filesystem::path> ChooseFile(
       const FileRequest& request) override;
   [[nodiscard]] std::optional<ColorRef> ChooseColor(ColorRef initial) override;
@@ -32,6 +35,7 @@ class CQtDesktop : public CDesktop {
 
  private:
   CQtMainWindow& window_;
+  CPointer pointer_;
   bool canPlaceCursor_ = PlatformPlacesCursor();
   bool cursorHidden_ = false;
 

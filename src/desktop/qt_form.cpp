@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QFocusEvent>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QMessageBox>
 #include <QMetaObject>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QValidator>
@@ -24,15 +26,21 @@ namespace {
 
 constexpr int kPictureSize = 128;
 
-/// The core's text is 8-bit: a field refuses what would not survive the way there and back.
-class CLatin1Validator : public QValidator {
+/// The core's text is 8-bit, and a level keeps it in lines: a field takes no other characters,
+/// whether they are typed or pasted among others.
+class CLevelTextValidator : public QValidator {
  public:
   using QValidator::QValidator;
 
-  State validate(QString& input, int& /*position*/) const override {
-    const bool fits = std::all_of(input.cbegin(), input.cend(),
-                                  [](QChar character) { return character.unicode() <= 0xFF; });
-    return fits ? Acceptable : Invalid;
+  State validate(QString& input, int& position) const override {
+    const auto refused = [](QChar character) {
+      const char16_t code = character.unicode();
+      return code > 0xFF || code == 0 || code == u'\n' || code == u'\r';
+    };
+    const auto cursor = input.cbegin() + std::min<qsizetype>(position, input.size());
+    position -= static_cast<int>(std::count_if(input.cbegin(), cursor, refused));
+    input.removeIf(refused);
+    return Acceptable;
   }
 };
 
@@ -65,7 +73,7 @@ int PlaceFor(const QListWidget& list, const QString& text) {
 class CQtForm::CWindow : public QDialog {
  public:
   CWindow(CQtForm& form, QWidget* parent) : QDialog(parent), form_(form) {}
-  void reject() override { form_.Click(IDCANCEL); }
+  void reject() override { form_.Cancel(); }
   void setVisible(bool visible) override {
     QDialog::setVisible(visible);
     if (!visible) return;
@@ -93,7 +101,7 @@ class CQtForm::CDoubleClicks : public QObject {
       return QObject::eventFilter(watched, event);
     }
     form_.TellSelections();
-    form_.dialog_.OnDoubleClick(id_);
+    form_.attempt_([this] { form_.dialog_.OnDoubleClick(id_); });
     return true;
   }
 
@@ -103,9 +111,38 @@ class CQtForm::CDoubleClicks : public QObject {
   QListWidget& list_;
 };
 
-CQtForm::CQtForm(CDialog& dialog, QWidget* parent)
-    : dialog_(dialog), window_(std::make_unique<CWindow>(*this, parent)) {
-  if (!BuildForm(dialog.TemplateId(), *window_)) {
+/// Tells the form which field has the focus. A window that comes to lie over the dialog, or a menu
+/// of the field itself, borrows the focus only.
+class CQtForm::CFieldFocus : public QObject {
+ public:
+  CFieldFocus(CQtForm& form, ControlId id, QLineEdit& field)
+      : QObject(&field), form_(form), id_(id) {
+    field.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn) form_.entered_ = id_;
+    if (event->type() == QEvent::FocusOut) {
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      const bool lent = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+      if (!lent && form_.entered_ == id_) form_.LeaveField();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  CQtForm& form_;
+  ControlId id_;
+};
+
+CQtForm::CQtForm(CDialog& dialog, QWidget* parent, Attempt attempt)
+    : CQtForm(dialog, parent, BuildForm, std::move(attempt)) {}
+
+CQtForm::CQtForm(CDialog& dialog, QWidget* parent, const Builder& build, Attempt attempt)
+    : dialog_(dialog),
+      attempt_(std::move(attempt)),
+      window_(std::make_unique<CWindow>(*this, parent)) {
+  if (!build(dialog.TemplateId(), *window_)) {
     qWarning("there is no form %d", dialog.TemplateId());
   }
   window_->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -113,11 +150,13 @@ CQtForm::CQtForm(CDialog& dialog, QWidget* parent)
     const QVariant id = control->property("controlId");
     if (id.isValid()) controls_[id.toInt()] = control;
   }
-  dialog_.Attach(*this);
+  // Fields check already what the dialog fills them with.
   ConnectControls();
+  dialog_.Attach(*this);
 }
 
 CQtForm::~CQtForm() {
+  entered_.reset();
   dialog_.Detach();
   window_.reset();
 }
@@ -126,7 +165,7 @@ QDialog& CQtForm::Window() { return *window_; }
 
 ControlId CQtForm::Run() {
   window_->exec();
-  return result_;
+  return result_.value_or(IDCANCEL);
 }
 
 template <typename Control>
@@ -141,11 +180,25 @@ void CQtForm::ConnectControls() {
     if (auto* button = qobject_cast<QAbstractButton*>(control)) {
       QObject::connect(button, &QAbstractButton::clicked, window_.get(), [this, id] { Click(id); });
     } else if (auto* field = qobject_cast<QLineEdit*>(control)) {
-      field->setValidator(new CLatin1Validator(field));
+      ConnectField(id, *field);
+    } else if (auto* bar = qobject_cast<QProgressBar*>(control)) {
+      // Work that begins shows the bar, and leaves no time to arrange the controls around it.
+      QSizePolicy policy = bar->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      bar->setSizePolicy(policy);
     } else if (auto* list = qobject_cast<QListWidget*>(control)) {
       ConnectList(id, *list);
     }
   }
+}
+
+void CQtForm::ConnectField(ControlId id, QLineEdit& field) {
+  field.setValidator(new CLevelTextValidator(&field));
+  new CFieldFocus(*this, id, field);
+  QObject::connect(&field, &QLineEdit::textEdited, window_.get(), [this, id] {
+    entered_ = id;
+    attempt_([this, id] { dialog_.OnChange(id); });
+  });
 }
 
 void CQtForm::ConnectList(ControlId id, QListWidget& list) {
@@ -160,11 +213,26 @@ void CQtForm::ConnectList(ControlId id, QListWidget& list) {
 
 void CQtForm::Click(ControlId id) {
   TellSelections();
-  dialog_.Click(id);
+  // A button that is pressed from the keyboard acts while the focus is still in a field.
+  LeaveField();
+  if (!result_) attempt_([this, id] { dialog_.Click(id); });
+}
+
+void CQtForm::Cancel() {
+  TellSelections();
+  entered_.reset();
+  if (!result_) attempt_([this] { dialog_.Click(IDCANCEL); });
+}
+
+void CQtForm::LeaveField() {
+  const auto field = std::exchange(entered_, std::nullopt);
+  if (field && !result_) attempt_([&] { dialog_.OnKillFocus(*field); });
 }
 
 void CQtForm::TellSelections() {
-  for (const ControlId list : std::exchange(changedLists_, {})) dialog_.OnSelectionChange(list);
+  for (const ControlId list : std::exchange(changedLists_, {})) {
+    attempt_([this, list] { dialog_.OnSelectionChange(list); });
+  }
 }
 
 std::string CQtForm::GetText(ControlId id) const {
@@ -176,6 +244,7 @@ void CQtForm::SetText(ControlId id, std::string_view text) {
   if (auto* field = Find<QLineEdit>(id)) {
     field->setText(TextToQt(text));
   } else if (auto* label = Find<QLabel>(id)) {
+    label->setTextFormat(Qt::PlainText);
     label->setText(TextToQt(text));
   }
 }
@@ -195,6 +264,14 @@ void CQtForm::SetChecked(ControlId id, bool checked) {
   button->setAutoExclusive(exclusive);
 }
 
+void CQtForm::SetSorted(ControlId id, bool sorted) {
+  if (sorted) {
+    unsorted_.erase(id);
+  } else {
+    unsorted_.insert(id);
+  }
+}
+
 void CQtForm::ClearList(ControlId id) {
   auto* list = Find<QListWidget>(id);
   if (list == nullptr) return;
@@ -210,7 +287,13 @@ void CQtForm::AddLine(ControlId id, std::string_view text, std::int32_t data) {
   const QString shown = TextToQt(text);
   auto* line = new QListWidgetItem(shown);
   line->setData(Qt::UserRole, data);
-  list->insertItem(PlaceFor(*list, shown), line);
+  list->insertItem(unsorted_.contains(id) ? list->count() : PlaceFor(*list, shown), line);
+}
+
+void CQtForm::SetLineTip(ControlId id, std::int32_t data, std::string_view tip) {
+  const auto* list = Find<QListWidget>(id);
+  QListWidgetItem* line = list != nullptr ? LineOf(*list, data) : nullptr;
+  if (line != nullptr) line->setToolTip(PlainToolTip(TextToQt(tip)));
 }
 
 std::int32_t CQtForm::SelectedLine(ControlId id) const {
@@ -256,12 +339,34 @@ void CQtForm::Show(ControlId id, bool visible) {
   if (auto* control = Find<QWidget>(id)) control->setVisible(visible);
 }
 
-void CQtForm::ReportError(ControlId id, std::string_view message) {
-  QMessageBox::warning(window_.get(), QStringLiteral("ZANDO"), TextToQt(message));
+void CQtForm::Enable(ControlId id, bool enabled) {
+  if (auto* control = Find<QWidget>(id)) control->setEnabled(enabled);
+}
+
+void CQtForm::SetFocus(ControlId id) {
   auto* control = Find<QWidget>(id);
   if (control == nullptr) return;
   control->setFocus();
   if (auto* field = qobject_cast<QLineEdit*>(control)) field->selectAll();
+}
+
+void CQtForm::SetProgressRange(ControlId id, std::int32_t low, std::int32_t high) {
+  if (auto* bar = Find<QProgressBar>(id)) bar->setRange(low, high);
+}
+
+void CQtForm::SetProgressPos(ControlId id, std::int32_t position) {
+  auto* bar = Find<QProgressBar>(id);
+  if (bar == nullptr) return;
+  bar->setValue(std::clamp(position, bar->minimum(), bar->maximum()));
+  bar->repaint();
+}
+
+void CQtForm::ReportError(ControlId id, std::string_view message) {
+  QMessageBox box(QMessageBox::Warning, QStringLiteral("ZANDO"), TextToQt(message), QMessageBox::Ok,
+                  window_.get());
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+  SetFocus(id);
 }
 
 void CQtForm::Close(ControlId result) {
@@ -269,6 +374,8 @@ void CQtForm::Close(ControlId result) {
   window_->done(result);
 }
 
-ControlId RunModal(CDialog& dialog, QWidget* parent) { return CQtForm(dialog, parent).Run(); }
+ControlId RunModal(CDialog& dialog, QWidget* parent, Attempt attempt) {
+  return CQtForm(dialog, parent, std::move(attempt)).Run();
+}
 
 }  // namespace zando

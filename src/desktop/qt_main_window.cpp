@@ -14,6 +14,8 @@
 
 #include "desktop/about_dialog.h"
 #include "desktop/child_frame.h"
+#include "desktop/group_box.h"
+#include "desktop/menu_keys.h"
 #include "desktop/qt_text.h"
 
 namespace zando {
@@ -49,13 +51,17 @@ CQtMainWindow::CQtMainWindow()
                  app_->Run(id);
                  RefreshCommands();
                }),
-      area_(new QMdiArea(this)) {
+      area_(new QMdiArea(this)),
+      windowList_([this](std::size_t index) {
+        if (index < frames_.size()) Activate(*frames_[index]->View());
+      }) {
   setWindowTitle(QLatin1String(kTitle));
   setAcceptDrops(true);
   setCentralWidget(area_);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+  area_->viewport()->installEventFilter(this);
   BuildMenus();
   BuildToolbars();
   BuildStatusBar();
@@ -88,7 +94,9 @@ void CQtMainWindow::BuildMenus() {
   const auto refresh = [this] { RefreshCommands(); };
   emptyMenus_ = actions_.BuildMenus(EmptyMenu(), refresh);
   documentMenus_ = actions_.BuildMenus(DocumentMenu(), refresh);
+  if (QMenu* menu = actions_.WindowMenu()) windowList_.Attach(*menu);
   ShowMenusForDocuments();
+  BindMenuKeys(*this, *menuBar());
 }
 
 void CQtMainWindow::ShowMenusForDocuments() {
@@ -116,7 +124,7 @@ void CQtMainWindow::BuildToolbars() {
 }
 
 void CQtMainWindow::BuildGroupBox() {
-  groupBox_ = new QComboBox(secondToolbar_);
+  groupBox_ = new CGroupBox(secondToolbar_);
   groupBox_->setObjectName(QString::number(kGroupBoxId));
   groupBox_->setAccessibleName(tr("Current group"));
   groupBox_->setToolTip(tr("Current group"));
@@ -134,6 +142,7 @@ void CQtMainWindow::BuildGroupBox() {
     if (app_ != nullptr) app_->SelectGroup(groupBox_->itemData(index).toInt());
     RefreshCommands();
   });
+  connect(groupBox_, &CGroupBox::Left, &connections_, [this] { FocusActiveView(); });
 }
 
 void CQtMainWindow::BuildStatusBar() {
@@ -156,6 +165,21 @@ void CQtMainWindow::RefreshCommands() {
   if (app_ == nullptr) return;
   actions_.Refresh([this](CommandId id) { return app_->Query(id); });
   UpdateTitle();
+  RefreshWindowList();
+}
+
+QString CQtMainWindow::NameOf(const CZANDODoc& document) const {
+  const QString name = PathToQt(document.GetPathName().filename());
+  return name.isEmpty() && app_ != nullptr ? TextToQt(app_->NameOf(document)) : name;
+}
+
+void CQtMainWindow::RefreshWindowList() {
+  std::vector<CWindowList::Line> lines;
+  for (const CChildFrame* frame : frames_) {
+    lines.push_back({NameOf(frame->View()->Document()) + QLatin1Char(' ') + frame->windowTitle(),
+                     frame == activeFrame_});
+  }
+  windowList_.Show(lines);
 }
 
 void CQtMainWindow::UpdateTitle() {
@@ -163,9 +187,7 @@ void CQtMainWindow::UpdateTitle() {
   bool modified = false;
   if (const CChildView* view = ActiveView()) {
     const CZANDODoc& document = view->Document();
-    const QString name = PathToQt(document.GetPathName().filename());
-    title += QLatin1String(" - ") + (name.isEmpty() ? TextToQt(app_->NameOf(document)) : name);
-    title += QLatin1String("[*]");
+    title += QLatin1String(" - ") + NameOf(document) + QLatin1String("[*]");
     modified = document.IsModified();
   }
   if (title != shownTitle_) {
@@ -177,14 +199,36 @@ void CQtMainWindow::UpdateTitle() {
 
 void CQtMainWindow::SetStatusText(const QString& text) {
   message_ = text;
-  promptPane_->setText(text);
+  promptPane_->setText(IdleText());
+}
+
+void CQtMainWindow::ShowFailure(const QString& text) {
+  failure_ = text;
+  SetStatusText({});
+}
+
+void CQtMainWindow::ClearFailure() {
+  if (failure_.isEmpty()) return;
+  failure_.clear();
+  promptPane_->setText(IdleText());
+}
+
+QString CQtMainWindow::IdleText() const {
+  if (!message_.isEmpty()) return message_;
+  return failure_.isEmpty() ? tr(kIdlePrompt) : failure_;
 }
 
 void CQtMainWindow::ShowPrompt(const QString& prompt) {
   // What a menu leaves behind when it closes must not wipe out what its command had to say.
   if (!prompt.isEmpty()) message_.clear();
-  const QString& idle = message_.isEmpty() ? tr(kIdlePrompt) : message_;
-  promptPane_->setText(prompt.isEmpty() ? idle : prompt);
+  promptPane_->setText(prompt.isEmpty() ? IdleText() : prompt);
+}
+
+bool CQtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == area_->viewport() && event->type() == QEvent::Resize) {
+    tiled_.Follow(TilingArea());
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 bool CQtMainWindow::event(QEvent* event) {
@@ -240,6 +284,9 @@ void CQtMainWindow::OpenFrame(CChildFrame* frame) {
   // With its size before the area looks for a place where all of it is seen.
   frame->resize(size() * 3 / 5);
   area_->addSubWindow(frame);
+  connect(
+      frame, &QMdiSubWindow::windowStateChanged, &connections_,
+      [this] { tiled_.Follow(TilingArea()); }, Qt::QueuedConnection);
   ShowMenusForDocuments();
   frame->View()->OnInitialUpdate();
   frame->show();
@@ -263,20 +310,32 @@ void CQtMainWindow::Activate(CChildView& view) {
   SetActiveFrame(frame);
 }
 
+void CQtMainWindow::RunGuarded(const std::function<void()>& operation) {
+  if (app_ == nullptr) return operation();
+  app_->Guard().Attempt({}, operation);
+}
+
 void CQtMainWindow::SetActiveFrame(CChildFrame* frame) {
   if (frame == activeFrame_ || (frame != nullptr && frame->View() == nullptr)) return;
   CChildFrame* before = activeFrame_;
   activeFrame_ = frame;
-  if (before != nullptr) before->View()->OnActivate(CChildView::Activation::Deactivated);
-  if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
+  RunGuarded([&] {
+    if (before != nullptr) before->View()->OnActivate(CChildView::Activation::Deactivated);
+    if (frame != nullptr) frame->View()->OnActivate(CChildView::Activation::Activated);
+  });
   if (app_ != nullptr) app_->OnActiveViewChanged();
   RefreshCommands();
+}
+
+void CQtMainWindow::FocusActiveView() {
+  if (activeFrame_ != nullptr) activeFrame_->setFocus();
 }
 
 bool CQtMainWindow::MayClose(CChildView& view) { return app_ == nullptr || app_->MayClose(view); }
 
 void CQtMainWindow::Forget(CChildFrame& frame) {
   std::erase(frames_, &frame);
+  tiled_.Forget(&frame);
   if (activeFrame_ == &frame) activeFrame_ = nullptr;
 }
 
@@ -315,17 +374,32 @@ int CQtMainWindow::HeightOfIcons() const {
   return height;
 }
 
-void CQtMainWindow::TileFrames(TileOrder order) {
-  std::vector<CChildFrame*> tiled;
-  std::copy_if(frames_.begin(), frames_.end(), std::back_inserter(tiled),
-               [](const CChildFrame* frame) { return !frame->isMinimized(); });
+QRect CQtMainWindow::TilingArea() const {
   // Minimized windows stay visible along the lower edge.
-  const QRect area = area_->viewport()->rect().adjusted(0, 0, 0, -HeightOfIcons());
-  const std::vector<QRect> places = TileArea(area, static_cast<int>(tiled.size()), order);
-  for (std::size_t i = 0; i < tiled.size(); ++i) {
-    tiled[i]->showNormal();
-    tiled[i]->setGeometry(places[i]);
-  }
+  return area_->viewport()->rect().adjusted(0, 0, 0, -HeightOfIcons());
+}
+
+void CQtMainWindow::TileFrames(const std::vector<CChildFrame*>& frames, TileOrder order) {
+  std::vector<QMdiSubWindow*> windows;
+  std::copy_if(frames.begin(), frames.end(), std::back_inserter(windows),
+               [](const CChildFrame* frame) { return !frame->isMinimized(); });
+  tiled_.Tile(windows, TilingArea(), order);
+}
+
+void CQtMainWindow::TileHorizontally(const std::vector<CChildView*>& views) {
+  std::vector<CChildFrame*> frames;
+  std::copy_if(frames_.begin(), frames_.end(), std::back_inserter(frames),
+               [&views](const CChildFrame* frame) {
+                 return std::find(views.begin(), views.end(), frame->View()) != views.end();
+               });
+  TileFrames(frames, TileOrder::Stacked);
+}
+
+void CQtMainWindow::Tile() { TileFrames(frames_, TileOrder::SideBySide); }
+
+void CQtMainWindow::Cascade() {
+  tiled_.Clear();
+  area_->cascadeSubWindows();
 }
 
 void CQtMainWindow::ArrangeIcons() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -12,11 +11,13 @@
 #include "app/editor_app.h"
 #include "app/main_window.h"
 #include "desktop/command_actions.h"
-#include "desktop/tiling.h"
+#include "desktop/tiled_windows.h"
+#include "desktop/window_list.h"
 
 namespace zando {
 
 class CChildFrame;
+class CGroupBox;
 
 /// The main frame on Qt: menus, toolbars and keys from the command table, a status bar, and an area
 /// in which the views have their windows.
@@ -30,6 +31,9 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   /// Commands go to the application from now on. It outlives the child frames, not the window: call
   /// CloseAllChildren before it goes.
   void SetApplication(CEditorApp& app);
+
+  /// Runs what a window hands on to the core; what fails is told of, and goes no further.
+  void RunGuarded(const std::function<void()>& operation);
   void CloseAllChildren();
 
   /// Shows in menus and buttons what the commands' targets say now.
@@ -38,6 +42,10 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   /// A line in the status bar, until the next prompt takes its place.
   void SetStatusText(const QString& text);
 
+  /// A line that comes back after every prompt, until ClearFailure.
+  void ShowFailure(const QString& text);
+  void ClearFailure();
+
   void OpenChild(std::unique_ptr<CZANDOView> view) override;
   void OpenChild(std::unique_ptr<CTextureView> view) override;
   void CloseChild(CChildView& view) override;
@@ -45,9 +53,9 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void Activate(CChildView& view) override;
   void Minimize(CChildView& view) override;
   [[nodiscard]] bool IsMinimized(const CChildView& view) const override;
-  void TileHorizontally() override { TileFrames(TileOrder::Stacked); }
-  void Tile() override { TileFrames(TileOrder::SideBySide); }
-  void Cascade() override { area_->cascadeSubWindows(); }
+  void TileHorizontally(const std::vector<CChildView*>& views) override;
+  void Tile() override;
+  void Cascade() override;
   void ArrangeIcons() override;
   void SetGroupItems(const std::vector<GroupItem>& items, std::int32_t selected) override;
   void SetGridPane(std::string_view text) override;
@@ -66,6 +74,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -77,10 +86,15 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void BuildStatusBar();
   void ShowMenusForDocuments();
   void OpenFrame(CChildFrame* frame);
+  void FocusActiveView();
   void SetActiveFrame(CChildFrame* frame);
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
-  void TileFrames(TileOrder order);
+  [[nodiscard]] QString IdleText() const;
+  void RefreshWindowList();
+  [[nodiscard]] QString NameOf(const CZANDODoc& document) const;
+  void TileFrames(const std::vector<CChildFrame*>& frames, TileOrder order);
+  [[nodiscard]] QRect TilingArea() const;
   [[nodiscard]] CChildFrame* FrameOf(const CChildView& view) const;
   [[nodiscard]] int HeightOfIcons() const;
 
@@ -91,13 +105,16 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   std::vector<QMenu*> documentMenus_;
   QToolBar* mainToolbar_ = nullptr;
   QToolBar* secondToolbar_ = nullptr;
-  QComboBox* groupBox_ = nullptr;
+  CGroupBox* groupBox_ = nullptr;
   QLabel* promptPane_ = nullptr;
   QLabel* gridPane_ = nullptr;
-  QString message_;
+  QString message_;  ///< until the next prompt
+  QString failure_;  ///< until the next command
   QString shownTitle_;
   std::vector<CChildFrame*> frames_;  ///< in the order of opening
   CChildFrame* activeFrame_ = nullptr;
+  CTiledWindows tiled_;
+  CWindowList windowList_;
   QObject connections_;  ///< ends what Qt would still tell us while the window goes
 };
 

@@ -26,4 +26,14 @@ namespace zando {
   return QFile::encodeName(path).toStdString();
 }
 
+/// A menu line that shows the text as it is, without a letter to choose it.
+[[nodiscard]] inline QString EscapeMarks(QString text) {
+  return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+/// A tool tip that shows the text as it is, even when it looks like markup.
+[[nodiscard]] inline QString PlainToolTip(const QString& text) {
+  return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
+}
+
 }  // namespace zando

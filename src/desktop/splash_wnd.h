@@ -6,13 +6,15 @@
 
 namespace zando {
 
-/// The program's picture at start-up. Goes after two seconds, or at the first key or mouse press
-/// anywhere in the application, which nothing else gets to see.
+/// The program's picture at start-up, above the main window. Goes two seconds after it came to be
+/// seen, or at the first key or mouse press anywhere in the application, which nothing else gets to
+/// see. A press before the picture is there is no concern of its own.
 class CSplashWnd : public QWidget {
   Q_OBJECT
 
  public:
-  /// Shows the picture in the middle of the main window's screen; it destroys itself in the end.
+  /// Shows the picture in the middle of the main window's screen, whether or not that window shows
+  /// already; it destroys itself in the end. Returns when it can be seen, or soon.
   static void ShowSplash(QWidget* mainWindow);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -25,7 +27,7 @@ class CSplashWnd : public QWidget {
   void Hide();
 
   QPixmap picture_;
-  QTimer timer_;
+  QTimer timer_;  ///< runs while the picture is seen
 };
 
 }  // namespace zando

@@ -11,13 +11,14 @@
 #include <optional>
 #include <utility>
 
+#include "desktop/device_pixels.h"
 #include "desktop/qt_text.h"
 #include "paint/painter_dc.h"
 
 namespace zando {
 namespace {
 
-/// Of a click on the arrow of a scroll bar; a notch of the wheel is three of them.
+/// Of a click on the arrow of a scroll bar, in pixels; a notch of the wheel is three of them.
 constexpr int kLine = 32;
 
 std::optional<CTextureView::Step> StepOf(int key) {
@@ -52,8 +53,8 @@ void ScrollBarTo(QScrollBar& bar, std::int32_t begin, std::int32_t end) {
 
 }  // namespace
 
-CTextureWidget::CTextureWidget(CTextureView& view, TitleSetter setTitle)
-    : view_(&view), setTitle_(std::move(setTitle)) {
+CTextureWidget::CTextureWidget(CTextureView& view, TitleSetter setTitle, Attempt attempt)
+    : view_(&view), setTitle_(std::move(setTitle)), attempt_(std::move(attempt)) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Textures"));
@@ -77,8 +78,9 @@ void CTextureWidget::Invalidate() { viewport()->update(); }
 void CTextureWidget::RedrawNow() { viewport()->repaint(); }
 
 void CTextureWidget::SetScrollSizes(std::int32_t width, std::int32_t height) {
-  SetRange(*horizontalScrollBar(), width, viewport()->width());
-  SetRange(*verticalScrollBar(), height, viewport()->height());
+  const QSize shown = DeviceSize(*viewport());
+  SetRange(*horizontalScrollBar(), width, shown.width());
+  SetRange(*verticalScrollBar(), height, shown.height());
 }
 
 void CTextureWidget::ScrollTo(const ScreenRect& part) {
@@ -86,32 +88,43 @@ void CTextureWidget::ScrollTo(const ScreenRect& part) {
   ScrollBarTo(*verticalScrollBar(), part.top, part.bottom);
 }
 
-ScreenPoint CTextureWidget::ToPicture(const QPoint& position) const {
-  return {position.x() + horizontalScrollBar()->value(),
-          position.y() + verticalScrollBar()->value()};
+ScreenPoint CTextureWidget::ToPicture(const QPointF& position) const {
+  return Scrolled(ToDevicePixel(*viewport(), position));
+}
+
+ScreenPoint CTextureWidget::Scrolled(const QPoint& pixel) const {
+  return {pixel.x() + horizontalScrollBar()->value(), pixel.y() + verticalScrollBar()->value()};
+}
+
+void CTextureWidget::TellSize() {
+  const QSize pixels = DeviceSize(*viewport());
+  if (pixels == pixels_) return;
+  pixels_ = pixels;
+  if (view_ != nullptr) view_->OnSize(pixels.width());
 }
 
 void CTextureWidget::paintEvent(QPaintEvent* /*event*/) {
   // Textures go into an image of the program's own without a copy in between.
-  const QSize size = viewport()->size();
-  QImage picture(size, QImage::Format_RGB32);
+  TellSize();
+  QImage picture(pixels_, QImage::Format_RGB32);
   picture.fill(Qt::black);
   if (view_ != nullptr) {
     QPainter painter(&picture);
-    CPainterDC dc(painter, size);
+    CPainterDC dc(painter, pixels_);
     const ScreenPoint corner = ToPicture({0, 0});
-    view_->OnDraw(dc, {corner.x, corner.y, corner.x + size.width(), corner.y + size.height()});
+    view_->OnDraw(dc,
+                  {corner.x, corner.y, corner.x + pixels_.width(), corner.y + pixels_.height()});
   }
-  QPainter(viewport()).drawImage(0, 0, picture);
+  QPainter painter(viewport());
+  CountDevicePixels(painter);
+  painter.drawImage(0, 0, picture);
 }
 
-void CTextureWidget::resizeEvent(QResizeEvent* /*event*/) {
-  if (view_ != nullptr) view_->OnSize(viewport()->width());
-}
+void CTextureWidget::resizeEvent(QResizeEvent* /*event*/) { TellSize(); }
 
 void CTextureWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (view_ == nullptr || event->button() != Qt::LeftButton) return;
-  view_->OnLeftButtonUp(ToPicture(event->position().toPoint()));
+  view_->OnLeftButtonUp(Scrolled(ToDevicePixel(*viewport(), *event)));
 }
 
 void CTextureWidget::keyPressEvent(QKeyEvent* event) {
@@ -127,11 +140,23 @@ void CTextureWidget::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool CTextureWidget::event(QEvent* event) {
+  bool known = true;
+  attempt_([&] { known = QAbstractScrollArea::event(event); });
+  return known;
+}
+
 bool CTextureWidget::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
-  const auto* help = static_cast<QHelpEvent*>(event);
-  ShowToolTip(help->pos(), help->globalPos());
-  return true;
+  bool known = true;
+  attempt_([&] {
+    if (event->type() == QEvent::ToolTip) {
+      const auto* help = static_cast<QHelpEvent*>(event);
+      ShowToolTip(help->pos(), help->globalPos());
+    } else {
+      known = QAbstractScrollArea::viewportEvent(event);
+    }
+  });
+  return known;
 }
 
 void CTextureWidget::ShowToolTip(const QPoint& position, const QPoint& onScreen) {
@@ -140,16 +165,17 @@ void CTextureWidget::ShowToolTip(const QPoint& position, const QPoint& onScreen)
     QToolTip::hideText();
     return;
   }
-  const Texture& texture = view_->Document().Textures().Textures()[static_cast<std::size_t>(*index)];
+  const Texture& texture =
+      view_->Document().Textures().Textures()[static_cast<std::size_t>(*index)];
   const QString text = QStringLiteral("%1, %2 x %3")
                            .arg(TextToQt(texture.name), QString::number(texture.width),
                                 QString::number(texture.height));
   const ScreenRect place = view_->PlaceOf(*index);
   const ScreenPoint corner = ToPicture({0, 0});
-  // A name may look like markup, which a tool tip would obey.
-  QToolTip::showText(
-      onScreen, QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()),
-      viewport(), {place.left - corner.x, place.top - corner.y, texture.width, texture.height});
+  const double scale = devicePixelRatioF();
+  const QRectF shown((place.left - corner.x) / scale, (place.top - corner.y) / scale,
+                     texture.width / scale, texture.height / scale);
+  QToolTip::showText(onScreen, PlainToolTip(text), viewport(), shown.toAlignedRect());
 }
 
 }  // namespace zando

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string_view>
 
+#include "desktop/attempt.h"
 #include "platform/desktop.h"
 #include "views/texture_view.h"
 
@@ -16,7 +17,7 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
   using TitleSetter = std::function<void(std::string_view)>;
 
   /// `setTitle` is called with every title that the view wants for its frame.
-  CTextureWidget(CTextureView& view, TitleSetter setTitle);
+  CTextureWidget(CTextureView& view, TitleSetter setTitle, Attempt attempt = RunUnguarded);
   CTextureWidget(const CTextureWidget&) = delete;
   CTextureWidget& operator=(const CTextureWidget&) = delete;
   ~CTextureWidget() override;
@@ -38,14 +39,20 @@ class CTextureWidget : public QAbstractScrollArea, public CScrollWindow {
   void resizeEvent(QResizeEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  /// All that comes in comes through these two; nothing that is thrown goes out.
+  bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 
  private:
-  [[nodiscard]] ScreenPoint ToPicture(const QPoint& position) const;
+  void TellSize();
+  [[nodiscard]] ScreenPoint ToPicture(const QPointF& position) const;
+  [[nodiscard]] ScreenPoint Scrolled(const QPoint& pixel) const;
   void ShowToolTip(const QPoint& position, const QPoint& onScreen);
 
   CTextureView* view_;
   TitleSetter setTitle_;
+  Attempt attempt_;
+  QSize pixels_;  ///< the size that the view knows
 };
 
 }  // namespace zando

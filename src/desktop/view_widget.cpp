@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "desktop/device_pixels.h"
 #include "paint/painter_dc.h"
 
 namespace zando {
@@ -50,15 +51,10 @@ std::optional<CZANDOView::Key> KeyOf(const QKeyEvent& event) {
   }
 }
 
-ScreenPoint PositionOf(const QMouseEvent& event) {
-  const QPoint position = event.position().toPoint();
-  return {position.x(), position.y()};
-}
-
 }  // namespace
 
-CViewWidget::CViewWidget(CZANDOView& view, TitleSetter setTitle)
-    : view_(&view), setTitle_(std::move(setTitle)) {
+CViewWidget::CViewWidget(CZANDOView& view, TitleSetter setTitle, Attempt attempt)
+    : view_(&view), setTitle_(std::move(setTitle)), attempt_(std::move(attempt)) {
   // Every paint covers the whole widget, and Qt shows it only when it is complete.
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -99,18 +95,21 @@ void CViewWidget::EraseDragRect() {
 
 void CViewWidget::DrawPicture() {
   // Lines drawn into an image of the program's own are several times as quick as on the widget.
-  if (picture_.size() != size()) picture_ = QImage(size(), QImage::Format_RGB32);
+  TellSize();
+  if (picture_.size() != pixels_) picture_ = QImage(pixels_, QImage::Format_RGB32);
   if (view_ == nullptr || view_->ErasesBackground()) picture_.fill(Qt::black);
   if (view_ == nullptr) return;
   QPainter painter(&picture_);
-  CPainterDC dc(painter, size());
+  CPainterDC dc(painter, pixels_);
   view_->OnDraw(dc);
 }
 
 void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
-  if (stale_ || picture_.size() != size()) DrawPicture();
+  // The window may have come to a screen of another scale.
+  if (stale_ || picture_.size() != DeviceSize(*this)) DrawPicture();
   stale_ = false;
   QPainter painter(this);
+  CountDevicePixels(painter);
   painter.drawImage(0, 0, picture_);
   if (dragRect_.isNull()) return;
   constexpr int t = kFrameThickness;
@@ -119,8 +118,18 @@ void CViewWidget::paintEvent(QPaintEvent* /*event*/) {
   for (const QRect& side : frame) painter.fillRect(side, Qt::white);
 }
 
-void CViewWidget::resizeEvent(QResizeEvent* /*event*/) {
-  if (view_ != nullptr) view_->OnSize(width(), height());
+void CViewWidget::resizeEvent(QResizeEvent* /*event*/) { TellSize(); }
+
+void CViewWidget::TellSize() {
+  const QSize pixels = DeviceSize(*this);
+  if (pixels == pixels_) return;
+  pixels_ = pixels;
+  if (view_ != nullptr) view_->OnSize(pixels.width(), pixels.height());
+}
+
+ScreenPoint CViewWidget::PositionOf(const QMouseEvent& event) const {
+  const QPoint pixel = ToDevicePixel(*this, event);
+  return {pixel.x(), pixel.y()};
 }
 
 void CViewWidget::mousePressEvent(QMouseEvent* event) {
@@ -170,10 +179,14 @@ void CViewWidget::hideEvent(QHideEvent* event) {
 }
 
 bool CViewWidget::event(QEvent* event) {
-  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
-    LoseCapture();
-  }
-  return QWidget::event(event);
+  bool known = true;
+  attempt_([&] {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate) {
+      LoseCapture();
+    }
+    known = QWidget::event(event);
+  });
+  return known;
 }
 
 }  // namespace zando

@@ -6,18 +6,20 @@
 #include <functional>
 #include <string_view>
 
+#include "desktop/attempt.h"
 #include "platform/desktop.h"
 #include "views/zando_view.h"
 
 namespace zando {
 
-/// The window of one view: paints it and brings it size and mouse. Outlives the view by Detach.
+/// The window of one view: paints it and brings it size and mouse, in pixels of the device.
+/// Outlives the view by Detach.
 class CViewWidget : public QWidget, public CViewWindow {
  public:
   using TitleSetter = std::function<void(std::string_view)>;
 
   /// `setTitle` is called with every title that the view wants for its frame.
-  CViewWidget(CZANDOView& view, TitleSetter setTitle);
+  CViewWidget(CZANDOView& view, TitleSetter setTitle, Attempt attempt = RunUnguarded);
   CViewWidget(const CViewWidget&) = delete;
   CViewWidget& operator=(const CViewWidget&) = delete;
   ~CViewWidget() override;
@@ -47,17 +49,22 @@ class CViewWidget : public QWidget, public CViewWindow {
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  /// Everything comes in here; nothing that is thrown goes out.
   bool event(QEvent* event) override;
 
  private:
+  [[nodiscard]] ScreenPoint PositionOf(const QMouseEvent& event) const;
+  void TellSize();
   void LoseCapture();
   void DrawPicture();
 
   CZANDOView* view_;
   TitleSetter setTitle_;
+  Attempt attempt_;
+  QSize pixels_;       ///< the size that the view knows
   QImage picture_;     ///< what the view drew last
   bool stale_ = true;  ///< the picture is to be drawn anew
-  QRect dragRect_;     ///< frame over the picture, null when there is none
+  QRect dragRect_;     ///< frame over the picture in its pixels, null when there is none
   bool captured_ = false;
 };
 

@@ -24,7 +24,7 @@ std::string LineOf(const CBGroup& group) {
 
 void CGroupAttributesDlg::Run() {
   selected_ = document_.State().CurrentGroup;
-  desktop_.DoModal(*this);
+  if (desktop_.DoModal(*this) == IDOK) document_.SetModifiedFlag();
   SetCurrentGroup(document_, selected_);
 }
 

@@ -15,7 +15,8 @@ class CGroupAttributesDlg : public CDialog {
   CGroupAttributesDlg(CZANDODoc& document, CDesktop& desktop)
       : document_(document), desktop_(desktop) {}
 
-  /// Starts at the current group; the one chosen last becomes it, whatever closed the dialog.
+  /// Starts at the current group; the one chosen last becomes it, whatever closed the dialog. The
+  /// level counts as modified after OK, else only when a group was changed.
   void Run();
 
   [[nodiscard]] std::int32_t TemplateId() const override { return 145; }

@@ -47,10 +47,8 @@ class CBrushList {
   CBrushList() = default;
   CBrushList(const CBrushList& source);
   CBrushList(CBrushList&&) noexcept = default;
-  CBrushList& operator=(CBrushList source) noexcept {
-    brushes_.swap(source.brushes_);
-    return *this;
-  }
+  CBrushList& operator=(const CBrushList& source) { return *this = CBrushList(source); }
+  CBrushList& operator=(CBrushList&&) noexcept = default;
   ~CBrushList() = default;
 
   friend bool operator==(const CBrushList& a, const CBrushList& b);

@@ -1,8 +1,10 @@
 #include "document/document_file.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <new>
+#include <string>
 #include <utility>
 
 #include "document/change.h"
@@ -20,6 +22,18 @@ void NumberBrushes(CFileContext& file, const CBrushList& list) {
   }
 }
 
+/// Brushes of entities that are not there: no export writes them.
+void WarnOfLostBrushes(CFileContext& file, const Level& level) {
+  std::size_t position = 0;
+  for (const CZandoBrush& brush : level.BrushList) {
+    if (brush.BelongsToEntity() && !level.IsEntity(brush.BEnt)) {
+      file.Warn("brush " + std::to_string(position) + " belongs to entity " +
+                std::to_string(brush.BEnt) + ", and there is none");
+    }
+    ++position;
+  }
+}
+
 }  // namespace
 
 void Serialise(CFileContext& file, Level& level, std::int32_t& entity, std::int32_t& group) {
@@ -31,12 +45,13 @@ void Serialise(CFileContext& file, Level& level, std::int32_t& entity, std::int3
   Serialise(file, level.Entities, entity);
   Serialise(file, level.Groups, group);
   if (file.storing) return;
+  WarnOfLostBrushes(file, level);
   for (CEntity& read : level.Entities) read.ParseOrigin();
   if (!level.IsEntity(entity)) entity = -1;
   if (!level.IsGroup(group)) group = -1;
 }
 
-LoadedDocument ReadDocument(std::string_view text) {
+CResult<LoadedDocument> ReadDocument(std::string_view text) {
   try {
     auto document = std::make_unique<CZANDODoc>();
     CFileContext file(text);
@@ -45,11 +60,11 @@ LoadedDocument ReadDocument(std::string_view text) {
       EditingState& state = change.state;
       Serialise(file, change.level, state.CurrentEntity, state.CurrentGroup);
     }
-    return {std::move(document), {}};
+    return LoadedDocument{std::move(document), file.TakeWarnings()};
   } catch (const CFileError& error) {
-    return {nullptr, error.what()};
+    return Failure{error.what()};
   } catch (const std::bad_alloc&) {
-    return {nullptr, "there is not enough memory to hold the level"};
+    return Failure{"there is not enough memory to hold the level"};
   }
 }
 
@@ -64,20 +79,20 @@ std::string WriteDocument(const CZANDODoc& document) {
   return file.TakeOutput();
 }
 
-LoadedDocument LoadDocumentFile(const std::filesystem::path& path) {
-  const FileContents contents = ReadWholeFile(path);
-  if (!contents.bytes) return {nullptr, contents.error};
-  LoadedDocument loaded = ReadDocument(*contents.bytes);
-  if (loaded.document) loaded.document->SetPathName(path);
+CResult<LoadedDocument> LoadDocumentFile(const std::filesystem::path& path) {
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) return Failure{bytes.Error()};
+  auto loaded = ReadDocument(*bytes);
+  if (loaded) loaded->document->SetPathName(path);
   return loaded;
 }
 
-std::string SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
-  std::string error = WriteFileAtomically(path, WriteDocument(document));
-  if (!error.empty()) return error;
+CResult<CReport> SaveDocumentFile(CZANDODoc& document, const std::filesystem::path& path) {
+  auto saved = WriteFileAtomically(path, WriteDocument(document));
+  if (!saved) return saved;
   document.SetPathName(path);
   document.SetModifiedFlag(false);
-  return error;
+  return saved;
 }
 
 }  // namespace zando

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
-#include <system_error>
+#include <cmath>
 #include <utility>
 
 #include "platform/text.h"
@@ -14,28 +13,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlank = " \t\v\f\r";
-constexpr std::string_view kSpace = " \t\v\f\r\n";
-constexpr int kSignificantDigits = 6;
-
-void AppendNumber(std::string& text, double number) {
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                 std::chars_format::general, kSignificantDigits);
-  text.append(digits.data(), end.ptr);
-}
-
-/// Takes a number from the front of the text; on an error the number is left as it was.
-template <typename Number>
-std::errc TakeNumber(std::string_view& text, Number& number) {
-  text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  Number parsed{};
-  const auto end = std::from_chars(text.data(), text.data() + text.size(), parsed);
-  if (end.ec != std::errc{}) return end.ec;
-  number = parsed;
-  text.remove_prefix(static_cast<std::size_t>(end.ptr - text.data()));
-  return {};
-}
 
 std::array<double, 16> Entries(const Transform& transform) {
   std::array<double, 16> entries;
@@ -56,6 +33,7 @@ CFileContext::CFileContext(std::string_view text) : storing(false), text_(text) 
     }
     start = end + 1;
   }
+  WarnOfNulBytes();
 }
 
 std::int32_t CFileContext::PositionOf(const CZandoBrush* brush, std::int32_t otherwise) const {
@@ -128,9 +106,10 @@ bool CFileContext::Header(std::string_view key) {
 
 bool CFileContext::Exchange(std::string_view key, std::int32_t& number) {
   if (storing) {
-    std::array<char, 16> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    WriteKeyLine(key, {digits.data(), end.ptr});
+    output_ += key;
+    output_ += ' ';
+    AppendNumber(output_, number);
+    output_ += kLineEnd;
     return true;
   }
   if (!FindKey(key)) return false;
@@ -159,7 +138,7 @@ bool CFileContext::Exchange(std::string_view key, std::string& text) {
 bool CFileContext::Exchange(std::string_view key, Vector& vector) {
   std::array<double, 3> numbers{vector.x, vector.y, vector.z};
   if (storing) {
-    WriteNumbers(key, numbers);
+    WriteNumbers(key, numbers, Digits::Six);
     return true;
   }
   if (!FindKey(key)) return false;
@@ -171,7 +150,7 @@ bool CFileContext::Exchange(std::string_view key, Vector& vector) {
 bool CFileContext::Exchange(std::string_view key, Transform& transform) {
   std::array<double, 16> numbers = Entries(transform);
   if (storing) {
-    WriteNumbers(key, numbers);
+    WriteNumbers(key, numbers, Digits::Shortest);
     return true;
   }
   if (!FindKey(key)) return false;
@@ -194,9 +173,8 @@ std::int32_t CFileContext::Count(std::string_view key, std::size_t stored,
   count = 0;
   if (!FindKey(key)) return count;
   std::string_view value = Value().value_or("");
-  const std::errc error = TakeNumber(value, count);
-  if (error == std::errc::result_out_of_range || count < 0 ||
-      std::cmp_greater(count, RoomFor(itemKey))) {
+  const Taken taken = TakeNumber(value, count);
+  if (taken == Taken::OutOfRange || count < 0 || std::cmp_greater(count, RoomFor(itemKey))) {
     RefuseLine(std::string(key) + " is negative or larger than the rest of the file can hold");
   }
   return count;
@@ -229,20 +207,25 @@ void CFileContext::RequiredHeader(std::string_view key) {
   if (!Header(key)) RefuseMissing(key);
 }
 
-void CFileContext::WriteNumbers(std::string_view key, std::span<const double> numbers) {
+void CFileContext::WriteNumbers(std::string_view key, std::span<const double> numbers,
+                                Digits digits) {
   output_ += key;
   for (const double number : numbers) {
     output_ += ' ';
-    AppendNumber(output_, number);
+    AppendNumber(output_, number, digits);
   }
   output_ += kLineEnd;
 }
 
-void CFileContext::ReadNumbers(std::span<double> numbers) const {
+void CFileContext::ReadNumbers(std::span<double> numbers) {
   std::string_view value = Value().value_or("");
+  bool allFinite = true;
   for (double& number : numbers) {
-    if (TakeNumber(value, number) != std::errc{}) return;
+    const Taken taken = TakeNumber(value, number);
+    allFinite = allFinite && taken != Taken::OutOfRange && std::isfinite(number);
+    if (taken != Taken::Number) break;
   }
+  if (!allFinite) WarnLine("a number is not finite, or out of range");
 }
 
 std::size_t CFileContext::LineNumber() const {
@@ -257,17 +240,53 @@ void CFileContext::RefuseLine(std::string_view reason) const {
 }
 
 void CFileContext::RefuseMissing(std::string_view key) const {
-  std::string message = "not a level file: no line \"" + std::string(key) + "\"";
-  if (position_ != 0) message += " where it should follow line " + std::to_string(LineNumber());
-  throw CFileError(message);
+  throw CFileError("not a level file: " + MissingText(key));
+}
+
+std::string CFileContext::MissingText(std::string_view key) const {
+  std::string text = "no line \"" + std::string(key) + "\"";
+  if (position_ != 0) text += " where it should follow line " + std::to_string(LineNumber());
+  return text;
+}
+
+// To number a line takes a pass over the file, so that none is numbered only to be counted.
+void CFileContext::WarnMissing(std::string_view key) {
+  Warn(warnings_.IsFull() ? std::string() : MissingText(key));
+}
+
+void CFileContext::WarnLine(std::string_view what) {
+  Warn(warnings_.IsFull() ? std::string()
+                          : "line " + std::to_string(LineNumber()) + ": " + std::string(what));
+}
+
+void CFileContext::WarnIfFewer(std::string_view key, std::int32_t announced, std::int32_t came) {
+  if (came >= announced) return;
+  WarnLine("of " + std::to_string(announced) + " that " + std::string(key) + " announced, " +
+           std::to_string(came) + " came");
+}
+
+void CFileContext::WarnUnlessEnded(std::string_view endKey, std::string_view itemKey) {
+  const std::size_t end = NextMatch(endKey);
+  if (end == starts_.size()) {
+    WarnMissing(endKey);
+  } else if (end > position_ && Scan(itemKey, position_) < end) {
+    WarnLine("more \"" + std::string(itemKey) + "\" follow than were announced");
+  }
+}
+
+void CFileContext::WarnOfNulBytes() {
+  const std::size_t first = text_.find('\0');
+  if (first == std::string_view::npos) return;
+  const std::string_view before = text_.substr(0, first);
+  const auto lines = std::count(before.begin(), before.end(), '\n') + 1;
+  const auto bytes = std::count(text_.begin(), text_.end(), '\0');
+  Warn("line " + std::to_string(lines) + ": a NUL byte, of " + std::to_string(bytes) +
+       " in the file");
 }
 
 bool PrintsTheSame(double a, double b) {
   if (std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b)) return true;
-  std::array<std::string, 2> printed;
-  AppendNumber(printed[0], a);
-  AppendNumber(printed[1], b);
-  return printed[0] == printed[1];
+  return NumberText(a, Digits::Six) == NumberText(b, Digits::Six);
 }
 
 }  // namespace zando

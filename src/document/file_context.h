@@ -14,6 +14,8 @@
 #include "geometry/brush.h"
 #include "geometry/transform.h"
 #include "geometry/vector.h"
+#include "platform/number_text.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -37,7 +39,7 @@ class CFileContext {
   /// A context that writes.
   CFileContext() : storing(true) {}
 
-  /// A context that reads this text, which must outlive it.
+  /// A context that reads this text, which must outlive it. Of NUL bytes in it a note is taken.
   explicit CFileContext(std::string_view text);
 
   /// The listed brush's position, or `otherwise` for any other brush.
@@ -57,7 +59,9 @@ class CFileContext {
 
   /// The operations below write the line of a field, or find it and read it. A line that is
   /// missing, has no value or holds no number leaves the field, as do numbers missing at the end of
-  /// a line. They return whether the line is in the file.
+  /// a line. They return whether the line is in the file. Vectors are written with six significant
+  /// digits, a transform with as many as make it read back the same: six would tear apart the faces
+  /// that meet in a turned group.
   bool Header(std::string_view key);
   bool Exchange(std::string_view key, std::int32_t& number);
   bool Exchange(std::string_view key, std::uint32_t& colour);
@@ -82,6 +86,21 @@ class CFileContext {
   /// Refuses the file for what stands in `line`.
   [[noreturn]] void RefuseLine(std::string_view reason) const;
 
+  /// Reading goes on, but the level is not what was once saved: the operations below take a note of
+  /// why, for a person.
+  void Warn(std::string what) { warnings_.Add(std::move(what)); }
+
+  /// A line that every writer of the format writes was looked for in vain.
+  void WarnMissing(std::string_view key);
+
+  /// Fewer items came than the line of the key announced, if they did.
+  void WarnIfFewer(std::string_view key, std::int32_t announced, std::int32_t came);
+
+  /// The line that ends a list is missing, or further items stand before it.
+  void WarnUnlessEnded(std::string_view endKey, std::string_view itemKey);
+
+  [[nodiscard]] CReport TakeWarnings() { return std::move(warnings_); }
+
  private:
   [[nodiscard]] std::size_t NextMatch(std::string_view key);
   [[nodiscard]] std::size_t Scan(std::string_view key, std::size_t from) const;
@@ -89,11 +108,15 @@ class CFileContext {
   [[nodiscard]] std::string_view TrimmedLine(std::size_t index) const;
   [[nodiscard]] std::size_t RoomFor(std::string_view itemKey) const;
   [[nodiscard]] std::size_t LineNumber() const;
+  [[nodiscard]] std::string MissingText(std::string_view key) const;
+  void WarnLine(std::string_view what);
+  void WarnOfNulBytes();
   [[noreturn]] void RefuseMissing(std::string_view key) const;
-  void WriteNumbers(std::string_view key, std::span<const double> numbers);
-  void ReadNumbers(std::span<double> numbers) const;
+  void WriteNumbers(std::string_view key, std::span<const double> numbers, Digits digits);
+  void ReadNumbers(std::span<double> numbers);
 
   std::string output_;
+  CReport warnings_;
 
   std::string_view text_;
   std::vector<std::size_t> starts_;  ///< first byte of every line that holds more than white space

@@ -38,8 +38,8 @@ void CreateNewGroup(CZANDODoc& document) {
 
 void CreateEmptyGroup(CZANDODoc& document) {
   CChange change(document, kTouchedLevel | kTouchedGroups);
-  change.state.CurrentGroup = static_cast<std::int32_t>(change.level.Groups.size());
   change.level.Groups.emplace_back();
+  change.state.CurrentGroup = static_cast<std::int32_t>(change.level.Groups.size()) - 1;
   change.level.Groups.back().ComputeCentre(change.level.BrushList.Head(),
                                            change.state.CurrentGroup);
 }

@@ -15,17 +15,24 @@ bool ShowsEntity(const CEntity& entity, const EditingState& state) {
 }  // namespace
 
 void BoxSelect(CZANDODoc& document, const ViewRect& rect, Selection selection) {
+  SelectShown(
+      document, [&](const CEntity& entity) { return entity.InRect(rect); },
+      [&](const CZandoBrush& brush) { return brush.InRect(rect); }, selection);
+}
+
+void SelectShown(CZANDODoc& document, const std::function<bool(const CEntity&)>& holdsEntity,
+                 const std::function<bool(const CZandoBrush&)>& holdsBrush, Selection selection) {
   CChange change(document, kTouchedDisplay);
   const bool select = selection == Selection::Select;
   for (CEntity& entity : change.level.Entities) {
-    if (!ShowsEntity(entity, change.state) || !entity.InRect(rect)) continue;
-    SetBit(entity.eFlags, EF_SELECTED, select);
+    const bool isDrawn = ShowsEntity(entity, change.state) && entity.eStyle == 0;
+    if (isDrawn && holdsEntity(entity)) SetBit(entity.eFlags, EF_SELECTED, select);
   }
   // From the first brush of the world on, brushes of entities are taken like any other.
   bool reached = false;
   for (CZandoBrush& brush : change.level.BrushList) {
     reached |= brush.IsShown() && !brush.BelongsToEntity();
-    if (reached && brush.IsShown() && brush.InRect(rect)) {
+    if (reached && brush.IsShown() && holdsBrush(brush)) {
       SetBit(brush.BFlags, BF_SELECTED, select);
     }
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "document/zando_doc.h"
 #include "geometry/axes.h"
@@ -14,6 +15,11 @@ enum class Selection { Select, Deselect };
 /// Takes what is shown and lies in a rectangle of a view into the selection, or out of it: entities
 /// by their origin, brushes by their whole bounds, from the first one that belongs to no entity on.
 void BoxSelect(CZANDODoc& document, const ViewRect& rect, Selection selection);
+
+/// The same for any other part of a view; what is asked whether it lies there is shown, and an
+/// entity has an origin.
+void SelectShown(CZANDODoc& document, const std::function<bool(const CEntity&)>& holdsEntity,
+                 const std::function<bool(const CZandoBrush&)>& holdsBrush, Selection selection);
 
 void SelectAll(CZANDODoc& document);
 

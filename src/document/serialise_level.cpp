@@ -1,5 +1,6 @@
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -53,20 +54,33 @@ void SerialisePairs(CFileContext& file, std::vector<EntityPair>& pairs) {
     }
     return;
   }
+  std::int32_t whole = 0;
   for (std::int32_t i = 0; i < count; ++i) {
     EntityPair pair;
     const bool hasKey = file.Exchange("K", pair.key);
     const bool hasValue = file.Exchange("V", pair.value);
     // Neither has moved on in the file: none of the pairs still announced can be there.
-    if (!hasKey && !hasValue) return;
+    if (!hasKey && !hasValue) break;
     pairs.push_back(std::move(pair));
+    if (hasKey && hasValue) ++whole;
   }
+  file.WarnIfFewer("ePairCount", count, whole);
 }
 
+/// What a section begins with. A file can do without the section, but no writer leaves it out.
+bool TakeHead(CFileContext& file, std::string_view key) {
+  const bool present = file.Header(key);
+  if (!present) file.WarnMissing(key);
+  return present;
+}
+
+/// The items of a list and the line that ends it, which reading leaves to be passed over.
 template <typename Item>
-void SerialiseItems(CFileContext& file, std::vector<Item>& items, std::int32_t count) {
+void SerialiseItems(CFileContext& file, std::vector<Item>& items, std::int32_t count,
+                    std::string_view itemKey, std::string_view endKey) {
   if (file.storing) {
     for (Item& item : items) Serialise(file, item);
+    file.WriteKeyLine(endKey);
     return;
   }
   for (std::int32_t i = 0; i < count; ++i) {
@@ -74,6 +88,7 @@ void SerialiseItems(CFileContext& file, std::vector<Item>& items, std::int32_t c
     Serialise(file, item);
     items.push_back(std::move(item));
   }
+  file.WarnUnlessEnded(endKey, itemKey);
 }
 
 }  // namespace
@@ -88,11 +103,13 @@ void Serialise(CFileContext& file, CZandoPoly& polygon) {
     return;
   }
   polygon.count = 0;
+  std::int32_t came = 0;
   for (std::int32_t i = 0; i < count; ++i) {
     Vector vertex{0.0, 0.0, 0.0};
-    file.Exchange("V", vertex);
+    if (file.Exchange("V", vertex)) ++came;
     polygon.Append(vertex);
   }
+  file.WarnIfFewer("NumVrts", count, came);
 }
 
 void Serialise(CFileContext& file, CZandoBrush& brush) {
@@ -118,17 +135,18 @@ void Serialise(CFileContext& file, CZandoBrush& brush) {
   }
   SerialisePolygons(file, brush);
   SerialisePlacement(file, brush);
-  file.Header("End CZandoBrush");
+  if (!file.Header("End CZandoBrush")) file.WarnMissing("End CZandoBrush");
 }
 
 void SerialiseBrushList(CFileContext& file, Level& level) {
-  file.EndMarker = "End Class CBrushList";
-  if (!file.Header("Class CBrushList")) return;
+  constexpr std::string_view kEnd = "End Class CBrushList";
+  file.EndMarker = kEnd;
+  if (!TakeHead(file, "Class CBrushList")) return;
   const auto listed = static_cast<std::size_t>(level.BrushList.BrushCount());
   const std::int32_t count = file.RequiredCount("BrushCount", listed, "CZandoBrush");
   if (file.storing) {
     for (CZandoBrush& brush : level.BrushList) Serialise(file, brush);
-    file.WriteKeyLine("End Class CBrushList");
+    file.WriteKeyLine(kEnd);
     return;
   }
   for (std::int32_t i = 0; i < count; ++i) {
@@ -136,44 +154,43 @@ void SerialiseBrushList(CFileContext& file, Level& level) {
     Serialise(file, brush);
     level.AddBrush(brush);
   }
+  file.WarnUnlessEnded(kEnd, "CZandoBrush");
 }
 
 void Serialise(CFileContext& file, CEntity& entity) {
   file.EndMarker = "End CEntity";
-  if (!file.Header("CEntity")) return;
+  if (!TakeHead(file, "CEntity")) return;
   file.Exchange("eStyle", entity.eStyle);
   file.Exchange("eOrigin", entity.eOrigin);
   file.Exchange("eFlags", entity.eFlags);
   file.Exchange("eGroup", entity.eGroup);
   SerialisePairs(file, entity.Pairs);
-  file.Header("End CEntity");
+  if (!file.Header("End CEntity")) file.WarnMissing("End CEntity");
 }
 
 void Serialise(CFileContext& file, CEntList& entities, std::int32_t& current) {
   file.EndMarker = "End CEntList";
-  if (!file.Header("Class CEntList")) return;
+  if (!TakeHead(file, "Class CEntList")) return;
   const std::int32_t count = file.RequiredCount("EntCount", entities.size(), "CEntity");
   file.Exchange("CurEnt", current);
-  SerialiseItems(file, entities, count);
-  if (file.storing) file.WriteKeyLine("End CEntList");
+  SerialiseItems(file, entities, count, "CEntity", "End CEntList");
 }
 
 void Serialise(CFileContext& file, CBGroup& group) {
   file.EndMarker = "End CBGroup";
-  if (!file.Header("CBGroup")) return;
+  if (!TakeHead(file, "CBGroup")) return;
   file.Exchange("gVis", group.gVis);
   file.Exchange("gName", group.gName);
   file.Exchange("gCol", group.gCol);
-  file.Header("End CBGroup");
+  if (!file.Header("End CBGroup")) file.WarnMissing("End CBGroup");
 }
 
 void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current) {
   file.EndMarker = "End CGroupList";
-  if (!file.Header("Class CGroupList")) return;
+  if (!TakeHead(file, "Class CGroupList")) return;
   file.Exchange("CurGroup", current);
   const std::int32_t count = file.RequiredCount("GroupCount", groups.size(), "CBGroup");
-  SerialiseItems(file, groups, count);
-  if (file.storing) file.WriteKeyLine("End CGroupList");
+  SerialiseItems(file, groups, count, "CBGroup", "End CGroupList");
 }
 
 }  // namespace zando

@@ -86,7 +86,8 @@ CBspNode* ReadTree(CFileContext& file, CConstructiveBsp& tree) {
     const bool backDone = std::exchange(top.backDone, true);
     if (backDone) open.pop_back();
     std::int32_t announced = 0;
-    file.Exchange(backDone ? "nF" : "nB", announced);
+    const std::string_view mark = backDone ? "nF" : "nB";
+    if (!file.Exchange(mark, announced)) file.WarnMissing(mark);
     if (announced == 1) (backDone ? node->front : node->back) = enter();
   }
   return root;
@@ -95,14 +96,20 @@ CBspNode* ReadTree(CFileContext& file, CConstructiveBsp& tree) {
 }  // namespace
 
 void Serialise(CFileContext& file, CConstructiveBsp& world) {
-  file.EndMarker = "End CConstructiveBsp";
+  constexpr std::string_view kHead = "CConstructiveBsp1";
+  constexpr std::string_view kEnd = "End CConstructiveBsp";
+  file.EndMarker = kEnd;
   if (!file.storing) world.Clear();
-  if (!file.Header("CConstructiveBsp1")) return;
+  if (!file.Header(kHead)) {
+    file.WarnMissing(kHead);
+    return;
+  }
   if (file.storing) {
     WriteTree(file, world.root);
-    file.WriteKeyLine("End CConstructiveBsp");
+    file.WriteKeyLine(kEnd);
   } else {
     world.root = ReadTree(file, world);
+    file.WarnUnlessEnded(kEnd, kPolygonHeader);
     file.FindKey("");
   }
 }

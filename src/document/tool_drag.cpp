@@ -47,7 +47,7 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
   Level& level = change.level;
   const EditingState& state = change.state;
   if (MovesEntity()) {
-    if (!level.IsEntity(state.CurrentEntity)) return;
+    if (!level.IsEntity(state.CurrentEntity) || change.CurrentEntity().eStyle != 0) return;
     entity_ = state.CurrentEntity;
     entityBefore_ = change.CurrentEntity().WorkOrigin;
     return;
@@ -61,9 +61,10 @@ CToolDrag::CToolDrag(CZANDODoc& document, DragOperation operation)
   for (const CZandoBrush& brush : level.BrushList) {
     if (brush.BGroup == group_) members_.push_back({brush.BBid, brush.Slots()});
   }
-  if (operation_ == DragOperation::MoveBrush) return;
+  if (operation_ == DragOperation::MoveBrush || members_.empty()) return;
   // The centre as it is now, whatever moved since it was last computed, is the pivot of them all.
   CBGroup& group = level.Groups[static_cast<std::size_t>(group_)];
+  groupBefore_ = group;
   group.ComputeCentre(level.BrushList.Head(), group_);
   ForEachMember(kTouchedNothing, [&](CZandoBrush& brush, const Member&) {
     brush.BeginGroupOperation(group.Centre);
@@ -81,42 +82,51 @@ void CToolDrag::ForEachMember(std::uint32_t touched, Edit&& edit) {
 }
 
 void CToolDrag::Step(const Vector& amount, std::uint32_t axisMask) {
+  const bool turns = operation_ == DragOperation::RotateBrush;
+  const Vector allowed =
+      turns ? ByAxis(Masked(ByAxis(amount), axisMask)) : Masked(amount, axisMask);
+  const bool nothing = entity_ < 0 && members_.empty();
+  if (nothing || allowed == Vector{0.0, 0.0, 0.0}) return;
+  changed_ = true;
   if (MovesEntity()) {
-    StepEntity(amount, axisMask);
+    CChange change(document_, kTouchedNothing);
+    if (CEntity* entity = DraggedEntity(change.level)) entity->Move(allowed, axisMask);
     return;
   }
-  moved_ = moved_ - Masked(amount, axisMask);
+  moved_ = moved_ - allowed;
   ForEachMember(kTouchedNothing,
-                [&](CZandoBrush& brush, const Member&) { StepBrush(brush, amount, axisMask); });
+                [&](CZandoBrush& brush, const Member&) { StepBrush(brush, allowed); });
 }
 
-void CToolDrag::StepEntity(const Vector& amount, std::uint32_t axisMask) {
-  if (!document_.GetLevel().IsEntity(entity_)) return;
-  CChange change(document_, kTouchedNothing);
-  change.level.Entities[static_cast<std::size_t>(entity_)].Move(amount, axisMask);
+CEntity* CToolDrag::DraggedEntity(Level& level) const {
+  return level.IsEntity(entity_) ? &level.Entities[static_cast<std::size_t>(entity_)] : nullptr;
 }
 
-void CToolDrag::StepBrush(CZandoBrush& brush, const Vector& amount, std::uint32_t axisMask) const {
+void CToolDrag::StepBrush(CZandoBrush& brush, const Vector& amount) const {
   if (operation_ == DragOperation::MoveBrush) {
-    brush.UpdateMove(brush.Own().WorkPos - Masked(amount, axisMask));
+    brush.UpdateMove(brush.Own().WorkPos - amount);
     return;
   }
   const std::size_t index = group_ >= 0 ? kGroupSlot : kOwnSlot;
   Placement slot = brush.Slot(index);
   if (operation_ == DragOperation::RotateBrush) {
-    slot.WorkRot = slot.WorkRot + ByAxis(Masked(ByAxis(amount), axisMask));
+    slot.WorkRot = slot.WorkRot + amount;
   } else if (operation_ == DragOperation::ScaleBrush) {
-    const Vector scale = slot.Scl + Masked(amount, axisMask) * kScalePerPixel;
+    const Vector scale = slot.Scl + amount * kScalePerPixel;
     slot.Scl = {std::max(scale.x, kLeastScale), std::max(scale.y, kLeastScale),
                 std::max(scale.z, kLeastScale)};
   } else {
-    slot.Shr = slot.Shr + Masked(amount, axisMask) * kShearPerPixel;
+    slot.Shr = slot.Shr + amount * kShearPerPixel;
   }
   brush.SetSlot(index, slot);
   if (group_ >= 0) brush.UpdateGroupOperation(brush.GroupOperation());
 }
 
 void CToolDrag::End(std::uint32_t axisMask, Commit commit) {
+  if (!changed_) {
+    Cancel();
+    return;
+  }
   switch (operation_) {
     case DragOperation::MoveBrush:
       group_ >= 0 ? EndGroupMove(axisMask, commit) : EndMove(axisMask, commit);
@@ -147,7 +157,7 @@ void CToolDrag::EndMove(std::uint32_t axisMask, Commit commit) {
 /// another.
 void CToolDrag::EndGroupMove(std::uint32_t axisMask, Commit commit) {
   const double step = MoveStep(document_.State());
-  const Vector snapped = Snapped(moved_, step, ChangedAxes(moved_, axisMask));
+  const Vector snapped = Snapped(moved_, step, axisMask);
   const Vector offset = Committed(snapped, {0.0, 0.0, 0.0}, commit);
   CChange change(document_, kTouchedLevel);
   ForEachMember(kTouchedLevel,
@@ -177,6 +187,10 @@ void CToolDrag::EndRotation(std::uint32_t axisMask, Commit commit) {
 }
 
 void CToolDrag::EndUnsnapped() {
+  if (!changed_) {
+    Cancel();
+    return;
+  }
   if (group_ >= 0) {
     CommitGroupOperation();
     return;
@@ -195,19 +209,19 @@ void CToolDrag::CommitGroupOperation() {
 }
 
 void CToolDrag::EndEntity(std::uint32_t axisMask, Commit commit) {
-  if (!document_.GetLevel().IsEntity(entity_)) return;
   CChange change(document_, kTouchedLevel);
-  CEntity& entity = change.level.Entities[static_cast<std::size_t>(entity_)];
-  const std::uint32_t axes = ChangedAxes(entity.WorkOrigin - entity.eOrigin, axisMask);
-  entity.EndMove(MoveStep(change.state), axes, commit);
+  CEntity* entity = DraggedEntity(change.level);
+  if (entity == nullptr) return;
+  const std::uint32_t axes = ChangedAxes(entity->WorkOrigin - entity->eOrigin, axisMask);
+  entity->EndMove(MoveStep(change.state), axes, commit);
 }
 
 void CToolDrag::Cancel() {
-  ForEachMember(kTouchedDisplay,
+  CChange change(document_, changed_ ? kTouchedDisplay : kTouchedNothing);
+  ForEachMember(kTouchedNothing,
                 [](CZandoBrush& brush, const Member& member) { brush.CancelDrag(member.before); });
-  if (!document_.GetLevel().IsEntity(entity_)) return;
-  CChange change(document_, kTouchedDisplay);
-  change.level.Entities[static_cast<std::size_t>(entity_)].WorkOrigin = entityBefore_;
+  if (groupBefore_) change.level.Groups[static_cast<std::size_t>(group_)] = *groupBefore_;
+  if (CEntity* entity = DraggedEntity(change.level)) entity->WorkOrigin = entityBefore_;
 }
 
 void TurnBrush(CZANDODoc& document, const Vector& angles, std::uint32_t axisMask) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "document/zando_doc.h"
@@ -11,7 +12,8 @@
 namespace zando {
 
 /// What a drag with the mouse does. The first four work on the current brush, or in group movement
-/// mode on the brushes of the current group about its centre; there may be none.
+/// mode on the brushes of the current group about its centre; there may be none, and then nothing
+/// changes.
 enum class DragOperation {
   MoveBrush,    ///< back by so many map units
   RotateBrush,  ///< by (yaw, pitch, roll) in rotation units, which are about y, x and z
@@ -31,8 +33,8 @@ class CToolDrag {
   void Step(const Vector& amount, std::uint32_t axisMask);
 
   /// Commits. What the drag changed snaps, along the axes of the mask, to the grid or the rotation
-  /// step, or to whole units or degrees without them; scales and shears do not. The level counts as
-  /// modified when anything was dragged.
+  /// step, or to whole units or degrees without them; scales and shears do not. Where no step
+  /// changed anything, nothing is committed and the level is not modified.
   void End(std::uint32_t axisMask, Commit commit);
 
   /// Commits what the steps gave, to the last bit.
@@ -50,8 +52,8 @@ class CToolDrag {
   };
 
   [[nodiscard]] bool MovesEntity() const { return operation_ == DragOperation::MoveEntity; }
-  void StepEntity(const Vector& amount, std::uint32_t axisMask);
-  void StepBrush(CZandoBrush& brush, const Vector& amount, std::uint32_t axisMask) const;
+  [[nodiscard]] CEntity* DraggedEntity(Level& level) const;
+  void StepBrush(CZandoBrush& brush, const Vector& amount) const;
   void EndMove(std::uint32_t axisMask, Commit commit);
   void EndGroupMove(std::uint32_t axisMask, Commit commit);
   void EndRotation(std::uint32_t axisMask, Commit commit);
@@ -62,8 +64,9 @@ class CToolDrag {
 
   CZANDODoc& document_;
   DragOperation operation_;
-  std::int32_t group_ =
-      -1;  ///< whose brushes are dragged about its centre; -1 for the current brush
+  bool changed_ = false;     ///< by any step
+  std::int32_t group_ = -1;  ///< whose brushes are dragged; -1 for the current brush alone
+  std::optional<CBGroup> groupBefore_;
   std::int32_t entity_ = -1;
   Vector entityBefore_{0.0, 0.0, 0.0};
   Vector moved_{0.0, 0.0, 0.0};  ///< by all steps

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
-#include <cstddef>
 #include <limits>
 
+#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -21,29 +20,11 @@ auto FindPair(Pairs& pairs, std::string_view key) {
                       [key](const EntityPair& pair) { return EqualIgnoringCase(pair.key, key); });
 }
 
-/// Takes a whole number off the front of the text. False when there is none, or none that fits.
-bool TakeWholeNumber(std::string_view& text, std::int32_t& number) {
-  constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
-  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-  std::string_view digits = text;
-  // from_chars knows the minus sign only.
-  if (digits.starts_with('+')) {
-    digits.remove_prefix(1);
-    if (digits.starts_with('-')) return false;
-  }
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (error != std::errc()) return false;
-  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-  return true;
-}
-
 /// Up to three whole numbers; those from the first unreadable one on are 0.
 std::array<std::int32_t, 3> ReadWholeNumbers(std::string_view text) {
   std::array<std::int32_t, 3> numbers{};
   for (std::int32_t& number : numbers) {
-    if (TakeWholeNumber(text, number)) continue;
-    number = 0;
-    break;
+    if (TakeNumber(text, number) != Taken::Number) break;
   }
   return numbers;
 }
@@ -116,8 +97,11 @@ void CEntity::EndMove(double step, std::uint32_t axisMask, Commit commit) {
 }
 
 std::string FormatWholeNumbers(double first, double second, double third) {
-  return std::to_string(ToWholeNumber(first)) + ' ' + std::to_string(ToWholeNumber(second)) + ' ' +
-         std::to_string(ToWholeNumber(third));
+  std::string text;
+  AppendNumber(text, ToWholeNumber(first));
+  AppendNumber(text += ' ', ToWholeNumber(second));
+  AppendNumber(text += ' ', ToWholeNumber(third));
+  return text;
 }
 
 }  // namespace zando

@@ -74,18 +74,10 @@ void CCellCloser::PushToCell(CBspNode* start, const CellFace& face) {
     const Plane& plane = visit.node->plane;
     PolygonClass side = ClassifyPolygon(plane, visit.face.polygon);
     CellFace back = visit.face;
-    if (side == PolygonClass::Spanning) {
-      if (tree_.Split(plane, visit.face.polygon, back.polygon) == SplitResult::Refused) {
-        side = SideOfMean(plane, visit.face.polygon);
-        back = visit.face;
-      }
-    }
-    if (side == PolygonClass::Front || side == PolygonClass::CoplanarSame) {
-      visits_.push_back({visit.node->front, visit.face});
-      continue;
-    }
-    if (side == PolygonClass::Spanning) visits_.push_back({visit.node->front, visit.face});
-    PushToBack(visit.node, back);
+    if (side == PolygonClass::Spanning) side = tree_.Split(plane, visit.face.polygon, back.polygon);
+    const bool front = GoesToFront(side, kCoplanarTable.partition);
+    if (front) visits_.push_back({visit.node->front, visit.face});
+    if (!front || side == PolygonClass::Spanning) PushToBack(visit.node, back);
   }
 }
 
@@ -133,14 +125,13 @@ CBspNode* CCellCloser::NewCellNode(const CellFace& face) {
 /// Reduces the polygon to its part behind the plane; false, with the polygon as it was, when it
 /// lies in front.
 bool CCellCloser::KeepBack(const Plane& plane, CZandoPoly& polygon) {
-  const PolygonClass side = ClassifyPolygon(plane, polygon);
-  if (side != PolygonClass::Spanning) return side != PolygonClass::Front;
+  PolygonClass side = ClassifyPolygon(plane, polygon);
   CZandoPoly back;
-  if (tree_.Split(plane, polygon, back) == SplitResult::Refused) {
-    return SideOfMean(plane, polygon) == PolygonClass::Back;
+  if (side == PolygonClass::Spanning) {
+    side = tree_.Split(plane, polygon, back);
+    if (side == PolygonClass::Spanning) polygon = back;
   }
-  polygon = back;
-  return true;
+  return side != PolygonClass::Front;
 }
 
 bool ReachesBeyond(const Vector& point, const CZandoBrush& brush) {

@@ -1,8 +1,6 @@
 #include "formats/map_writer.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -12,6 +10,7 @@
 
 #include "formats/brush_carver.h"
 #include "platform/file_io.h"
+#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -203,10 +202,8 @@ void CMapWriter::WritePlane(const PlaneSource& source, std::string_view texture)
 void CMapWriter::WritePoint(const Vector& point) {
   text.append("( ");
   for (const double coordinate : {point.x, point.z, point.y}) {
-    std::array<char, 16> digits{};
-    const std::to_chars_result end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), RoundHalfAway(coordinate));
-    text.append(digits.data(), end.ptr).append(" ");
+    AppendNumber(text, RoundHalfAway(coordinate));
+    text.append(" ");
   }
   text.append(") ");
 }
@@ -236,8 +233,8 @@ std::string WriteMap(const Level& level, std::string_view wadPath, MapExportRepo
   return std::move(writer.text);
 }
 
-std::string ExportMap(const Level& level, const std::filesystem::path& path,
-                      std::string_view wadPath, MapExportReport* report) {
+CResult<CReport> ExportMap(const Level& level, const std::filesystem::path& path,
+                           std::string_view wadPath, MapExportReport* report) {
   return WriteFileAtomically(path, WriteMap(level, wadPath, report));
 }
 

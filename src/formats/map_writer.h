@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "document/level.h"
+#include "platform/result.h"
 
 namespace zando {
 
@@ -29,9 +30,9 @@ struct MapExportReport {
 [[nodiscard]] std::string WriteMap(const Level& level, std::string_view wadPath,
                                    MapExportReport* report = nullptr);
 
-/// WriteMap into a file, replaced atomically. Returns the empty string, or one line that says what
-/// failed.
-[[nodiscard]] std::string ExportMap(const Level& level, const std::filesystem::path& path,
-                                    std::string_view wadPath, MapExportReport* report = nullptr);
+/// WriteMap into a file with WriteFileAtomically, whose notes it gives.
+[[nodiscard]] CResult<CReport> ExportMap(const Level& level, const std::filesystem::path& path,
+                                         std::string_view wadPath,
+                                         MapExportReport* report = nullptr);
 
 }  // namespace zando

@@ -72,7 +72,7 @@ enum class SplitResult { Done, Refused };
 /// Cuts `polygon` along the plane: it becomes the front piece (its tag unchanged), `back` gets the
 /// back piece (its tag unset). A vertex on the plane goes into both. Either piece may be left with
 /// fewer than 3 vertices. When a piece would need more than MAX_POLY_VERTS vertices the split is
-/// refused: `polygon` is unchanged and `back` is unspecified.
+/// refused, and both polygons are unchanged.
 [[nodiscard]] SplitResult SplitPolygon(const Plane& plane, CZandoPoly& polygon, CZandoPoly& back);
 
 /// Front or Back, by the mean of the vertices: where a polygon goes whose split was refused.

@@ -43,6 +43,11 @@ class CDesktop {
   /// A line in the status bar, until the next prompt takes its place.
   virtual void SetStatusText(std::string_view text) = 0;
 
+  /// A line in the status bar that tells what went wrong. Prompts may cover it, and it comes back
+  /// when they go, until ClearFailure: the next command has begun.
+  virtual void ShowFailure(std::string_view text) = 0;
+  virtual void ClearFailure() = 0;
+
   /// The chosen file, or none when the user cancelled. A save chooser asks before it overwrites.
   [[nodiscard]] virtual std::optional<std::filesystem::path> ChooseFile(
       const FileRequest& request) = 0;
@@ -53,7 +58,7 @@ class CDesktop {
   /// Runs the dialog's form until it closes; the number it closed with.
   virtual ControlId DoModal(CDialog& dialog) = 0;
 
-  /// The pointer, in screen coordinates. Where the desktop does not let a program place it,
+  /// The pointer, in pixels of the screen. Where the desktop does not let a program place it,
   /// SetCursorPos does nothing and CanPlaceCursor is false.
   [[nodiscard]] virtual ScreenPoint GetCursorPos() const = 0;
   virtual void SetCursorPos(ScreenPoint point) = 0;
@@ -63,7 +68,8 @@ class CDesktop {
   [[nodiscard]] virtual bool IsShiftDown() const = 0;
 };
 
-/// The window of one view as the view sees it, whatever kind of view that is.
+/// The window of one view as the view sees it, whatever kind of view that is. Sizes and places are
+/// pixels of the device, however the display is scaled.
 class CChildWindow {
  public:
   CChildWindow() = default;

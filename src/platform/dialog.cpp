@@ -1,41 +1,31 @@
 #include "platform/dialog.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
-#include <system_error>
+#include <optional>
+
+#include "platform/number_text.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
 
 std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
+  return text;
 }
 
+/// The number that a field holds, and nothing else.
 template <typename Number>
-bool ParseWhole(std::string_view text, Number& value) {
+std::optional<Number> ParseField(std::string_view text) {
   text = Trimmed(text);
-  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-  Number parsed{};
-  const char* end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, parsed);
-  if (error != std::errc() || rest != end) return false;
-  value = parsed;
-  return true;
+  Number value{};
+  if (TakeNumber(text, value) != Taken::Number || !text.empty()) return std::nullopt;
+  return value;
 }
 
-template <typename Number, typename... Format>
-std::string Print(Number value, Format... format) {
-  std::array<char, 40> digits{};
-  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value, format...);
-  return {digits.data(), result.ptr};
-}
-
-/// Fields show numbers as people type them: six significant digits.
-std::string Print(double value) { return Print(value, std::chars_format::general, 6); }
+std::string Print(double value) { return NumberText(value, Digits::Six); }
+std::string Print(std::int32_t value) { return std::to_string(value); }
 
 }  // namespace
 
@@ -45,15 +35,15 @@ void CDataExchange::Text(ControlId id, double& value) {
     form_.SetText(id, Print(value));
     return;
   }
-  double parsed = 0.0;
   const std::string text = form_.GetText(id);
-  if (!ParseWhole(text, parsed) || !std::isfinite(parsed)) {
+  const auto parsed = ParseField<double>(text);
+  if (!parsed || !std::isfinite(*parsed)) {
     Fail(id, "Please enter a number.");
     return;
   }
   takeBack_ = [&value, before = value] { value = before; };
   // A field that still shows the value keeps all of its digits.
-  if (Trimmed(text) != Print(value)) value = parsed;
+  if (Trimmed(text) != Print(value)) value = *parsed;
 }
 
 void CDataExchange::Text(ControlId id, std::int32_t& value) {
@@ -63,7 +53,12 @@ void CDataExchange::Text(ControlId id, std::int32_t& value) {
     return;
   }
   takeBack_ = [&value, before = value] { value = before; };
-  if (!ParseWhole(form_.GetText(id), value)) Fail(id, "Please enter an integer.");
+  const auto parsed = ParseField<std::int32_t>(form_.GetText(id));
+  if (!parsed) {
+    Fail(id, "Please enter an integer.");
+    return;
+  }
+  value = *parsed;
 }
 
 void CDataExchange::Text(ControlId id, std::string& value) {

@@ -29,9 +29,13 @@ class CDialogForm {
   [[nodiscard]] virtual bool IsChecked(ControlId id) const = 0;
   virtual void SetChecked(ControlId id, bool checked) = 0;
 
-  /// A list sorts its lines by their text, ignoring case, and keeps a number with each.
+  /// A list keeps a number with each line, and sorts the lines by their text, ignoring case. One
+  /// that is told not to sort, while it is empty, keeps them in the order in which they come.
+  virtual void SetSorted(ControlId id, bool sorted) = 0;
   virtual void ClearList(ControlId id) = 0;
   virtual void AddLine(ControlId id, std::string_view text, std::int32_t data) = 0;
+  /// What shows while the pointer rests on the line with this number.
+  virtual void SetLineTip(ControlId id, std::int32_t data, std::string_view tip) = 0;
   /// The number of the selected line, or -1 when none is selected.
   [[nodiscard]] virtual std::int32_t SelectedLine(ControlId id) const = 0;
   /// Selects the line with this number; none when there is no such line.
@@ -45,6 +49,15 @@ class CDialogForm {
   virtual void SetColor(ControlId id, ColorRef color) = 0;
 
   virtual void Show(ControlId id, bool visible) = 0;
+  virtual void Enable(ControlId id, bool enabled) = 0;
+
+  /// Puts the keyboard focus there; the text of a field is selected, so that typing replaces it.
+  virtual void SetFocus(ControlId id) = 0;
+
+  /// A progress bar reaches from `low` to `high`, 0 to 100 at first. A new position, which is kept
+  /// within them, is seen before the call returns.
+  virtual void SetProgressRange(ControlId id, std::int32_t low, std::int32_t high) = 0;
+  virtual void SetProgressPos(ControlId id, std::int32_t position) = 0;
 
   /// Tells the user what is wrong with a field, and puts the focus there.
   virtual void ReportError(ControlId id, std::string_view message) = 0;
@@ -116,6 +129,13 @@ class CDialog {
   /// The selection of a list changed, or a line of it was clicked twice.
   virtual void OnSelectionChange(ControlId /*list*/) {}
   virtual void OnDoubleClick(ControlId /*list*/) {}
+
+  /// The user changed the text of a field.
+  virtual void OnChange(ControlId /*field*/) {}
+
+  /// The user left a field that had the focus: for another control, or by a button, which acts
+  /// after this. Cancelling with the keyboard leaves no field.
+  virtual void OnKillFocus(ControlId /*field*/) {}
 
   /// Exchanges all values; false when a field failed.
   bool UpdateData(CDataExchange::Direction direction);

@@ -1,15 +1,22 @@
 #include "platform/file_io.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <memory>
 #include <new>
+#include <optional>
+#include <string>
 #include <system_error>
-#include <utility>
+
+#include "platform/file_attributes.h"
+#include "platform/number_text.h"
 
 namespace zando {
 namespace {
@@ -17,10 +24,9 @@ namespace {
 constexpr std::size_t kChunk = std::size_t{1} << 20;
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 100;
-constexpr mode_t kPermissions = 07777;
 
-std::string SystemError(int error) { return std::generic_category().message(error); }
-std::string LastError() { return SystemError(errno); }
+Failure SystemError(int error) { return {std::generic_category().message(error)}; }
+Failure LastError() { return SystemError(errno); }
 
 /// Calls again what a signal has interrupted.
 template <typename Call>
@@ -55,10 +61,11 @@ CFileHandle Open(const std::filesystem::path& path, int flags, mode_t mode = 0) 
   return CFileHandle(Retry([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-/// Why something of this kind is no file to read or to replace, or the empty string.
-std::string RefusedKind(mode_t mode) {
+/// Whether something of this kind is a file to read or to replace.
+CResult<void> CheckKind(mode_t mode) {
   if (S_ISDIR(mode)) return SystemError(EISDIR);
-  return S_ISREG(mode) ? std::string() : "not an ordinary file";
+  if (!S_ISREG(mode)) return Failure{"not an ordinary file"};
+  return {};
 }
 
 /// Appends what is left of the file, however long it says it is.
@@ -73,13 +80,15 @@ bool ReadToEnd(int descriptor, std::string& bytes) {
   }
 }
 
-bool WriteAll(int descriptor, std::string_view bytes) {
+CResult<void> WriteAll(int descriptor, std::string_view bytes, const CFileCalls& calls) {
   while (!bytes.empty()) {
-    const ssize_t done = Retry([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
-    if (done < 0) return false;
+    const ssize_t done = Retry([&] { return calls.Write(descriptor, bytes); });
+    if (done < 0) return LastError();
+    // Nothing was wrong and nothing was written: to try again might take for ever.
+    if (done == 0) return SystemError(EIO);
     bytes.remove_prefix(static_cast<std::size_t>(done));
   }
-  return true;
+  return {};
 }
 
 /// The file that a chain of links leads to, whether it exists or not.
@@ -102,76 +111,119 @@ std::filesystem::path FolderOf(const std::filesystem::path& path) {
   return folder.empty() ? std::filesystem::path(".") : folder;
 }
 
+constexpr std::string_view kTemporaryStart = ".zando-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+
 /// A name that only a concurrent save of this process, or one that was cut off, may have taken.
 std::filesystem::path TemporaryName(const std::filesystem::path& folder, int attempt) {
-  return folder / (".zando-" + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp");
+  return folder / (std::string(kTemporaryStart) + std::to_string(::getpid()) + "-" +
+                   std::to_string(attempt) + std::string(kTemporaryEnd));
 }
 
-/// Fills and flushes the temporary file. Returns an error line or the empty string.
-std::string FillFile(CFileHandle& file, std::string_view bytes, const struct stat* replaced) {
-  if (replaced != nullptr && ::fchmod(file.Get(), replaced->st_mode & kPermissions) != 0) {
-    return LastError();
+/// The process whose temporary file has this name; none for any other name.
+std::optional<pid_t> OwnerOfTemporary(std::string_view name) {
+  if (!name.starts_with(kTemporaryStart) || !name.ends_with(kTemporaryEnd)) return std::nullopt;
+  name.remove_prefix(kTemporaryStart.size());
+  name.remove_suffix(kTemporaryEnd.size());
+  const std::size_t dash = name.find('-');
+  if (dash == std::string_view::npos || !ParseWholeNumber(name.substr(dash + 1))) {
+    return std::nullopt;
   }
-  if (!WriteAll(file.Get(), bytes)) return LastError();
-  if (Retry([&] { return ::fsync(file.Get()); }) != 0) return LastError();
-  return file.Close() ? std::string() : LastError();
+  return ParseWholeNumber(name.substr(0, dash));
 }
 
-/// Makes the new name last through a power cut. Not every file system can; the file is safe anyway.
-void FlushFolder(const std::filesystem::path& folder) {
+/// A process that belongs to someone else cannot be reached, but it is there.
+bool IsRunning(pid_t process) { return ::kill(process, 0) == 0 || errno != ESRCH; }
+
+/// Removes what saves that were cut off left in the folder. What cannot be removed stays.
+void RemoveStaleFiles(const std::filesystem::path& folder) {
+  // The standard library's iterator would end the program where memory for a name is short.
+  const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
+  if (!listing) return;
+  while (const dirent* entry = ::readdir(listing.get())) {
+    const std::string name(&entry->d_name[0]);
+    const auto process = OwnerOfTemporary(name);
+    if (!process || IsRunning(*process)) continue;
+    const std::filesystem::path path = folder / name;
+    struct stat status {};
+    const bool ours = ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+                      status.st_uid == ::geteuid();
+    if (ours) ::unlink(path.c_str());
+  }
+}
+
+/// Fills and flushes the temporary file.
+CResult<void> FillFile(CFileHandle& file, std::string_view bytes, const CFileCalls& calls) {
+  if (auto written = WriteAll(file.Get(), bytes, calls); !written) return written;
+  if (Retry([&] { return calls.Flush(file.Get()); }) != 0) return LastError();
+  if (!file.Close()) return LastError();
+  return {};
+}
+
+/// Makes the new name last through a power cut. Not every file system can.
+void FlushFolder(const std::filesystem::path& folder, const CFileCalls& calls, CReport& notes) {
   const CFileHandle handle = Open(folder, O_RDONLY | O_DIRECTORY);
-  if (handle.IsOpen()) ::fsync(handle.Get());
+  if (handle.IsOpen() && Retry([&] { return calls.Flush(handle.Get()); }) == 0) return;
+  notes.Add("a power cut may still undo this, for its folder could not be flushed: " +
+            LastError().reason);
 }
 
-std::string ReplaceFile(const std::filesystem::path& path, std::string_view bytes,
-                        const struct stat* replaced) {
+CResult<CReport> ReplaceFile(const std::filesystem::path& path, std::string_view bytes,
+                             const struct stat* replaced, const CFileCalls& calls) {
   const std::filesystem::path folder = FolderOf(path);
+  RemoveStaleFiles(folder);
   for (int attempt = 0; attempt < kMostNames; ++attempt) {
     const std::filesystem::path temporary = TemporaryName(folder, attempt);
-    CFileHandle file = Open(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    // Until it has the permissions of a file that it replaces, nobody else may look into it.
+    const mode_t mode = replaced != nullptr ? 0600 : 0666;
+    CFileHandle file = Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
     if (!file.IsOpen() && errno == EEXIST) continue;
     if (!file.IsOpen()) return LastError();
-    std::string error = FillFile(file, bytes, replaced);
-    if (error.empty() && std::rename(temporary.c_str(), path.c_str()) != 0) error = LastError();
-    if (error.empty()) {
-      FlushFolder(folder);
-    } else {
+    CReport notes;
+    if (replaced != nullptr) CopyAttributes(path, *replaced, file.Get(), calls, notes);
+    CResult<void> done = FillFile(file, bytes, calls);
+    if (done && std::rename(temporary.c_str(), path.c_str()) != 0) done = LastError();
+    if (!done) {
       ::unlink(temporary.c_str());
+      return Failure{done.Error()};
     }
-    return error;
+    FlushFolder(folder, calls, notes);
+    return notes;
   }
   return SystemError(EEXIST);
 }
 
 }  // namespace
 
-FileContents ReadWholeFile(const std::filesystem::path& path) {
+CResult<std::string> ReadWholeFile(const std::filesystem::path& path) {
   // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
   const CFileHandle file = Open(path, O_RDONLY | O_NONBLOCK);
   struct stat status {};
-  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) return {{}, LastError()};
-  if (std::string refused = RefusedKind(status.st_mode); !refused.empty()) return {{}, refused};
+  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) return LastError();
+  if (const auto kind = CheckKind(status.st_mode); !kind) return Failure{kind.Error()};
   std::string bytes;
   try {
-    if (!ReadToEnd(file.Get(), bytes)) return {{}, LastError()};
+    if (!ReadToEnd(file.Get(), bytes)) return LastError();
   } catch (const std::bad_alloc&) {
-    return {{}, SystemError(ENOMEM)};
+    return SystemError(ENOMEM);
   }
-  return {std::move(bytes), {}};
+  return bytes;
 }
 
-std::string WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
+CResult<CReport> WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes,
+                                     const CFileCalls& calls) {
   std::error_code error;
   const std::filesystem::path target = FollowLinks(path, error);
-  if (error) return error.message();
+  if (error) return Failure{error.message()};
   struct stat status {};
   if (::stat(target.c_str(), &status) != 0) {
-    return errno == ENOENT ? ReplaceFile(target, bytes, nullptr) : LastError();
+    if (errno != ENOENT) return LastError();
+    return ReplaceFile(target, bytes, nullptr, calls);
   }
-  if (std::string refused = RefusedKind(status.st_mode); !refused.empty()) return refused;
+  if (const auto kind = CheckKind(status.st_mode); !kind) return Failure{kind.Error()};
   // The folder alone would allow to replace a file that is protected against writing.
   if (::access(target.c_str(), W_OK) != 0) return LastError();
-  return ReplaceFile(target, bytes, &status);
+  return ReplaceFile(target, bytes, &status, calls);
 }
 
 }  // namespace zando

@@ -8,6 +8,9 @@
 
 namespace zando {
 
+/// Blank, tab, line ends, vertical tab and form feed, in every locale.
+[[nodiscard]] constexpr bool IsWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 /// The lower case of A to Z; any other byte is left, in every locale.
 [[nodiscard]] constexpr char LowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -99,9 +99,9 @@ Palette WithEntries(const Palette& palette, std::string_view bytes) {
 }
 
 bool LoadPalette(const std::filesystem::path& path, Palette& palette) {
-  const FileContents file = ReadWholeFile(path);
-  if (!file.bytes) return false;
-  palette = WithEntries(palette, *file.bytes);
+  const auto bytes = ReadWholeFile(path);
+  if (!bytes) return false;
+  palette = WithEntries(palette, *bytes);
   return true;
 }
 

@@ -118,8 +118,8 @@ bool CWad2::LoadPalette(const std::filesystem::path& path) {
 
 bool CWad2::Load(const std::filesystem::path& path) {
   complaints_.clear();
-  const FileContents file = ReadWholeFile(path);
-  return file.bytes && LoadBytes(*file.bytes);
+  const auto bytes = ReadWholeFile(path);
+  return bytes && LoadBytes(*bytes);
 }
 
 bool CWad2::LoadBytes(std::string_view bytes) {

@@ -2,8 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace zando {
+namespace {
+
+constexpr double kLeastZoom = 0.001;
+
+}  // namespace
 
 std::int32_t TruncateToPixel(double value) {
   if (std::isnan(value)) return 0;
@@ -34,12 +40,29 @@ void CCamera::BeginDraw(ViewKind kind, double zoom) {
   zoom_ = zoom;
 }
 
+void CCamera::SetZoom(double zoom) { zoom_ = std::max(zoom, kLeastZoom); }
+
 CCamera::Projected CCamera::ProjectPoint(const Vector& point) const {
+  return ProjectInFront(point, 0.0).value_or(Projected{-32.0, -32.0});
+}
+
+std::optional<CCamera::Projected> CCamera::ProjectInFront(const Vector& point,
+                                                          double leastDepth) const {
   Vector q = point;
   viewMatrix_.TransformPoint(q);
-  if (!(q.z > 0.0)) return {-32.0, -32.0};
+  if (!(q.z > 0.0) || q.z < leastDepth) return std::nullopt;
   const ScreenPoint centre = Centre();
-  return {FocalX() * q.x / q.z + centre.x, FocalY() * q.y / q.z + centre.y};
+  return Projected{FocalX() * q.x / q.z + centre.x, FocalY() * q.y / q.z + centre.y};
+}
+
+Ray CCamera::RayThrough(ScreenPoint pixel) const {
+  const ScreenPoint centre = Centre();
+  const double x = (pixel.x - centre.x) / FocalX();
+  const double y = (pixel.y - centre.y) / FocalY();
+  // The rows of a rotation are the axes of the view in the world.
+  const auto& m = viewMatrix_.m;
+  const auto along = [&](std::size_t axis) { return m[0][axis] * x + m[1][axis] * y + m[2][axis]; };
+  return {Position, {along(0), along(1), along(2)}};
 }
 
 CProjectedPoly CCamera::ProjectPolygon(const CZandoPoly& polygon) const {

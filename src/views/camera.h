@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "geometry/axes.h"
@@ -26,7 +27,7 @@ enum class ViewKind : std::int32_t {
   return kind == ViewKind::Top || kind == ViewKind::Side || kind == ViewKind::Front;
 }
 
-/// The axes of an orthographic kind.
+/// The axes that a kind shows; in perspective those of the world, x, y and z.
 [[nodiscard]] constexpr const ViewAxes& AxesOf(ViewKind kind) {
   if (kind == ViewKind::Top) return kTopAxes;
   return kind == ViewKind::Side ? kSideAxes : kFrontAxes;
@@ -68,6 +69,12 @@ struct CProjectedPoly {
   }
 };
 
+/// What a pixel shows lies along this.
+struct Ray {
+  Vector origin;
+  Vector direction;  ///< as far as leads one map unit deeper into the view
+};
+
 /// Where a view looks from, its viewport, and every mapping between world and screen.
 class CCamera {
  public:
@@ -90,8 +97,14 @@ class CCamera {
   void BuildViewMatrix();
   [[nodiscard]] const Transform& ViewMatrix() const { return viewMatrix_; }
 
-  /// How the mappings below work, until it is said anew.
+  /// How the mappings below work, until it is said anew; the zoom is pixels per map unit in the
+  /// orthographic kinds.
   void BeginDraw(ViewKind kind, double zoom);
+  [[nodiscard]] ViewKind Kind() const { return kind_; }
+  [[nodiscard]] double Zoom() const { return zoom_; }
+
+  /// Raised to 0.001 when lower.
+  void SetZoom(double zoom);
 
   /// Perspective projection of one point; (-32, -32) when it is not in front of the camera.
   struct Projected {
@@ -99,6 +112,13 @@ class CCamera {
     double y;
   };
   [[nodiscard]] Projected ProjectPoint(const Vector& point) const;
+
+  /// The same; none when it is not in front of the camera or not so deep.
+  [[nodiscard]] std::optional<Projected> ProjectInFront(const Vector& point,
+                                                        double leastDepth) const;
+
+  /// The reverse: from the eye through the top left corner of a pixel, in perspective.
+  [[nodiscard]] Ray RayThrough(ScreenPoint pixel) const;
 
   /// Perspective projection cut off at the near plane. Fewer than 3 points are nothing to draw.
   [[nodiscard]] CProjectedPoly ProjectPolygon(const CZandoPoly& polygon) const;

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "document/zando_doc.h"
-#include "platform/command.h"
 #include "platform/document.h"
 
 namespace zando {
 
 /// A view of a level that has a child frame of its own. Attaches itself to the document for its
 /// lifetime.
-class CChildView : public CView, public CCmdTarget {
+class CChildView : public CView {
  public:
   explicit CChildView(CZANDODoc& document) : document_(document) { document_.AddView(*this); }
   CChildView(const CChildView&) = delete;

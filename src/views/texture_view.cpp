@@ -7,6 +7,7 @@
 #include <string>
 
 #include "document/brush_edits.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -55,9 +56,20 @@ std::optional<std::int32_t> CTextureView::TextureAt(ScreenPoint point) const {
 
 void CTextureView::OnInitialUpdate() {
   if (window_ != nullptr) window_->SetFrameTitle(kFrameTitle);
+  const auto used = std::find_if(Textures().begin(), Textures().end(), [&](const Texture& texture) {
+    return EqualIgnoringCase(texture.name, document_.CurrentBrush().Name);
+  });
+  if (used != Textures().end()) {
+    selected_ = static_cast<std::int32_t>(used - Textures().begin());
+  }
+}
+
+bool CTextureView::IsSelectionSeen() const {
+  return !seen_ || (!places_.empty() && Overlap(PlaceOf(selected_), *seen_));
 }
 
 void CTextureView::OnSize(std::int32_t clientWidth) {
+  const bool isSelectionSeen = IsSelectionSeen();
   std::int64_t x = 0;
   std::int64_t y = 0;
   std::int64_t rowHeight = 0;
@@ -79,10 +91,12 @@ void CTextureView::OnSize(std::int32_t clientWidth) {
   size_ = {Place(totalWidth), Place(y)};
   if (window_ == nullptr) return;
   window_->SetScrollSizes(size_.x, size_.y);
+  if (isSelectionSeen && !places_.empty()) window_->ScrollTo(PlaceOf(selected_));
   window_->Invalidate();
 }
 
-void CTextureView::OnDraw(CDC& dc, const ScreenRect& visible) const {
+void CTextureView::OnDraw(CDC& dc, const ScreenRect& visible) {
+  seen_ = visible;
   if (places_.empty()) return;
   dc.SetViewportOrg({-visible.left, -visible.top});
   for (std::size_t i = 0; i < places_.size(); ++i) {
@@ -97,6 +111,8 @@ void CTextureView::OnDraw(CDC& dc, const ScreenRect& visible) const {
 void CTextureView::OnLeftButtonUp(ScreenPoint point) {
   const auto index = TextureAt(point);
   if (!index) return;
+  // A texture that the edge of the window cuts comes into sight whole.
+  if (window_ != nullptr) window_->ScrollTo(PlaceOf(*index));
   Select(*index);
   UseSelected();
 }

@@ -24,7 +24,8 @@ class CTextureView : public CChildView {
   /// The window must outlive the view, or be taken back with null.
   void SetWindow(CScrollWindow* window) { window_ = window; }
 
-  /// Index of the selected texture; 0 until another is selected, even if there are none.
+  /// Index of the selected texture, even if there are none: that of the current brush when the view
+  /// opens, 0 when the archive has no texture of this name.
   [[nodiscard]] std::int32_t Selected() const { return selected_; }
 
   /// Width and height of all rows; zero without textures.
@@ -40,17 +41,16 @@ class CTextureView : public CChildView {
   void OnUpdate(const CView* /*sender*/, int /*hint*/) override {}
   void OnInitialUpdate() override;
   void OnActivate(Activation /*activation*/) override {}
-  bool OnCommand(CommandId /*id*/) override { return false; }
-  bool OnUpdateCommandUI(CommandId /*id*/, CCmdUI& /*ui*/) override { return false; }
 
-  /// Arranges the rows anew for a window that is so wide. The selection stays.
+  /// Arranges the rows anew for a window that is so wide. The selection stays, also in sight.
   void OnSize(std::int32_t clientWidth);
 
   /// Draws what lies in this part of the rows, whose top left corner comes to the point 0, 0. The
   /// background is black already.
-  void OnDraw(CDC& dc, const ScreenRect& visible) const;
+  void OnDraw(CDC& dc, const ScreenRect& visible);
 
-  /// Selects the texture at the point, if there is one, and gives its name to the current brush.
+  /// Selects the texture at the point, if there is one, scrolls until it is seen whole and gives
+  /// its name to the current brush.
   void OnLeftButtonUp(ScreenPoint point);
 
   enum class Step { Left, Right, Up, Down, First, Last };
@@ -63,6 +63,7 @@ class CTextureView : public CChildView {
 
  private:
   void Select(std::int32_t index);
+  [[nodiscard]] bool IsSelectionSeen() const;
   [[nodiscard]] const std::vector<Texture>& Textures() const {
     return document_.Textures().Textures();
   }
@@ -74,6 +75,7 @@ class CTextureView : public CChildView {
   std::vector<ScreenRect> places_;  ///< of the textures, in their order
   ScreenPoint size_;                ///< width and height of all rows
   std::int32_t selected_ = 0;
+  std::optional<ScreenRect> seen_;  ///< what was drawn last
 };
 
 }  // namespace zando

@@ -41,15 +41,15 @@ void DrawLine(CDC& dc, ScreenPoint from, ScreenPoint to) {
   dc.LineTo(to);
 }
 
-/// What the grid of one paint is made of; places are relative to the centre of the window.
+/// What the grid of one paint is made of; places are relative to the centre of the camera, where
+/// those of brushes are.
 struct Grid {
   CDC& dc;
   double zoom;
-  double size;    ///< map units
-  double across;  ///< the camera along the view's horizontal axis
-  double up;      ///< and along its vertical axis
-  std::int32_t halfWidth;
-  std::int32_t halfHeight;
+  double size;         ///< map units
+  double across;       ///< the camera along the view's horizontal axis
+  double up;           ///< and along its vertical axis
+  ScreenPoint centre;  ///< also how far the window reaches from there
 };
 
 /// Indices of the grid lines that fall into the window along one axis.
@@ -59,25 +59,24 @@ struct LineRange {
 };
 
 LineRange VisibleLines(const Grid& grid, double camera, std::int32_t half) {
-  const std::int64_t spacing = std::max(Truncate(grid.size), std::int64_t{1});
   const double reach = half / grid.zoom;
-  return {Truncate(camera - reach) / spacing, Truncate(camera + reach) / spacing};
+  return {Truncate((camera - reach) / grid.size), Truncate((camera + reach) / grid.size)};
 }
 
 void DrawLines(const Grid& grid, ColorRef color, std::int64_t step) {
   const Pen before = grid.dc.SelectPen({color, 1});
   const auto first = [step](const LineRange& lines) { return lines.first - lines.first % step; };
-  const LineRange vertical = VisibleLines(grid, grid.across, grid.halfWidth);
+  const LineRange vertical = VisibleLines(grid, grid.across, grid.centre.x);
   for (std::int64_t i = first(vertical); i <= vertical.last; i += step) {
     const double place = static_cast<double>(i) * grid.size - grid.across;
     const std::int32_t x = TruncateToPixel(place * grid.zoom);
-    DrawLine(grid.dc, {x, -grid.halfHeight}, {x, grid.halfHeight});
+    DrawLine(grid.dc, {x, -grid.centre.y}, {x, grid.centre.y});
   }
-  const LineRange horizontal = VisibleLines(grid, grid.up, grid.halfHeight);
+  const LineRange horizontal = VisibleLines(grid, grid.up, grid.centre.y);
   for (std::int64_t i = first(horizontal); i <= horizontal.last; i += step) {
     const double place = grid.up - static_cast<double>(i) * grid.size;
     const std::int32_t y = TruncateToPixel(place * grid.zoom);
-    DrawLine(grid.dc, {-grid.halfWidth, y}, {grid.halfWidth, y});
+    DrawLine(grid.dc, {-grid.centre.x, y}, {grid.centre.x, y});
   }
   grid.dc.SelectPen(before);
 }
@@ -130,7 +129,7 @@ void DrawBrush(const ViewDrawing& drawing, const CZandoBrush& brush, ColorRef ou
   const Pen pen = selected ? Pen{kSelected, kSelectedWidth} : Pen{outline, 1};
   const Pen before = drawing.dc.SelectPen(pen);
   for (const CZandoPoly& polygon : brush.WorldPolys()) {
-    if (IsOrthographic(drawing.kind)) {
+    if (IsOrthographic(drawing.camera.Kind())) {
       DrawPolygonFlat(drawing, polygon, selected ? kSelected : handles);
     } else {
       DrawPolygonInPerspective(drawing, polygon, selected ? kSelected : handles);
@@ -154,22 +153,20 @@ void DrawEntity(const ViewDrawing& drawing, const CEntity& entity, ColorRef colo
 }  // namespace
 
 void DrawGrid(const ViewDrawing& drawing, const CZANDODoc& document) {
-  if (!IsOrthographic(drawing.kind)) return;
-  const Vector& camera = drawing.camera.Position;
-  const std::int32_t halfWidth = drawing.client.x / 2;
-  const std::int32_t halfHeight = drawing.client.y / 2;
-  const ViewAxes& axes = AxesOf(drawing.kind);
+  if (!IsOrthographic(drawing.camera.Kind())) return;
+  const CCamera& camera = drawing.camera;
+  const ViewAxes& axes = AxesOf(camera.Kind());
   const EditingState& state = document.State();
-  const Grid grid{drawing.dc,      drawing.zoom, state.GridSize, camera.*axes.across,
-                  camera.*axes.up, halfWidth,    halfHeight};
-  const ScreenPoint before = drawing.dc.SetViewportOrg({halfWidth, halfHeight});
+  const Grid grid{drawing.dc,
+                  camera.Zoom(),
+                  state.GridSize,
+                  camera.Position.*axes.across,
+                  camera.Position.*axes.up,
+                  camera.Centre()};
+  const ScreenPoint before = drawing.dc.SetViewportOrg(grid.centre);
   const double spacing = grid.zoom * grid.size;
-  // Lines of a grid finer than one unit have no whole spacing to count by.
-  const bool countable = grid.size >= 1.0;
-  if (state.ShowFineGrid != 0 && spacing > kLeastFineSpacing && countable) {
-    DrawLines(grid, kFineGrid, 1);
-  }
-  if (state.ShowCoarseGrid != 0 && spacing * 10.0 > kLeastCoarseSpacing && countable) {
+  if (state.ShowFineGrid != 0 && spacing > kLeastFineSpacing) DrawLines(grid, kFineGrid, 1);
+  if (state.ShowCoarseGrid != 0 && spacing * 10.0 > kLeastCoarseSpacing) {
     DrawLines(grid, kCoarseGrid, 10);
   }
   DrawAxes(grid);

@@ -10,9 +10,6 @@ namespace zando {
 struct ViewDrawing {
   CDC& dc;
   const CCamera& camera;
-  ViewKind kind;
-  double zoom;
-  ScreenPoint client;  ///< width and height of the window
 };
 
 /// Fine grid, coarse grid and world axes of an orthographic view.

@@ -1,6 +1,5 @@
 #include "views/zando_view.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "document/brush_edits.h"
@@ -13,30 +12,7 @@
 namespace zando {
 namespace {
 
-constexpr double kLeastZoom = 0.001;
-constexpr double kZoomPerPixel = 0.001;
-constexpr double kTurnPerPixel = 6.0;
-
 constexpr std::uint32_t kColorSeed = 1;
-
-bool IsViewKind(CommandId id) {
-  return id >= static_cast<CommandId>(ViewKind::Wireframe) &&
-         id <= static_cast<CommandId>(ViewKind::Texture);
-}
-
-/// The axis flag that a command toggles, or 0.
-std::uint32_t AxisOf(CommandId id) {
-  switch (id) {
-    case ID_AXIS_X:
-      return kAxisX;
-    case ID_AXIS_Y:
-      return kAxisY;
-    case ID_AXIS_Z:
-      return kAxisZ;
-    default:
-      return 0;
-  }
-}
 
 }  // namespace
 
@@ -64,19 +40,22 @@ std::string_view CZANDOView::FrameTitle(ViewKind kind) {
 }
 
 void CZANDOView::SetFrameTitle() {
-  if (window_ != nullptr) window_->SetFrameTitle(FrameTitle(kind_));
+  if (window_ != nullptr) window_->SetFrameTitle(FrameTitle(Kind()));
+}
+
+void CZANDOView::SetWindow(CViewWindow* window) {
+  CZANDOView::EndDrag();
+  window_ = window;
 }
 
 void CZANDOView::SetKind(ViewKind kind) {
-  kind_ = kind;
-  camera_.BeginDraw(kind_, zoom_);
+  camera_.BeginDraw(kind, Zoom());
   if (window_ != nullptr) window_->RedrawNow();
   SetFrameTitle();
 }
 
 void CZANDOView::SetZoom(double zoom) {
-  zoom_ = std::max(zoom, kLeastZoom);
-  camera_.BeginDraw(kind_, zoom_);
+  camera_.SetZoom(zoom);
   if (window_ != nullptr) window_->Invalidate();
 }
 
@@ -96,18 +75,17 @@ void CZANDOView::OnSize(std::int32_t width, std::int32_t height) {
   renderer_.SetViewport(camera_.Width(), camera_.Height(), *colors_);
 }
 
-bool CZANDOView::ErasesBackground() const { return !ShowsSurfaces(kind_); }
+bool CZANDOView::ErasesBackground() const { return !ShowsSurfaces(Kind()); }
 
 void CZANDOView::OnDraw(CDC& dc) {
   dc.ResetClip();
   camera_.BuildViewMatrix();
-  camera_.BeginDraw(kind_, zoom_);
-  const ViewDrawing drawing{dc, camera_, kind_, zoom_, client_};
+  const ViewDrawing drawing{dc, camera_};
   if (ErasesBackground()) {
     DrawGrid(drawing, document_);
     DrawBrushes(drawing, document_);
   } else {
-    const RenderMode mode = kind_ == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured;
+    const RenderMode mode = Kind() == ViewKind::Solid ? RenderMode::Solid : RenderMode::Textured;
     renderer_.Render(camera_, document_.GetLevel().World, mode);
     // Without memory for its surface the view stays empty.
     if (!renderer_.Present(dc)) dc.FillSolidRect(0, 0, client_.x, client_.y, Rgb(0, 0, 0));
@@ -129,37 +107,10 @@ void CZANDOView::ToggleAxis(std::uint32_t axis) {
 
 void CZANDOView::Rotate90() {
   constexpr double kQuarterTurn = 2048.0;
-  Vector angles{kQuarterTurn, 0.0, 0.0};
-  if (kind_ == ViewKind::Side) angles = {0.0, kQuarterTurn, 0.0};
-  if (kind_ == ViewKind::Front) angles = {0.0, 0.0, kQuarterTurn};
-  TurnBrush(document_, angles, settings_.ActiveAxisMask);
-}
-
-bool CZANDOView::OnCommand(CommandId id) {
-  if (IsViewKind(id)) {
-    SetKind(static_cast<ViewKind>(id));
-    return true;
-  }
-  if (id == ID_ROTATE_90) {
-    Rotate90();
-    return true;
-  }
-  const std::uint32_t axis = AxisOf(id);
-  if (axis == 0) return false;
-  ToggleAxis(axis);
-  return true;
-}
-
-bool CZANDOView::OnUpdateCommandUI(CommandId id, CCmdUI& ui) {
-  if (IsViewKind(id)) {
-    ui.SetCheck(id == static_cast<CommandId>(kind_));
-    return true;
-  }
-  if (const std::uint32_t axis = AxisOf(id); axis != 0) {
-    ui.SetCheck((axisFlags_ & axis) != 0);
-    return true;
-  }
-  return id == ID_ROTATE_90;
+  const ViewAxes& axes = IsOrthographic(Kind()) ? AxesOf(Kind()) : kTopAxes;
+  Vector about{0.0, 0.0, 0.0};
+  about.*axes.depth = kQuarterTurn;
+  TurnBrush(document_, ByAxis(about), settings_.ActiveAxisMask);
 }
 
 void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position) {
@@ -168,64 +119,14 @@ void CZANDOView::OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint 
   if (button == MouseButton::Left ? flags.right : flags.left) return;
   window_->SetCapture();
   // A release that got lost leaves a drag behind, which goes on.
-  if (drag_ != Drag::None) return;
-  dragTool_ = document_.State().ToolMode;
-  if (dragTool_ == ID_TOOL_SELECT_GROUP) {
-    drag_ = Drag::Box;
-    anchor_ = position;
-    window_->DrawDragRect(NormalizedRect(anchor_, anchor_));
-    return;
-  }
-  if (dragTool_ == ID_TOOL_SELECT_BRUSH && button == MouseButton::Left) {
-    drag_ = Drag::Click;
-    return;
-  }
-  BeginMotion();
-  if (dragTool_ == ID_TOOL_MOVE_SELECT_ENTITY && button == MouseButton::Right) {
-    if (IsOrthographic(kind_)) {
-      PickEntity(document_, camera_.ScreenToWorld(position), AxesOf(kind_));
-    }
-  }
-}
-
-void CZANDOView::BeginMotion() {
-  drag_ = Drag::Motion;
-  anchor_ = desktop_.GetCursorPos();
-  desktop_.ShowCursor(false);
+  if (drag_ != nullptr) return;
+  camera_.BuildViewMatrix();
+  drag_ = BeginDrag({document_, settings_, desktop_, *window_, camera_},
+                    FindTool(document_.State().ToolMode), button, position);
 }
 
 void CZANDOView::OnMouseMove(MouseFlags flags, ScreenPoint position) {
-  if (window_ == nullptr || !window_->HasCapture()) return;
-  if (drag_ == Drag::Box) window_->DrawDragRect(NormalizedRect(anchor_, position));
-  if (drag_ == Drag::Motion) FollowMotion(flags);
-}
-
-void CZANDOView::FollowMotion(MouseFlags flags) {
-  const ScreenPoint cursor = desktop_.GetCursorPos();
-  const std::int32_t left = anchor_.x - cursor.x;
-  const std::int32_t up = anchor_.y - cursor.y;
-  if (left != 0 || up != 0) ApplyStep(flags, left, up);
-  desktop_.SetCursorPos(anchor_);
-  // A cursor that stays where the hand put it has the next step count from there. Only the attempt
-  // may have shown that it does.
-  if (!desktop_.CanPlaceCursor()) anchor_ = cursor;
-}
-
-void CZANDOView::ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up) {
-  if (dragTool_ == ID_TOOL_CAMERA) {
-    DragCamera(flags, left, up);
-    window_->RedrawNow();
-    return;
-  }
-  if (!IsEditingTool(dragTool_)) return;
-  if (const auto step = FindToolStep(dragTool_, kind_, flags, left, up)) {
-    // Another button turned a move into a rotation or back: what was begun must not be left
-    // pending.
-    if (toolDrag_ && toolDrag_->Operation() != step->operation) EndToolDrag();
-    if (!toolDrag_) toolDrag_.emplace(document_, step->operation);
-    toolDrag_->Step(step->amount, settings_.ActiveAxisMask);
-  }
-  window_->RedrawNow();
+  if (drag_ != nullptr && window_->HasCapture()) drag_->Update(flags, position);
 }
 
 void CZANDOView::OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position) {
@@ -235,60 +136,20 @@ void CZANDOView::OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint po
     return;
   }
   if (button == MouseButton::Left ? flags.right : flags.left) return;
-  if (window_->HasCapture()) window_->ReleaseCapture();
-  FinishDrag(button, position);
-}
-
-void CZANDOView::FinishDrag(MouseButton button, ScreenPoint position) {
-  const bool isLeft = button == MouseButton::Left;
-  switch (std::exchange(drag_, Drag::None)) {
-    case Drag::None:
-      return;
-    case Drag::Box:
-      SelectInBox(position, isLeft ? Selection::Select : Selection::Deselect);
-      return;
-    case Drag::Click:
-      if (isLeft && IsOrthographic(kind_)) {
-        PickBrush(document_, camera_.ScreenToWorld(position), AxesOf(kind_));
-      }
-      break;
-    case Drag::Motion:
-      EndToolDrag();
-      desktop_.SetCursorPos(anchor_);
-      desktop_.ShowCursor(true);
-      break;
-  }
-  document_.UpdateAllViews(nullptr);
-}
-
-Commit CZANDOView::CommitNow() const {
-  return desktop_.IsShiftDown() ? Commit::DominantAxis : Commit::AllAxes;
-}
-
-void CZANDOView::EndToolDrag() {
-  if (!toolDrag_) return;
-  toolDrag_->End(settings_.ActiveAxisMask, CommitNow());
-  toolDrag_.reset();
-}
-
-void CZANDOView::SelectInBox(ScreenPoint corner, Selection selection) {
-  window_->EraseDragRect();
-  const ScreenRect box = NormalizedRect(anchor_, corner);
-  // Up is up in the world, and down on the screen.
-  if (!IsOrthographic(kind_)) return;
-  const ViewRect rect{camera_.ScreenToWorld({box.left, box.bottom}),
-                      camera_.ScreenToWorld({box.right, box.top}), AxesOf(kind_)};
-  BoxSelect(document_, rect, selection);
+  if (const auto drag = LetGo()) drag->End(MouseRelease{button, position});
 }
 
 void CZANDOView::EndDrag() {
+  if (const auto drag = LetGo()) drag->End(std::nullopt);
+}
+
+void CZANDOView::CancelDrag() {
+  if (const auto drag = LetGo()) drag->Cancel();
+}
+
+std::unique_ptr<CViewDrag> CZANDOView::LetGo() {
   if (window_ != nullptr && window_->HasCapture()) window_->ReleaseCapture();
-  if (drag_ == Drag::Motion) {
-    FinishDrag(MouseButton::Left, {});
-    return;
-  }
-  if (drag_ == Drag::Box && window_ != nullptr) window_->EraseDragRect();
-  drag_ = Drag::None;
+  return std::exchange(drag_, nullptr);
 }
 
 void CZANDOView::OnKeyDown(Key key, MouseFlags held) {
@@ -311,46 +172,15 @@ void CZANDOView::OnKeyDown(Key key, MouseFlags held) {
 void CZANDOView::DeleteCurrent() {
   // What moves along with it must not be left half way.
   EndDrag();
-  switch (document_.State().ToolMode) {
-    case ID_TOOL_MOVE_ROTATE_BRUSH:
-    case ID_TOOL_SCALE_BRUSH:
-    case ID_TOOL_SHEAR_BRUSH:
+  switch (FindTool(document_.State().ToolMode).deletes) {
+    case Deletes::CurrentBrush:
       DeleteCurrentBrush(document_);
       return;
-    case ID_TOOL_MOVE_SELECT_ENTITY:
+    case Deletes::CurrentEntity:
       DeleteCurrentEntity(document_);
       return;
-    default:
+    case Deletes::Nothing:
       return;
-  }
-}
-
-void CZANDOView::DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy) {
-  if (!IsOrthographic(kind_)) {
-    if (flags.left && flags.right) {
-      camera_.Fly(dx, dy, 0.0);
-    } else if (flags.left) {
-      camera_.Turn(kTurnPerPixel * dx, 0.0, 0.0);
-      camera_.Fly(0.0, 0.0, dy);
-    } else if (flags.right) {
-      camera_.Turn(kTurnPerPixel * dx, kTurnPerPixel * dy, 0.0);
-    }
-    return;
-  }
-  if (!flags.left) {
-    if (flags.right) SetZoom(zoom_ + kZoomPerPixel * dy);
-    return;
-  }
-  switch (kind_) {
-    case ViewKind::Top:
-      camera_.Pan(-dx, 0.0, dy);
-      break;
-    case ViewKind::Side:
-      camera_.Pan(0.0, dy, -dx);
-      break;
-    default:
-      camera_.Pan(-dx, dy, 0.0);
-      break;
   }
 }
 

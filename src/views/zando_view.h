@@ -1,17 +1,17 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 
 #include "document/editor_settings.h"
-#include "document/selection_edits.h"
-#include "document/tool_drag.h"
 #include "platform/desktop.h"
 #include "platform/draw_context.h"
 #include "views/camera.h"
 #include "views/child_view.h"
 #include "views/solid_renderer.h"
+#include "views/view_drag.h"
 
 namespace zando {
 
@@ -26,8 +26,8 @@ class CZANDOView : public CChildView {
   ~CZANDOView() override;
 
   [[nodiscard]] CCamera& Camera() { return camera_; }
-  [[nodiscard]] ViewKind Kind() const { return kind_; }
-  [[nodiscard]] double Zoom() const { return zoom_; }
+  [[nodiscard]] ViewKind Kind() const { return camera_.Kind(); }
+  [[nodiscard]] double Zoom() const { return camera_.Zoom(); }
   [[nodiscard]] std::uint32_t AxisFlags() const { return axisFlags_; }
 
   /// Shows another kind: redraws at once and sets the frame's title.
@@ -36,9 +36,9 @@ class CZANDOView : public CChildView {
   /// Pixels per world unit in the orthographic kinds; raised to 0.001 when lower. Redraws.
   void SetZoom(double zoom);
 
-  /// The window must outlive the view, or be taken back with null: a view that goes in the middle
-  /// of a drag still lets go of the mouse.
-  void SetWindow(CViewWindow* window) { window_ = window; }
+  /// The window must outlive the view, or be taken back with null. A drag in the window before
+  /// ends.
+  void SetWindow(CViewWindow* window);
 
   /// "-Top View-" and so on.
   [[nodiscard]] static std::string_view FrameTitle(ViewKind kind);
@@ -60,10 +60,13 @@ class CZANDOView : public CChildView {
   /// the group list filled anew.
   void OnActivate(Activation activation) override;
 
-  bool OnCommand(CommandId id) override;
-  bool OnUpdateCommandUI(CommandId id, CCmdUI& ui) override;
+  /// Turns what the brush tools act on by 90 degrees about the axis that the view looks along.
+  void Rotate90();
 
-  enum class MouseButton { Left, Middle, Right };
+  /// Allows changes along an axis, one of kAxisX and the others, or no longer.
+  void ToggleAxis(std::uint32_t axis);
+
+  using MouseButton = zando::MouseButton;
   /// Positions are in client pixels; flags are the buttons held after the event.
   void OnButtonDown(MouseButton button, MouseFlags flags, ScreenPoint position);
   void OnButtonUp(MouseButton button, MouseFlags flags, ScreenPoint position);
@@ -77,27 +80,13 @@ class CZANDOView : public CChildView {
   /// dragged is committed as by a release, the mouse is let go and the cursor shown.
   void EndDrag() override;
 
- private:
-  /// What the buttons held were pressed for.
-  enum class Drag {
-    None,
-    Motion,  ///< the cursor is hidden, every motion is a step of the tool
-    Box,     ///< a frame is drawn
-    Click    ///< the release counts
-  };
+  /// Gives a drag up: what it changed is as before it, the mouse is let go and the cursor shown.
+  void CancelDrag();
 
-  void BeginMotion();
-  void FollowMotion(MouseFlags flags);
-  void ApplyStep(MouseFlags flags, std::int32_t left, std::int32_t up);
-  void FinishDrag(MouseButton button, ScreenPoint position);
-  void EndToolDrag();
-  void SelectInBox(ScreenPoint corner, Selection selection);
+ private:
+  [[nodiscard]] std::unique_ptr<CViewDrag> LetGo();
   void DeleteCurrent();
-  void Rotate90();
-  void ToggleAxis(std::uint32_t axis);
-  void DragCamera(MouseFlags flags, std::int32_t dx, std::int32_t dy);
   void SetFrameTitle();
-  [[nodiscard]] Commit CommitNow() const;
 
   CEditorSettings& settings_;
   CDesktop& desktop_;
@@ -105,14 +94,9 @@ class CZANDOView : public CChildView {
   CCamera camera_;
   CSolidRenderer renderer_;
   std::optional<ColorTable> colors_;  ///< the palette as the first sizing found it
-  ViewKind kind_ = ViewKind::Solid;
-  double zoom_ = 0.1;
   std::uint32_t axisFlags_ = kAxisX | kAxisY | kAxisZ;
   ScreenPoint client_;  ///< width and height of the window
-  Drag drag_ = Drag::None;
-  CommandId dragTool_ = 0;             ///< the tool of the drag, whatever becomes of the document's
-  std::optional<CToolDrag> toolDrag_;  ///< from its first step on
-  ScreenPoint anchor_;  ///< where the drag began: on the screen, or in the client area for a box
+  std::unique_ptr<CViewDrag> drag_;
 };
 
 }  // namespace zando

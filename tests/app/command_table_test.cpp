@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
+#include <string>
 #include <string_view>
 
-#include "document/command_ids.h"
+#include "support/given_texts.h"
 
 namespace zando {
 namespace {
@@ -26,40 +28,50 @@ TEST(CommandTable, EveryCommandOfMenusToolbarsAndKeysHasOneFullRow) {
       EXPECT_TRUE(!row->icon.empty() && icons.insert(row->icon).second) << id;
     }
   }
-  std::set<std::string_view> keys;
-  for (const Accelerator& accelerator : Accelerators()) {
-    EXPECT_EQ(rows.count(accelerator.id), 1U) << accelerator.keys;
-    EXPECT_TRUE(keys.insert(accelerator.keys).second) << accelerator.keys;
-  }
 }
 
-TEST(CommandTable, MenusAreTreesWithoutRepeatedCommandsOrStraySeparators) {
-  for (const auto menu : {EmptyMenu(), DocumentMenu()}) {
-    std::set<CommandId> seen;
-    std::int32_t deepest = 0;  // that the next line may stand at
-    for (std::size_t i = 0; i < menu.size(); ++i) {
-      const MenuLine& line = menu[i];
-      EXPECT_LE(line.depth, deepest) << i;
-      deepest = line.depth + (line.kind == MenuLine::Kind::Submenu ? 1 : 0);
-      if (line.kind == MenuLine::Kind::Command) {
-        EXPECT_TRUE(FindCommand(line.id) != nullptr && seen.insert(line.id).second) << line.id;
-      }
-      if (line.kind != MenuLine::Kind::Separator) continue;
-      ASSERT_LT(i + 1, menu.size());
-      EXPECT_EQ(menu[i + 1].depth, line.depth) << i;
-      EXPECT_NE(menu[i + 1].kind, MenuLine::Kind::Separator) << i;
-      EXPECT_GE(menu[i - 1].depth, line.depth) << i;
+/// A menu of the program's table as the given texts spell it.
+std::string TextOf(std::span<const MenuLine> menu) {
+  std::string text;
+  for (const MenuLine& line : menu) {
+    text.append(static_cast<std::size_t>(line.depth), '>');
+    switch (line.kind) {
+      case MenuLine::Kind::Separator:
+        text += "-";
+        break;
+      case MenuLine::Kind::RecentFiles:
+        text += "recent files";
+        break;
+      case MenuLine::Kind::OpenWindows:
+        text += "open windows";
+        break;
+      case MenuLine::Kind::Submenu:
+        text += line.text;
+        break;
+      case MenuLine::Kind::Command:
+        text += std::to_string(line.id) + ' ';
+        text += line.text.empty() ? FindCommand(line.id)->menuText : line.text;
+        break;
     }
+    text += '|';
   }
+  return text;
 }
 
-TEST(CommandTable, EveryCommandIsInTheMenuOfALevelButThoseOfKeysAndTheQuickBuild) {
-  std::set<CommandId> found{ID_QUICK_BSP, ID_NEXT_PANE, ID_PREV_PANE, ID_HELP, ID_CONTEXT_HELP};
-  for (CommandId i = 0; i < 4; ++i) found.insert(ID_FILE_MRU_FIRST + i);
-  for (const MenuLine& line : DocumentMenu()) {
-    EXPECT_TRUE(line.id == 0 || found.insert(line.id).second) << line.id;
+TEST(CommandTable, MenusToolbarsKeysAndPromptsAreAsTheyAreGiven) {
+  EXPECT_EQ(TextOf(EmptyMenu()), testing::kGivenEmptyMenu);
+  EXPECT_EQ(TextOf(DocumentMenu()), testing::kGivenDocumentMenu);
+  EXPECT_TRUE(std::ranges::equal(MainToolbar(), testing::kGivenMainToolbar));
+  EXPECT_TRUE(std::ranges::equal(SecondToolbar(), testing::kGivenSecondToolbar));
+  std::map<std::string_view, CommandId> keys;
+  for (const Accelerator& key : Accelerators()) EXPECT_TRUE(keys.emplace(key.keys, key.id).second);
+  std::map<std::string_view, CommandId> given;
+  for (const auto& key : testing::kGivenKeys) given.emplace(key.keys, key.id);
+  EXPECT_EQ(keys, given);
+  for (const auto& [id, prompt, tip] : testing::kGivenTips) {
+    EXPECT_EQ(FindCommand(id)->prompt, prompt);
+    EXPECT_EQ(FindCommand(id)->tip, tip);
   }
-  for (const CommandRow& row : CommandTable()) EXPECT_TRUE(found.contains(row.id)) << row.menuText;
 }
 
 }  // namespace

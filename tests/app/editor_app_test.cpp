@@ -1,78 +1,30 @@
 #include "app/editor_app.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "app/command_table.h"
+#include "app/editor_app_fixture.h"
+#include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/document_file.h"
+#include "document/group_edits.h"
+#include "document/view_edits.h"
 #include "platform/file_io.h"
-#include "support/fake_main_window.h"
+#include "support/edit_level.h"
 #include "support/made_up_wad.h"
 
 namespace zando {
 namespace {
 
+using testing::Edit;
+using testing::EditState;
 namespace fs = std::filesystem;
 
-class CMemoryStore : public CRecentFileStore {
- public:
-  std::vector<fs::path> files;
-  std::vector<fs::path> Load() override { return files; }
-  void Save(const std::vector<fs::path>& saved) override { files = saved; }
-};
-
-class EditorApp : public ::testing::Test {
- protected:
-  EditorApp() {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    Restart();
-  }
-  ~EditorApp() override {
-    app.reset();
-    EXPECT_TRUE(window.Children.empty());
-    fs::remove_all(folder);
-  }
-
-  /// A program that has just begun, with the same files and recent files.
-  void Restart(const fs::path& file = {}) {
-    app.reset();
-    app = std::make_unique<CEditorApp>(window, desktop, store);
-    window.App = app.get();
-    ASSERT_TRUE(app->Start(file));
-  }
-
-  CZANDODoc& Active() { return window.ActiveView()->Document(); }
-  bool UserCloses(std::size_t child) { return window.UserCloses(*window.Children[child].view); }
-
-  /// A saved level of some brushes in the folder.
-  fs::path Sample(const std::string& name, int brushes = 1) {
-    CZANDODoc level;
-    for (int i = 0; i < brushes; ++i) level.AddToWorld();
-    EXPECT_EQ(SaveDocumentFile(level, folder / name), "");
-    return folder / name;
-  }
-  static std::int32_t BrushesIn(const fs::path& path) {
-    return LoadDocumentFile(path).document->BrushCount();
-  }
-
-  std::string Check(CommandId id) {
-    const CCmdUI ui = app->Query(id);
-    return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
-  }
-
-  fs::path folder = ::testing::TempDir() + "zando_app_test_" + std::to_string(::getpid());
-  testing::CFakeMainWindow window;
-  testing::CScriptedDesktop desktop;
-  CMemoryStore store;
-  std::unique_ptr<CEditorApp> app;
-};
+using EditorApp = testing::EditorAppTest;
 
 TEST_F(EditorApp, ASavedLevelComesBackAsItWas) {
   EXPECT_FALSE(Active().IsModified());
@@ -117,7 +69,7 @@ TEST_F(EditorApp, ClosingAChangedLevelHonoursTheAnswer) {
       EXPECT_EQ(closed, c.closed) << way;
       EXPECT_TRUE(desktop.SaveAnswers.empty());
       EXPECT_EQ(BrushesIn(path), c.brushes);
-      EXPECT_EQ(desktop.StatusText.starts_with("Cannot save "), !c.saveWorks);
+      EXPECT_EQ(desktop.Failure.starts_with("Cannot save "), !c.saveWorks);
       EXPECT_TRUE(closed || Active().IsModified());
     }
   }
@@ -143,7 +95,7 @@ TEST_F(EditorApp, OnlyTheLastWindowOfALevelAsksAndWindowsCloseInAnyOrder) {
 
 TEST_F(EditorApp, AFileThatCannotBeReadLeavesOpenLevelsAloneAndSaysWhy) {
   const CZANDODoc* before = &Active();
-  ASSERT_EQ(WriteFileAtomically(folder / "bad.3dz", "no level\n"), "");
+  ASSERT_EQ(WriteFileAtomically(folder / "bad.3dz", "no level\n").Error(), "");
   for (const char* name : {"bad.3dz", "missing.3dz", "."}) {
     EXPECT_FALSE(app->OpenDocument(folder / name));
     const std::string& said = desktop.Calls.back();
@@ -173,6 +125,27 @@ TEST_F(EditorApp, AnOpenFileIsActivatedAndNoOtherLevelIsSavedOverIt) {
   app->Run(ID_FILE_SAVE_AS);
   EXPECT_TRUE(desktop.Calls.back().starts_with("message ")) << desktop.Calls.back();
   EXPECT_TRUE(Active().GetPathName().empty());
+}
+
+TEST_F(EditorApp, ChoosersStartBesideTheActiveLevelOrInTheFolderLastUsed) {
+  const auto proposed = [this](CommandId id) {
+    desktop.Files = {std::nullopt};
+    app->Run(id);
+    return desktop.FileRequests.back().proposal;
+  };
+  EXPECT_EQ(proposed(ID_FILE_OPEN), "");
+  for (const char* name : {"a", "b"}) {
+    fs::create_directories(folder / name);
+    EXPECT_TRUE(app->OpenDocument(Sample(name + std::string("/1.3dz"))));
+  }
+  window.Activate(*window.Children[1].view);
+  EXPECT_EQ(proposed(ID_FILE_OPEN), folder / "a");
+  app->Run(ID_FILE_NEW);
+  EXPECT_EQ(proposed(ID_FILE_OPEN), folder / "b");
+  EXPECT_EQ(proposed(ID_FILE_SAVE_AS), folder / "b" / "ZANDO2");
+  fs::remove_all(folder / "b");
+  EXPECT_EQ(proposed(ID_FILE_OPEN), "");
+  EXPECT_EQ(proposed(ID_FILE_SAVE_AS), "ZANDO2");
 }
 
 TEST_F(EditorApp, RecentFilesAreTheLastFourNewestFirstAndMissingOnesAreDropped) {
@@ -221,6 +194,36 @@ TEST_F(EditorApp, WhatAnotherProgramWroteIsNotOverwrittenUnasked) {
   EXPECT_EQ(desktop.Calls.size(), 2U);
 }
 
+TEST_F(EditorApp, ADamagedLevelIsToldOfAndReplacedOnlyWhenTheUserSaysSo) {
+  const fs::path path = Sample("level.3dz");
+  const std::string whole = *ReadWholeFile(path);
+  constexpr std::string_view kEnd = "End Class CBrushList\r\n";
+  std::string damaged = whole;
+  damaged.erase(whole.find(kEnd), kEnd.size());
+  ASSERT_TRUE(WriteFileAtomically(path, damaged));
+  Restart(path);
+  const std::string what = "no line \"End Class CBrushList\" where it should follow line 112";
+  EXPECT_EQ(desktop.Failure, "level.3dz is damaged in 1 place: " + what);
+  desktop.YesNoAnswers = {YesNo::No, YesNo::Yes};
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(*ReadWholeFile(path), damaged);
+  EXPECT_EQ(desktop.Calls.back(),
+            "yesno? level.3dz is damaged in 1 place:\n" + what +
+                "\nWhat could not be read is lost when the file is replaced. Replace it?");
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(*ReadWholeFile(path), whole);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(desktop.Calls.size(), 2U) << "the file is whole now";
+
+  ASSERT_TRUE(WriteFileAtomically(path, damaged));
+  Restart(path);
+  desktop.Files = {folder / "other.3dz"};
+  app->Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(*ReadWholeFile(folder / "other.3dz"), whole);
+  app->Run(ID_FILE_SAVE);
+  EXPECT_EQ(desktop.Calls.size(), 3U) << "only where to save was asked";
+}
+
 TEST_F(EditorApp, FourViewsMinimizeTheOldOnesTileTheNewAndCloseWithTheirLevel) {
   app->Run(ID_TEXTURE_BROWSER);
   app->Run(ID_WINDOW_NEW);
@@ -235,9 +238,12 @@ TEST_F(EditorApp, FourViewsMinimizeTheOldOnesTileTheNewAndCloseWithTheirLevel) {
             "-Side View- -Top View- -Front View- -Solid Gons- ");
   EXPECT_EQ(window.Arrangement, "H");
   app->Run(ID_FILE_NEW);
+  app->Run(ID_FOUR_VIEWS);
+  for (const CChildView* tiled : window.Tiled) EXPECT_EQ(&tiled->Document(), &Active());
+  EXPECT_EQ(window.Tiled.size(), 5U) << "the minimized one is the window's affair";
   window.Activate(*window.Children[0].view);
   app->Run(ID_FILE_CLOSE);
-  ASSERT_EQ(window.Children.size(), 1U) << "the windows of other levels stay";
+  ASSERT_EQ(window.Children.size(), 5U) << "the windows of other levels stay";
   EXPECT_EQ(&Active(), app->Documents().at(0).get());
 }
 
@@ -257,10 +263,10 @@ TEST_F(EditorApp, TexturesComeWithALevelAndADamagedArchiveIsToldInTheStatusBar) 
                                          {"WAD3 and more bytes", 0, "my.wad: no WAD2 archive"},
                                          {Archive({{cut}, {good}}), 1, why},
                                          {Archive({{cut}, {cut}}), 0, why + "; and more"}}) {
-    ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive), "");
+    ASSERT_EQ(WriteFileAtomically(folder / "my.wad", c.archive).Error(), "");
     desktop.StatusText.clear();
     app->Run(ID_FILE_NEW);
-    EXPECT_EQ(Active().Textures.TextureCount(), c.textures);
+    EXPECT_EQ(Active().Textures().TextureCount(), c.textures);
     EXPECT_EQ(desktop.StatusText, c.told);
     // Opening a browser tells why it is empty.
     desktop.StatusText.clear();
@@ -297,22 +303,22 @@ TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
 
 TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
   CZANDODoc& level = Active();
-  level.AddToWorld();
-  level.Groups.resize(2);
-  level.Groups[1].gName = "Roof";
-  level.BrushList.Head()->BGroup = 1;
-  level.RefreshColors();
+  AddToWorld(level);
+  Edit(level).Groups.resize(2);
+  SetGroupLook(level, 1, {"Roof", 0, true});
+  const CZandoBrush& brush = *level.GetLevel().BrushList.Head();
+  Edit(level).BrushList.Find(0)->BGroup = 1;
   ASSERT_EQ(window.GroupItems.size(), 3U);
   EXPECT_EQ(window.GroupItems[0].group, -1);
   EXPECT_EQ(window.GroupItems[2].group, 1);
   EXPECT_EQ(window.GroupItems[2].name, "Roof");
-  level.SetShowFilter(ID_SHOW_CURRENT_GROUP);
+  SetShowFilter(level, ID_SHOW_CURRENT_GROUP);
   for (const std::int32_t group : {0, 1, -1, 1}) {
     window.Children[0].window->Invalidations = 0;
     app->SelectGroup(group);
-    EXPECT_EQ(level.CurrentGroup, group);
+    EXPECT_EQ(level.State().CurrentGroup, group);
     EXPECT_EQ(window.SelectedGroup, group);
-    EXPECT_EQ(level.BrushList.Head()->IsShown(), group == 1);
+    EXPECT_EQ(brush.IsShown(), group == 1);
     EXPECT_GT(window.Children[0].window->Invalidations, 0);
   }
   app->Run(ID_FILE_NEW);
@@ -322,8 +328,8 @@ TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
 }
 
 TEST_F(EditorApp, GroupCommandsReachTheLevelFromAnEditingView) {
-  Active().AddToWorld();
-  CZandoBrush& brush = *Active().BrushList.Head();
+  AddToWorld(Active());
+  CZandoBrush& brush = *Edit(Active()).BrushList.Find(0);
   desktop.Dialogs.emplace_back([](CDialog&) { return IDOK; });
   for (const CommandId id : {ID_CREATE_GROUP, ID_REMOVE_FROM_GROUP, ID_ADD_TO_GROUP}) {
     EXPECT_EQ(Check(id), "disabled");
@@ -343,26 +349,26 @@ TEST_F(EditorApp, WhatIsBeingDraggedCountsForCommandsAndWhenItCloses) {
   };
   drag();
   app->Run(ID_ADD_TO_WORLD);
-  EXPECT_EQ(Active().BrushList.Brushes().back()->Pos[0].x, 9.0);
+  EXPECT_EQ(Active().GetLevel().BrushList[0].Own().Pos.x, 9.0);
   EXPECT_EQ(desktop.CursorHidden, 0);
   drag();
   desktop.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel};
   EXPECT_FALSE(window.UserCloses(*window.ActiveView()));
-  EXPECT_EQ(Active().WorkingBrush.Pos[0].x, 18.0);
+  EXPECT_EQ(Active().GetLevel().WorkingBrush.Own().Pos.x, 18.0);
   drag();
   EXPECT_FALSE(app->MayExit());
 }
 
 TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
   app->Run(ID_USE_GRID);
-  Active().GridSize = 3;
-  Active().StepGrid(CZANDODoc::GridStep::Down);
+  EditState(Active()).GridSize = 3;
+  StepGrid(Active(), GridStep::Down);
   EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
   app->Run(ID_FILE_NEW);
   EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
   window.Activate(*window.Children[0].view);
   EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
-  Active().GridSize = 1e300;
+  EditState(Active()).GridSize = 1e300;
   app->RefreshGrid();
   EXPECT_EQ(window.GridPane, "Gridsize: 2147483647 Snap On");
 }

@@ -49,13 +49,13 @@ class CCliTest : public testing::Test {
   }
 
   static void Write(const std::string& name, const std::string& bytes) {
-    EXPECT_EQ(WriteFileAtomically(name, bytes), "");
+    EXPECT_EQ(WriteFileAtomically(name, bytes).Error(), "");
   }
 
   [[nodiscard]] static std::string Read(const std::filesystem::path& path) {
-    const FileContents contents = ReadWholeFile(path);
-    EXPECT_TRUE(contents.bytes) << path << ": " << contents.error;
-    return contents.bytes.value_or("");
+    const auto contents = ReadWholeFile(path);
+    EXPECT_TRUE(contents) << path << ": " << contents.Error();
+    return contents.ValueOr("");
   }
 
   /// A level made by a script.

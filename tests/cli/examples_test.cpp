@@ -15,6 +15,7 @@ TEST_F(Examples, EveryScriptStillGivesItsLevel) {
     std::filesystem::path committed = entry.path();
     committed.replace_extension(".3dz");
     EXPECT_TRUE(Read("made.3dz") == Read(committed)) << committed;
+    EXPECT_EQ(Run("info made.3dz").err, "");
   }
   EXPECT_GE(scripts, 2);
 }

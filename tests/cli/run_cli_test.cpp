@@ -55,11 +55,24 @@ TEST_F(ZandoCli, ExitStatusTellsDoneFromFailedFromWronglyUsed) {
   EXPECT_EQ(FilesHere(), before);
 }
 
+TEST_F(ZandoCli, EverySubcommandWarnsOfADamagedLevelAndReadsItAllTheSame) {
+  const std::string whole = Read("pond.3dz");
+  Write("cut.3dz", whole.substr(0, whole.rfind("End CGroupList")));
+  Write("more.zscript", "add\n");
+  for (const std::string line :
+       {"info cut.3dz", "rebuild cut.3dz out.3dz", "export-map cut.3dz out.map",
+        "convert cut.3dz out.3dz", "run --level cut.3dz more.zscript out.3dz"}) {
+    const Outcome outcome = Run(line);
+    EXPECT_EQ(outcome.status, kCliDone) << line;
+    EXPECT_EQ(outcome.err.find("warning: cut.3dz: no line \"End CGroupList\""), 0U) << outcome.err;
+  }
+}
+
 TEST_F(ZandoCli, InfoTellsWhatALevelHoldsAsTextAndAsUtf8Json) {
-  MakeLevel("more.3dz", kPond + "group new gr\xFCn\n");
+  MakeLevel("more.3dz", kPond + "box x=0 y=16 z=16\nadd\ngroup new gr\xFCn\n");
   const Outcome info = Run("info more.3dz");
   EXPECT_EQ(info.out.substr(0, info.out.find("world:")),
-            "brushes:  4 (3 solid, 1 carving; 1 water, 1 of entities)\n"
+            "brushes:  5 (4 solid, 1 carving; 1 water, 1 of entities, 1 without volume)\n"
             "entities: 2\n"
             "  func_door: 1\n"
             "  light: 1\n"
@@ -70,6 +83,7 @@ TEST_F(ZandoCli, InfoTellsWhatALevelHoldsAsTextAndAsUtf8Json) {
 
   const auto json = nlohmann::json::parse(Run("info --json more.3dz").out);
   EXPECT_EQ(json["brushes"]["of_entities"], 1);
+  EXPECT_EQ(json["brushes"]["without_volume"], 1);
   EXPECT_EQ(json["entities"]["classes"]["func_door"], 1);
   EXPECT_EQ(json["groups"][0]["visible"], false);
   EXPECT_EQ(json["groups"][1]["name"], "gr\xC3\xBCn");
@@ -99,6 +113,18 @@ TEST_F(ZandoCli, ConvertGoesByTheExtensions) {
   EXPECT_EQ(Read("a.map"), Read("b.map"));
   EXPECT_EQ(Run("export-map --wad other.wad pond.3dz c.map").out, "c.map: 7 brushes written\n");
   EXPECT_NE(Read("c.map").find("\"wad\" \"other.wad\""), std::string::npos);
+}
+
+TEST_F(ZandoCli, FlushBrushesOfATurnedGroupStayFlushAcrossASave) {
+  for (const std::string degrees : {"15", "30"}) {
+    MakeLevel("turned.3dz",
+              "group new g\nposition 1000 0 0\nadd\nposition 1128 0 0\nadd\nposition 1256 0 0\n"
+              "add\nbox x=128 y=64 z=64\nposition 1128 0 0\nsubtract\ngroup rotate g " +
+                  degrees + " 0 0\nrebuild optimal\nexport unsaved.map\n");
+    EXPECT_EQ(Run("rebuild turned.3dz again.3dz").out, "again.3dz: 20 nodes, 20 visible\n");
+    EXPECT_EQ(Run("export-map turned.3dz saved.map").out, "saved.map: 6 brushes written\n");
+    EXPECT_EQ(Read("saved.map"), Read("unsaved.map"));
+  }
 }
 
 TEST_F(ZandoCli, LocaleChangesNoByte) {

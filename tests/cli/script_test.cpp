@@ -38,57 +38,67 @@ constexpr const char* kEveryCommand =
     "rebuild quick\nrebuild optimal water\n"
     "save \"half way.3dz\"\nadd\nexport out.map wad my.wad\n";
 
-CZandoBrush& BrushAt(const CZANDODoc& document, std::size_t index) {
-  CZandoBrush& brush = *document.BrushList.Brushes().at(index);
-  brush.UpdateWorld();
-  return brush;
-}
-
 TEST(Script, EveryCommandDoesItsPart) {
   CZANDODoc document;
   const ScriptResult result = RunScript(document, kEveryCommand, "all.zscript");
   ASSERT_EQ(result.error, "");
-  ASSERT_EQ(document.BrushCount(), 5);
+  const Level& level = document.GetLevel();
+  ASSERT_EQ(level.BrushList.BrushCount(), 5);
 
-  const CZandoBrush& first = BrushAt(document, 0);
+  const CZandoBrush& first = level.BrushList[0];
   EXPECT_EQ(first.TranT, kSubtractFromWorld);
   EXPECT_EQ(first.Name, "city2_5");
   EXPECT_EQ(first.BGroup, 0);
   // 64 x 48 at the bottom, sheared by half of z, twice as wide, turned by a quarter: local x is
   // world z, and its extent is (32 + 12) * 2 to each side.
-  EXPECT_NEAR(first.BoundsMax.z, -24.0 + 88.0, 1e-9);
-  EXPECT_NEAR(first.BoundsMin.x, 8.0 - 24.0, 1e-9);
-  EXPECT_NEAR(first.BoundsMax.y, 32.0, 1e-9);
+  EXPECT_NEAR(first.WorldBounds().high.z, -24.0 + 88.0, 1e-9);
+  EXPECT_NEAR(first.WorldBounds().low.x, 8.0 - 24.0, 1e-9);
+  EXPECT_NEAR(first.WorldBounds().high.y, 32.0, 1e-9);
 
   // The pair: brush 1 at (8, 16, -24), brush 2 at (100, 8, 0), half a turn about their mean of x
   // 54 and with twice the distance from it.
-  EXPECT_NEAR(BrushAt(document, 1).WorldOrigin().x, 54.0 + 92.0, 1e-9);
-  EXPECT_NEAR(BrushAt(document, 2).WorldOrigin().x, 54.0 - 92.0, 1e-9);
-  EXPECT_NEAR(BrushAt(document, 2).WorldOrigin().y, 8.0, 1e-9);
-  EXPECT_NEAR(BrushAt(document, 1).BoundsMax.x - BrushAt(document, 1).BoundsMin.x, 256.0, 1e-9);
-  EXPECT_EQ(BrushAt(document, 1).Name, "*slime");
+  EXPECT_NEAR(level.BrushList[1].WorldOrigin().x, 54.0 + 92.0, 1e-9);
+  EXPECT_NEAR(level.BrushList[2].WorldOrigin().x, 54.0 - 92.0, 1e-9);
+  EXPECT_NEAR(level.BrushList[2].WorldOrigin().y, 8.0, 1e-9);
+  EXPECT_NEAR(level.BrushList[1].WorldBounds().high.x - level.BrushList[1].WorldBounds().low.x,
+              256.0, 1e-9);
+  EXPECT_EQ(level.BrushList[1].Name, "*slime");
 
-  ASSERT_EQ(document.Groups.size(), 3U);
-  EXPECT_EQ(document.Groups[0].gCol, 0x302010U);
-  EXPECT_EQ(document.Groups[0].gVis, 0);
-  EXPECT_EQ(BrushAt(document, 4).BGroup, -1);
+  ASSERT_EQ(level.Groups.size(), 3U);
+  EXPECT_EQ(level.Groups[0].gCol, 0x302010U);
+  EXPECT_EQ(level.Groups[0].gVis, 0);
+  EXPECT_EQ(level.BrushList[4].BGroup, -1);
 
-  ASSERT_EQ(document.Entities.size(), 3U);
-  EXPECT_EQ(document.Entities[0].eOrigin, (Vector{1.0, -2.0, 3.0}));
-  EXPECT_EQ(document.Entities[0].GetValue("angle"), "90");
-  EXPECT_EQ(document.Entities[1].eOrigin, (Vector{4.0, 5.0, 6.0}));
-  EXPECT_EQ(document.Entities[1].GetValue("light"), "200");
-  EXPECT_FALSE(BrushAt(document, 2).BelongsToEntity());
-  EXPECT_TRUE(BrushAt(document, 3).BelongsToEntity());
-  EXPECT_EQ(BrushAt(document, 3).BEnt, 2);
+  ASSERT_EQ(level.Entities.size(), 3U);
+  EXPECT_EQ(level.Entities[0].eOrigin, (Vector{1.0, -2.0, 3.0}));
+  EXPECT_EQ(level.Entities[0].GetValue("angle"), "90");
+  EXPECT_EQ(level.Entities[1].eOrigin, (Vector{4.0, 5.0, 6.0}));
+  EXPECT_EQ(level.Entities[1].GetValue("light"), "200");
+  EXPECT_FALSE(level.BrushList[2].BelongsToEntity());
+  EXPECT_TRUE(level.BrushList[3].BelongsToEntity());
+  EXPECT_EQ(level.BrushList[3].BEnt, 2);
   EXPECT_FALSE(document.AnySelected());
 
   ASSERT_EQ(result.files.size(), 2U);
   EXPECT_EQ(result.files[0].path, "half way.3dz");
-  const LoadedDocument saved = ReadDocument(result.files[0].bytes);
-  ASSERT_TRUE(saved.document) << saved.error;
-  EXPECT_EQ(saved.document->BrushCount(), 4);
+  const auto saved = ReadDocument(result.files[0].bytes);
+  ASSERT_TRUE(saved) << saved.Error();
+  EXPECT_EQ(saved->document->GetLevel().BrushList.BrushCount(), 4);
   EXPECT_NE(result.files[1].bytes.find("\"wad\" \"my.wad\""), std::string::npos);
+}
+
+TEST(Script, BoxesTakeEveryNumber) {
+  const std::pair<std::string, BoxParameters> cases[] = {
+      {"box style=hollow wall=64", {.Style = BoxParameters::kHollow, .WallThickness = 64}},
+      {"box y=0 top_x=-1 top_z=0 wall=-9",
+       {.YSize = 0, .WallThickness = -9, .TopXSize = -1, .TopZSize = 0}}};
+  for (const auto& [line, box] : cases) {
+    CZANDODoc document;
+    EXPECT_EQ(RunScript(document, line + "\nscale -1 0 1", "s").error, "");
+    CZandoBrush brush;
+    Generate(box, brush);
+    EXPECT_EQ(document.CurrentBrush().Polys(), brush.Polys()) << line;
+  }
 }
 
 TEST(Script, FirstErrorIsToldWithItsLine) {
@@ -108,13 +118,11 @@ TEST(Script, FirstErrorIsToldWithItsLine) {
       {"position 1 2 3x", "1: '3x' is not a number"},
       {"position nan 2 3", "1: 'nan' is not a number"},
       {"position 1e7 2 3", "1: '1e7' is beyond 1000000"},
-      {"scale 1 0 1", "1: '0' is not above 0"},
-      {"box x=-1", "1: '-1' is not above 0"},
+      {"group new a\ngroup scale a 1 0 1", "2: '0' is not above 0"},
       {"box x=1 x=2", "1: 'x' is given twice"},
       {"box q=1", "1: unknown parameter 'q'"},
       {"box 64", "1: expected key=value, not '64'; usage: box"},
       {"box style=round", "1: expected solid or hollow, not 'round'"},
-      {"box style=hollow wall=64", "1: the walls leave no room in the box"},
       {"name \"a b\"", "1: a brush's name cannot hold a blank"},
       {"name \"a\\\"\"", "1: a brush's name cannot hold a quote"},
       {"pick 0", "1: no brush 0, the level has 0"},
@@ -157,9 +165,9 @@ TEST_F(ScriptFile, ScriptGoesOnFromAGivenLevel) {
   MakeLevel("one.3dz", "name base\nadd\n");
   Write("more.zscript", "pick base\ncopy-to-current\nadd\nsave saved.3dz");
   ASSERT_EQ(Run("run --level one.3dz more.zscript two.3dz").err, "");
-  const LoadedDocument two = LoadDocumentFile("two.3dz");
-  ASSERT_TRUE(two.document) << two.error;
-  EXPECT_EQ(two.document->BrushCount(), 2);
+  const auto two = LoadDocumentFile("two.3dz");
+  ASSERT_TRUE(two) << two.Error();
+  EXPECT_EQ(two->document->GetLevel().BrushList.BrushCount(), 2);
   EXPECT_EQ(Read("saved.3dz"), Read("two.3dz"));
 }
 

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "csg/csg_world.h"
 #include "csg/node_tree_builder.h"
+#include "csg/splitter.h"
 #include "support/csg_testing.h"
 #include "support/small_stack.h"
 
@@ -27,10 +29,10 @@ CBspNode* SquareNode(CConstructiveBsp& tree, double z, bool up = true) {
 
 TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
   constexpr std::int32_t kUnused = 9;
-  const CBrushList level =
+  CBrushList level =
       LevelOfBoxes({Solid({{0, 0, 0}, {8, 8, 8}}), Solid({{4, 4, 4}, {12, 12, 12}})});
-  CZandoBrush* const first = level.Head();
-  CZandoBrush* const second = first->Next;
+  CZandoBrush* const first = &level[0];
+  CZandoBrush* const second = &level[1];
   CConstructiveBsp world;
   BuildWorld(world, level, Build::StepByStep);
   ASSERT_GT(world.coplanar, 0);
@@ -47,6 +49,52 @@ TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
   first->BBid = kUnused;
   second->BBid = 1;
   expectOwners(nullptr, second);
+}
+
+TEST(BspTree, StatisticsCountHiddenNodesAndChainMembersApart) {
+  CConstructiveBsp tree;
+  tree.root = SquareNode(tree, 0.0);
+  tree.root->front = SquareNode(tree, 10.0);
+  tree.root->back = SquareNode(tree, -10.0);
+  tree.root->back->nValid = 0;
+  tree.root->chain = SquareNode(tree, 0.0);
+  tree.root->front->chain = SquareNode(tree, 10.0);
+  tree.inserted = 4;
+  tree.CountStats();
+  EXPECT_EQ(std::tie(tree.nodes, tree.coplanar, tree.visible, tree.splits), std::tuple(3, 2, 2, 1));
+}
+
+/// A head at 0 with a chain of its kind, the splitter between them; then what lies on its sides.
+TEST(BspTree, PartitioningDissolvesChainsAndALeafKeepsTheSplittersPlaneInItsOwn) {
+  for (const bool leaf : {false, true}) {
+    CConstructiveBsp tree;
+    CBspNode* splitter = SquareNode(tree, 0.0);
+    CBspNode* const own = SquareNode(tree, 0.0);
+    CBspNode* const head = SquareNode(tree, 0.0);
+    CBspNode* const member = SquareNode(tree, 0.0);
+    CBspNode* const before = SquareNode(tree, 5.0);
+    CBspNode* const opposite = SquareNode(tree, 0.0, false);
+    splitter->chain = own;
+    head->chain = before;
+    before->chain = member;
+    CNodeList list;
+    for (CBspNode* node : {head, splitter, opposite}) list.Append(node);
+    const Partitioned sides =
+        leaf ? PartitionLeaf(tree, splitter, list) : Partition(tree, splitter, list, nullptr);
+
+    const auto nodes = [](const CBspNode* first, CBspNode* CBspNode::*next) {
+      std::vector<const CBspNode*> all;
+      for (; first != nullptr; first = first->*next) all.push_back(first);
+      return all;
+    };
+    using Nodes = std::vector<const CBspNode*>;
+    EXPECT_EQ(nodes(sides.front.head, &CBspNode::link),
+              leaf ? Nodes{before} : (Nodes{head, before, member, own}));
+    EXPECT_EQ(nodes(sides.back.head, &CBspNode::link), Nodes{opposite});
+    EXPECT_EQ(nodes(splitter, &CBspNode::chain),
+              leaf ? (Nodes{splitter, head, member, own}) : Nodes{splitter});
+    EXPECT_EQ(before->chain, nullptr);
+  }
 }
 
 /// Root at 0, facing up; in front of it 10 up and, in front of that, 12 down; behind it -10 up.

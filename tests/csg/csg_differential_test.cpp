@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <limits>
 #include <ostream>
 #include <string>
 #include <tuple>
@@ -10,7 +13,10 @@
 #include "csg/csg_world.h"
 #include "csg/literal_csg.h"
 #include "csg/node_tree_builder.h"
+#include "document/document_file.h"
+#include "geometry/axes.h"
 #include "support/csg_testing.h"
+#include "support/edit_level.h"
 
 namespace zando::testing {
 namespace {
@@ -23,18 +29,25 @@ class CStepCounter : public CProgress {
   std::int32_t steps = 0;
 };
 
-/// Bit for bit, but for the colour: any flat colour will do.
+/// Bit for bit; whatever is not a number is the same.
+bool SameNumber(double a, double b) {
+  return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
+         (std::isnan(a) && std::isnan(b));
+}
+
+bool SameVector(const Vector& a, const Vector& b) {
+  return SameNumber(a.x, b.x) && SameNumber(a.y, b.y) && SameNumber(a.z, b.z);
+}
+
+/// All but the colour: any flat colour will do.
 bool SameMember(const CBspNode& a, const CBspNode& b) {
-  const auto sameBits = [](const auto& x, const auto& y) {
-    return std::memcmp(&x, &y, sizeof x) == 0;
-  };
   const auto verticesA = a.polygon.Vertices();
   const auto verticesB = b.polygon.Vertices();
   return a.nValid == b.nValid && a.nBid == b.nBid && a.nPolNum == b.nPolNum &&
-         a.pBrush == b.pBrush && sameBits(a.plane, b.plane) && a.polygon.tag >= 4 &&
-         a.polygon.tag <= 253 &&
+         a.pBrush == b.pBrush && SameVector(a.plane.normal, b.plane.normal) &&
+         SameNumber(a.plane.d, b.plane.d) && a.polygon.tag >= 4 && a.polygon.tag <= 253 &&
          std::equal(verticesA.begin(), verticesA.end(), verticesB.begin(), verticesB.end(),
-                    sameBits);
+                    SameVector);
 }
 
 /// Where two trees differ first; empty when they are the same.
@@ -53,9 +66,10 @@ std::string Difference(const CBspNode* a, const CBspNode* b, const std::string& 
 }
 
 void ExpectSame(CConstructiveBsp& world, literal::Tree& plain) {
+  // Before anything walks it: what differs may be no tree at all.
+  ASSERT_EQ(Difference(world.root, plain.root, "root "), "");
   world.CountStats();
   plain.CountStats();
-  EXPECT_EQ(Difference(world.root, plain.root, "root "), "");
   const auto statistics = [](const CConstructiveBsp& tree) {
     return std::tuple(tree.nodes, tree.coplanar, tree.inserted, tree.visible, tree.refused);
   };
@@ -78,13 +92,50 @@ void HollowSome(CZandoBrush& brush, CRandom& random) {
 void DrumSome(CZandoBrush& brush, CRandom& random) {
   if (random.Percent(60)) return;
   MakeDrum(brush, random.Between(MAX_POLY_VERTS - 1, MAX_POLY_VERTS));
-  brush.Scl[kOwnSlot] = {1.01, 1.0, 1.01};
+  Place(brush, [](Placement& own) { own.Scl = {1.01, 1.0, 1.01}; });
 }
 
 /// Moves faces that coincide apart, by more and by less than the tolerance.
 void Jitter(CZandoBrush& brush, CRandom& random) {
   const auto offset = [&random] { return random.Between(-4, 4) * 0.0004; };
-  brush.BMatrix.Translate(offset(), offset(), offset());
+  Transform placed = brush.BMatrix();
+  placed.Translate(offset(), offset(), offset());
+  brush.SetBMatrix(placed);
+}
+
+/// Moves vertices, each polygon's by itself, so that faces are not quite flat or not at all.
+void Bend(CZandoBrush& brush, CRandom& random) {
+  const double most = 0.002 * std::pow(10000.0, random.Real(0.0, 1.0));
+  for (std::size_t i = 0; i < brush.Polys().size(); ++i) {
+    for (Vector& v : brush.EditPoly(i).Vertices()) {
+      if (random.Percent(50)) continue;
+      const auto offset = [&] { return random.Percent(50) ? random.Real(-most, most) : 0.0; };
+      v = v + Vector{offset(), offset(), offset()};
+    }
+  }
+}
+
+/// Makes a face into one that no tool makes, or leaves it: few vertices, the same one twice,
+/// coordinates beyond all bounds.
+void BreakFace(CZandoPoly& face, CRandom& random) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kOdd[] = {std::numeric_limits<double>::quiet_NaN(),
+                             kInfinity,
+                             -kInfinity,
+                             1e308,
+                             -1e155,
+                             1e13,
+                             40000.0};
+  const auto vertex = [&]() -> Vector& { return face[random.Between(0, face.count - 1)]; };
+  const std::int32_t kind = random.Between(0, 9);
+  if (kind == 0) face.count = random.Between(0, 2);
+  if (kind == 1) vertex() = vertex();
+  if (kind == 2)
+    vertex().*kCoordinates[std::size_t(random.Between(0, 2))] = kOdd[random.Between(0, 6)];
+}
+
+void Break(CZandoBrush& brush, CRandom& random) {
+  for (std::size_t i = 0; i < brush.Polys().size(); ++i) BreakFace(brush.EditPoly(i), random);
 }
 
 constexpr std::int32_t kUnknownOperation = 2;
@@ -106,6 +157,9 @@ const Kind kKinds[] = {
     {"Hollow", {.layout = Layout::CoarseGrid, .brushes = 30, .turned = 10}, HollowSome},
     {"Drums", {.layout = Layout::CoarseGrid, .brushes = 18, .extent = 160}, DrumSome},
     {"NearlyCoincident", {.layout = Layout::CoarseGrid, .brushes = 40}, Jitter},
+    {"Bent", {.brushes = 25, .maxSize = 192}, Bend},
+    {"BentOnGrid", {.layout = Layout::CoarseGrid, .brushes = 25, .turned = 20}, Bend},
+    {"Broken", {.layout = Layout::CoarseGrid, .brushes = 25, .extent = 192}, Break},
     {"SomeLeftOut", {.layout = Layout::CoarseGrid, .brushes = 50, .water = 10}, LeaveSomeOut},
 };
 
@@ -121,7 +175,7 @@ class CsgDifferential : public ::testing::TestWithParam<Kind> {
     options.brushes = options.brushes * seed / kSizes;
     CRandom random(static_cast<std::uint64_t>(seed));
     CBrushList level = RandomLevel(random.Next(), options);
-    for (const auto& brush : level.Brushes()) GetParam().change(*brush, random);
+    for (CZandoBrush& brush : level) GetParam().change(brush, random);
     return level;
   }
 };
@@ -153,10 +207,10 @@ TEST_P(CsgDifferential, EveryInsertedBrushLeavesTheTreeOfThePlainAlgorithm) {
     const CBrushList level = Level(seed);
     CConstructiveBsp world;
     literal::Tree plain;
-    for (const auto& brush : level.Brushes()) {
-      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush->BBid);
-      InsertBrush(world, *brush, brush->BBid);
-      literal::InsertBrush(plain, *brush, brush->BBid);
+    for (const CZandoBrush& brush : level) {
+      SCOPED_TRACE(::testing::Message() << "seed " << seed << " brush " << brush.BBid);
+      InsertBrush(world, brush, brush.BBid);
+      literal::InsertBrush(plain, brush, brush.BBid);
       ExpectSame(world, plain);
       if (HasFailure()) return;
     }
@@ -166,24 +220,38 @@ TEST_P(CsgDifferential, EveryInsertedBrushLeavesTheTreeOfThePlainAlgorithm) {
 INSTANTIATE_TEST_SUITE_P(Levels, CsgDifferential, ::testing::ValuesIn(kKinds),
                          [](const auto& testInfo) { return std::string(testInfo.param.name); });
 
+TEST(CsgDifferentialFiles, BentFacesOfEditedFilesGiveThePlainTree) {
+  for (const char* name : {"endless_tree", "endless_tree_whole_boxes", "other_splitter"}) {
+    const auto level =
+        LoadDocumentFile(std::string(ZANDO_SOURCE_DIR "/tests/data/bent/") + name + ".3dz");
+    ASSERT_TRUE(level) << level.Error();
+    CConstructiveBsp world;
+    world.brushList = level->document->GetLevel().BrushList.Head();
+    literal::Tree plain;
+    RebuildOptimal(world, nullptr, WaterBrushes::Build);
+    literal::RebuildOptimal(plain, world.brushList, true);
+    ExpectSame(world, plain);
+  }
+}
+
 /// All faces of a level as they are, chained and hidden at random.
 TEST(CsgDifferentialLists, NodeTreesEqualThePlainOnesAlsoWithChainsAndHiddenPolygons) {
-  for (std::uint64_t seed = 1; seed <= 200; ++seed) {
+  for (std::uint64_t seed = 1; seed <= 400; ++seed) {
     const bool drums = seed % 4 == 0;
-    const CBrushList level =
-        RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
-                           .brushes = 1 + static_cast<std::int32_t>(seed % 13),
-                           .extent = 128,
-                           .turned = drums ? 0 : 30});
+    CBrushList level = RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
+                                          .brushes = 1 + static_cast<std::int32_t>(seed % 13),
+                                          .extent = 128,
+                                          .turned = seed % 2 == 0 ? 0 : 30});
     CRandom random(seed);
     CConstructiveBsp tree;
     CNodeList list;
     literal::Tree plain;
     literal::List plainList;
-    for (const auto& brush : level.Brushes()) {
-      if (drums) DrumSome(*brush, random);
-      brush->UpdateWorld();
-      for (const CZandoPoly& face : brush->WorldPolys) {
+    for (CZandoBrush& brush : level) {
+      if (drums) DrumSome(brush, random);
+      if (seed % 8 < 2) Bend(brush, random);
+      for (CZandoPoly face : brush.WorldPolys()) {
+        if (seed % 8 > 4) BreakFace(face, random);
         CBspNode* node = tree.NewNode();
         node->TakePolygon(face);
         node->nValid = random.Percent(70) ? 1 : 0;

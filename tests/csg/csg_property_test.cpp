@@ -14,12 +14,12 @@ using Layout = LevelOptions::Layout;
 /// Whether the last box that holds the point is a solid one.
 bool IsSolidAt(const CBrushList& boxes, const Vector& p) {
   bool solid = false;
-  for (const auto& box : boxes.Brushes()) {
-    const Vector& low = box->BoundsMin;
-    const Vector& high = box->BoundsMax;
+  for (const CZandoBrush& box : boxes) {
+    const Vector& low = box.WorldBounds().low;
+    const Vector& high = box.WorldBounds().high;
     const bool holds =
         low.x < p.x && p.x < high.x && low.y < p.y && p.y < high.y && low.z < p.z && p.z < high.z;
-    if (holds) solid = box->TranT == kAddToWorld;
+    if (holds) solid = box.TranT == kAddToWorld;
   }
   return solid;
 }
@@ -38,8 +38,8 @@ bool Contains(const CBspNode& node, const Vector& p) {
 /// solid and the other one empty, polygons must be seen from the empty side; elsewhere nothing.
 void ExpectSurfaceOnly(const CBrushList& boxes, const std::vector<const CBspNode*>& visible,
                        CRandom& random) {
-  for (const auto& box : boxes.Brushes()) {
-    for (const CZandoPoly& face : box->WorldPolys) {
+  for (const CZandoBrush& box : boxes) {
+    for (const CZandoPoly& face : box.WorldPolys()) {
       const Vector normal = ComputePlane(face).normal;
       for (int i = 0; i < 10; ++i) {
         const Vector point = face[0] + (face[1] - face[0]) * random.Real(0.0, 1.0) +

@@ -37,7 +37,8 @@ Way Sort(Tree& owner, const Plane& plane, CZandoPoly& polygon, CZandoPoly& back,
     case PolygonClass::Spanning:
       break;
   }
-  if (owner.Split(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  if (SplitPolygon(plane, polygon, back) == SplitResult::Done) return Way::Both;
+  ++owner.refused;
   return SideOfMean(plane, polygon) == PolygonClass::Front ? Way::Front : Way::Back;
 }
 
@@ -142,7 +143,8 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
 }
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
+    if (face.count == 0) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -154,7 +156,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
   bool before = false;
   bool behind = false;
   bool faceInPlane = false;
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     const PolygonClass kind = ClassifyPolygon(plane, face);
     faceInPlane |= kind == PolygonClass::CoplanarSame || kind == PolygonClass::CoplanarOpposite;
     for (const Vector& vertex : face.Vertices()) {
@@ -163,14 +165,14 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
     }
   }
   if (!faceInPlane && !(before && behind)) return;
-  for (const CZandoPoly& face : brush.WorldPolys) {
+  for (const CZandoPoly& face : brush.WorldPolys()) {
     const PolygonClass kind = ClassifyPolygon(plane, face);
     int on = 0;
     for (const Vector& vertex : face.Vertices()) {
       if (ClassifyPoint(plane, vertex) == PointClass::On) ++on;
     }
     const bool aside = kind == PolygonClass::Front || kind == PolygonClass::Back;
-    if (aside && on < 2) continue;
+    if (face.count == 0 || (aside && on < 2)) continue;
     CBspNode* node = tree.NewNode();
     node->TakePolygon(face);
     InsertAdd(tree, node);
@@ -195,20 +197,22 @@ List PruneHidden(const List& list) {
   return kept;
 }
 
-bool TakesPart(const CZandoBrush& brush, bool water) { return water || !brush.IsWater(); }
+bool TakesPart(const CZandoBrush& brush, bool water) {
+  return brush.HasVolume() && (water || !brush.IsWater());
+}
 
-std::vector<CZandoBrush*> ShownBrushes(CZandoBrush* head) {
-  std::vector<CZandoBrush*> shown;
+std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
+  std::vector<const CZandoBrush*> shown;
   if (head == nullptr) return shown;
-  for (CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
+  for (const CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
     shown.push_back(b);
   }
   return shown;
 }
 
-CBspNode* FaceNode(Tree& tree, CZandoBrush& brush, std::size_t face, std::int32_t id) {
+CBspNode* FaceNode(Tree& tree, const CZandoBrush& brush, std::size_t face, std::int32_t id) {
   CBspNode* node = tree.NewNode();
-  const CZandoPoly& polygon = brush.WorldPolys[face];
+  const CZandoPoly& polygon = brush.WorldPolys()[face];
   node->TakePolygon(brush.TranT == kAddToWorld ? polygon : ReverseCopy(polygon).polygon);
   node->nBid = id;
   node->nPolNum = static_cast<std::int32_t>(face);
@@ -220,10 +224,12 @@ CBspNode* FaceNode(Tree& tree, CZandoBrush& brush, std::size_t face, std::int32_
 void ClipSolidFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier) {
   const bool carves = other.TranT != kAddToWorld;
   Tree clip;
+  if (f->nValid == 0 && !(carves && otherIsEarlier)) return;
   BuildClipTree(clip, other, f->plane);
+  world.refused += clip.refused;
   if (carves && otherIsEarlier) {
     ClipBy(clip, world, f, kAsGiven, Mode::Show);
-  } else if (f->nValid == 1) {
+  } else {
     ClipBy(clip, world, f, carves ? kAllInside : kAsGiven, Mode::Hide);
   }
 }
@@ -305,11 +311,12 @@ std::int32_t BuildNodeTree(Tree& tree, const List& list) {
   return steps;
 }
 
-void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
-  brush.UpdateWorld();
+void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id) {
   ClearFresh(world.root);
   if (brush.TranT != kAddToWorld && brush.TranT != kSubtractFromWorld) return;
-  for (std::size_t k = 0; k < brush.WorldPolys.size(); ++k) {
+  if (!brush.HasVolume()) return;
+  for (std::size_t k = 0; k < brush.WorldPolys().size(); ++k) {
+    if (brush.WorldPolys()[k].count == 0) continue;
     CBspNode* node = FaceNode(world, brush, k, id);
     if (brush.TranT == kAddToWorld) {
       InsertAdd(world, node);
@@ -320,31 +327,34 @@ void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id) {
   Tree own;
   BuildFullTree(own, brush);
   ClipWorldByBrush(world, world.root, own, brush.TranT == kAddToWorld ? kAsGiven : kAllInside);
+  world.refused += own.refused;
 }
 
-std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water) {
+std::int32_t RebuildQuick(Tree& world, const CZandoBrush* head, bool water) {
   world.Clear();
   std::int32_t steps = 0;
-  for (CZandoBrush* brush : ShownBrushes(head)) {
+  for (const CZandoBrush* brush : ShownBrushes(head)) {
     ++steps;
     if (TakesPart(*brush, water)) InsertBrush(world, *brush, brush->BBid);
   }
   return steps;
 }
 
-std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
+std::int32_t RebuildOptimal(Tree& world, const CZandoBrush* head, bool water) {
   world.Clear();
   std::int32_t steps = 0;
   List result;
-  const std::vector<CZandoBrush*> a = ShownBrushes(head);
+  const std::vector<const CZandoBrush*> a = ShownBrushes(head);
   std::vector<Tree> full(a.size());
   for (std::size_t i = 0; i < a.size(); ++i) {
-    a[i]->UpdateWorld();
     BuildFullTree(full[i], *a[i]);
   }
+  const auto meets = [&](std::size_t i, std::size_t j) {
+    return j != i && TakesPart(*a[j], water) && BoundsOverlap(*a[i], *a[j]);
+  };
   const auto clipFace = [&](CBspNode* face, std::size_t i) {
     for (std::size_t j = 0; j < a.size(); ++j) {
-      if (j == i || !TakesPart(*a[j], water) || !BoundsOverlap(*a[i], *a[j])) continue;
+      if (!meets(i, j)) continue;
       for (CBspNode* f : ChainMembers(face)) {
         if (a[i]->TranT == kAddToWorld) {
           ClipSolidFace(world, f, *a[j], i > j);
@@ -358,7 +368,11 @@ std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water) {
     for (std::size_t i = 0; i < a.size(); ++i) {
       ++steps;
       if (a[i]->TranT != operation || !TakesPart(*a[i], water)) continue;
-      for (std::size_t k = 0; k < a[i]->WorldPolys.size(); ++k) {
+      for (std::size_t j = 0; operation == kSubtractFromWorld && j < a.size(); ++j) {
+        if (meets(i, j)) world.refused += full[j].refused;
+      }
+      for (std::size_t k = 0; k < a[i]->WorldPolys().size(); ++k) {
+        if (a[i]->WorldPolys()[k].count == 0) continue;
         result.push_back(FaceNode(world, *a[i], k, a[i]->BBid));
         result.back()->nValid = operation == kAddToWorld ? 1 : 0;
         clipFace(result.back(), i);

@@ -18,10 +18,10 @@ using List = std::vector<CBspNode*>;
 /// Builds the tree of a list; returns the number of partitions.
 std::int32_t BuildNodeTree(Tree& tree, const List& list);
 
-void InsertBrush(Tree& world, CZandoBrush& brush, std::int32_t id);
+void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id);
 
 /// Both rebuilds take the head of the brush list and return the number of progress steps.
-std::int32_t RebuildQuick(Tree& world, CZandoBrush* head, bool water);
-std::int32_t RebuildOptimal(Tree& world, CZandoBrush* head, bool water);
+std::int32_t RebuildQuick(Tree& world, const CZandoBrush* head, bool water);
+std::int32_t RebuildOptimal(Tree& world, const CZandoBrush* head, bool water);
 
 }  // namespace zando::literal

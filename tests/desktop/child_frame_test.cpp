@@ -1,8 +1,10 @@
 // Child windows: their titles, their closing, their order on the screen.
 #include <QApplication>
 #include <QMdiArea>
+#include <QMenu>
 
 #include "desktop/editor_fixture.h"
+#include "document/entity_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -26,7 +28,7 @@ TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   EXPECT_TRUE(desktop_.SaveQuestions.empty()) << "only the last window of a level asks";
 
   // While the last window asks, the same window and the program are closed once more.
-  Document().PlaceLight();
+  PlaceLight(Document());
   CChildFrame* last = Frames().front();
   desktop_.SaveAnswers = {SaveAnswer::Discard};
   desktop_.WhileAsking = [last] {
@@ -59,6 +61,61 @@ TEST_F(LevelTest, FourViewsMinimizesTheOldOnesShowsFourInOrderAndAllCloseTogethe
   EXPECT_EQ(kindAt(5, {30, 30}), ViewKind::Solid);
   Choose(ID_FILE_CLOSE);
   EXPECT_TRUE(app_.Documents().empty());
+}
+
+TEST_F(LevelTest, TiledWindowsFollowTheMainWindowUntilTheUserMovesThem) {
+  Choose(ID_FILE_NEW);
+  const QRect other = Frames()[0]->geometry();
+  Choose(ID_FOUR_VIEWS);
+  const std::vector<CChildFrame*> frames = Frames();
+  EXPECT_EQ(frames[0]->geometry(), other) << "the windows of another level stay";
+  EXPECT_FALSE(frames[0]->isMinimized());
+  const auto right = [this] { return window_.findChild<QMdiArea*>()->viewport()->width() - 1; };
+  const auto resize = [this](int width, int height) {
+    window_.resize(width, height);
+    QApplication::processEvents();
+  };
+  resize(900, 600);
+  EXPECT_EQ(frames[3]->geometry().right(), right());
+  EXPECT_EQ(frames[5]->geometry().right(), right());
+  EXPECT_EQ(frames[2]->geometry().right() + 1, frames[3]->geometry().left());
+  EXPECT_EQ(frames[3]->geometry().bottom() + 1, frames[5]->geometry().top());
+
+  frames[2]->move(30, 30);
+  const QRect moved = frames[2]->geometry();
+  frames[3]->showMaximized();
+  frames[4]->CloseNow();
+  resize(1000, 700);
+  frames[3]->showNormal();
+  QApplication::processEvents();
+  EXPECT_EQ(frames[2]->geometry(), moved);
+  EXPECT_EQ(frames[3]->geometry().right(), right());
+  EXPECT_EQ(frames[5]->geometry().right(), right());
+  EXPECT_EQ(frames[5]->geometry().left(), frames[3]->geometry().left());
+}
+
+TEST_F(LevelTest, TheWindowMenuEndsWithTheOpenWindowsOfAllLevels) {
+  Choose(static_cast<CommandId>(ViewKind::Top));
+  Document().SetPathName(FileIn("keep & moat.3dz"));
+  Choose(ID_FILE_NEW);
+  const auto lines = [this] {
+    window_.RefreshCommands();
+    QAction* last = MenuItem(ID_WINDOW_ARRANGE);
+    const auto menus = last->associatedObjects();
+    const QList<QAction*> actions = qobject_cast<QMenu*>(menus.front())->actions();
+    return actions.mid(actions.indexOf(last) + 2);
+  };
+  ASSERT_EQ(lines().size(), 2);
+  EXPECT_EQ(lines()[0]->text(), QStringLiteral("&1 keep && moat.3dz -Top View-"));
+  EXPECT_EQ(lines()[1]->text(), QStringLiteral("&2 ZANDO2 -Solid Gons-"));
+  EXPECT_TRUE(!lines()[0]->isChecked() && lines()[1]->isChecked());
+  window_.Minimize(*Frames()[0]->View());
+  lines()[0]->trigger();
+  EXPECT_EQ(window_.ActiveView(), Frames()[0]->View());
+  EXPECT_FALSE(Frames()[0]->isMinimized());
+  EXPECT_TRUE(lines()[0]->isChecked() && !lines()[1]->isChecked());
+  Frames()[1]->CloseNow();
+  EXPECT_EQ(lines().size(), 1);
 }
 
 TEST_F(LevelTest, CommandsGoToTheWindowThatWasActivatedLast) {

@@ -1,4 +1,5 @@
 // Menus, toolbars, keys and status bar of the real main window against the command table.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QStatusTipEvent>
 #include <QTest>
 #include <QToolBar>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "app/command_table.h"
@@ -17,6 +19,9 @@
 #include "desktop/qt_text.h"
 #include "desktop/recent_files.h"
 #include "desktop/tiling.h"
+#include "document/brush_edits.h"
+#include "document/entity_edits.h"
+#include "document/group_edits.h"
 
 namespace zando::testing {
 namespace {
@@ -31,6 +36,8 @@ void AppendLines(const QList<QAction*>& actions, int depth, std::vector<std::str
       lines.push_back(indent + TextFromQt(action->text()));
       emit action->menu()->aboutToShow();
       AppendLines(action->menu()->actions(), depth + 1, lines);
+    } else if (!action->data().isValid()) {
+      lines.push_back(indent + "open windows");
     } else if (action->data().toInt() == ID_FILE_MRU_FIRST) {
       lines.push_back(indent + "recent files");
     } else if (action->isVisible()) {
@@ -48,6 +55,7 @@ std::vector<std::string> ExpectedLines(CEditorApp& app, std::span<const MenuLine
     std::string text(static_cast<std::size_t>(line.depth), '>');
     if (line.kind == MenuLine::Kind::Separator) text += "-";
     if (line.kind == MenuLine::Kind::RecentFiles) text += "recent files";
+    if (line.kind == MenuLine::Kind::OpenWindows) text += "open windows";
     if (line.kind == MenuLine::Kind::Submenu) text += line.text;
     if (line.kind == MenuLine::Kind::Command) {
       const CommandRow* row = FindCommand(line.id);
@@ -73,12 +81,12 @@ TEST_F(EditorTest, EveryMenuLineOfTheTableIsThereWithKeyPromptAndState) {
   };
   EXPECT_EQ(shown(), ExpectedLines(app_, EmptyMenu()));
   app_.Start({});
-  Document().PlaceLight();
+  PlaceLight(Document());
   EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
 
   // A picked brush enables more; the menus follow.
-  Document().AddToWorld();
-  Document().SetCurrentBrush(*Document().BrushList.Head());
+  AddToWorld(Document());
+  SetCurrentBrush(Document(), 0);
   EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
   EXPECT_TRUE(MenuItem(ID_DELETE_BRUSH)->isEnabled());
 
@@ -114,11 +122,10 @@ TEST_F(EditorTest, ToolbarsShowTheTablesButtonsWithPicturesAfterTheGroupBox) {
 
 TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   for (const char* name : {"Walls", "Arches"}) {
-    CBGroup group;
-    group.gName = name;
-    Document().Groups.push_back(group);
+    CreateEmptyGroup(Document());
+    SetGroupLook(Document(), Document().State().CurrentGroup, {name, 0, true});
   }
-  Document().RefreshColors();
+  SetCurrentGroup(Document(), -1);
   auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
   EXPECT_EQ(box->currentText(), QStringLiteral("No Group"));
   EXPECT_EQ(box->itemText(2), QStringLiteral("Arches"));
@@ -126,9 +133,95 @@ TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   for (const int index : {2, 0}) {
     box->setCurrentIndex(index);
     emit box->activated(index);
-    EXPECT_EQ(Document().CurrentGroup, index - 1);
+    EXPECT_EQ(Document().State().CurrentGroup, index - 1);
     EXPECT_EQ(box->currentIndex(), index);
   }
+}
+
+TEST_F(LevelTest, ALetterOfTwoLinesWalksThemAndTheBarOpensByItsKeys) {
+  const auto press = [](int key, Qt::KeyboardModifiers keys = {}) {
+    QWidget* menu = QApplication::activePopupWidget();
+    QTest::keyClick(menu != nullptr ? menu : QApplication::focusWidget(), static_cast<Qt::Key>(key),
+                    keys);
+  };
+  const auto chosen = [] {
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    return menu == nullptr || menu->activeAction() == nullptr
+               ? std::string()
+               : TextFromQt(menu->activeAction()->text());
+  };
+  const auto open = [this] {
+    const QAction* title = window_.menuBar()->activeAction();
+    return title == nullptr ? std::string() : TextFromQt(title->text());
+  };
+  ActiveWidget().setFocus();
+  for (const char* title : {"&Edit", "&Entities", "&Edit"}) {
+    press(Qt::Key_E, Qt::AltModifier);
+    EXPECT_EQ(open(), title);
+  }
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  press(Qt::Key_V, Qt::AltModifier);
+  for (const char* line : {"&Toolbar", "&Tools", "&Toolbar"}) {
+    press(Qt::Key_T);
+    EXPECT_EQ(chosen(), line);
+  }
+  press(Qt::Key_Return);
+  EXPECT_FALSE(window_.AreToolbarsVisible());
+  press(Qt::Key_B, Qt::AltModifier);
+  for (int i = 0; i < 2; ++i) {
+    press(Qt::Key_A);
+    EXPECT_EQ(chosen(), "&Add to World") << "the other line with this letter is greyed";
+  }
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  press(Qt::Key_F10);
+  EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(open(), "&File");
+  press(Qt::Key_Escape);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(open(), "");
+  const QImage before = window_.menuBar()->grab().toImage();
+  press(Qt::Key_Alt);
+  EXPECT_EQ(open(), "&File");
+  EXPECT_NE(window_.menuBar()->grab().toImage(), before) << "and shows that it has the keys";
+}
+
+TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
+  CreateEmptyGroup(Document());
+  CreateEmptyGroup(Document());
+  SetCurrentGroup(Document(), -1);
+  auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
+  const auto turn = [box] {
+    QWheelEvent wheel({9, 9}, box->mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box, &wheel);
+  };
+  ActiveWidget().setFocus();
+  for (const bool byMouse : {true, false}) {
+    turn();
+    EXPECT_EQ(Document().State().CurrentGroup, byMouse ? -1 : 1);
+    if (byMouse) {
+      QTest::mouseClick(box, Qt::LeftButton);
+      for (const int key : {Qt::Key_Down, Qt::Key_Return}) {
+        QTest::keyClick(box->view(), static_cast<Qt::Key>(key));
+      }
+    } else {
+      box->setFocus(Qt::TabFocusReason);
+      turn();
+      EXPECT_EQ(Document().State().CurrentGroup, 1);
+      QTest::keyClick(box, Qt::Key_Up);
+      EXPECT_TRUE(box->hasFocus()) << "the next step may follow";
+      QTest::keyClick(box, Qt::Key_Return);
+    }
+    EXPECT_EQ(Document().State().CurrentGroup, 0);
+    EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
+    if (byMouse) SetCurrentGroup(Document(), 1);
+  }
+  box->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(box, Qt::Key_F4);
+  QTest::keyClick(box->view(), Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
 }
 
 TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
@@ -137,7 +230,7 @@ TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   field.setFocus();
   QTest::keyClicks(&field, QStringLiteral("xg"));
   EXPECT_EQ(field.text(), QStringLiteral("xg"));
-  EXPECT_EQ(Document().GroupMovementMode, 0);
+  EXPECT_EQ(Document().State().GroupMovementMode, 0);
 
   QDialog dialog(&window_);
   WithNextDialog([](QDialog& shown) {
@@ -155,7 +248,7 @@ TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
   EXPECT_EQ(app_.Documents().size(), 2U);
 }
 
-TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
+TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPrompt) {
   const auto prompt = [this] { return window_.statusBar()->findChild<QLabel*>()->text(); };
   const auto hover = [this](const char* tip) {
     QStatusTipEvent event{QLatin1String(tip)};
@@ -167,6 +260,23 @@ TEST_F(LevelTest, PromptsComeAndGoAndMessagesSurviveAClosingMenu) {
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
   hover("Create a new level");
+  hover("");
+  EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
+
+  desktop_.SetStatusText("Saved");
+  desktop_.ShowFailure("Cannot save");
+  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  for (const char* covering : {"Create a new level", "Open a level"}) {
+    hover(covering);
+    EXPECT_EQ(prompt(), QLatin1String(covering));
+    hover("");
+    EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
+  }
+  desktop_.SetStatusText("Opened");
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  desktop_.ClearFailure();
+  EXPECT_EQ(prompt(), QStringLiteral("Opened"));
+  hover("x");
   hover("");
   EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
 

@@ -111,7 +111,7 @@ void EditorTest::CreateBox(const QString& height) {
 }
 
 std::string BytesOf(const std::filesystem::path& path) {
-  return ReadWholeFile(path).bytes.value_or("no such file");
+  return ReadWholeFile(path).ValueOr("no such file");
 }
 
 }  // namespace zando::testing

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -9,6 +10,9 @@
 
 #include "desktop/editor_fixture.h"
 #include "desktop/qt_text.h"
+#include "dialogs/group_attributes_dlg.h"
+#include "document/entity_edits.h"
+#include "platform/file_io.h"
 
 namespace zando::testing {
 namespace {
@@ -29,31 +33,19 @@ TEST_F(LevelTest, ABoxThatIsAddedAndSavedComesBackTheSame) {
   EXPECT_TRUE(MenuItem(ID_FILE_MRU_FIRST)->text().endsWith(QLatin1String("second.3dz")));
 }
 
-TEST_F(EditorTest, ClosingAChangedLevelAsksAndHonoursTheAnswer) {
-  const std::filesystem::path file = FileIn("changed.3dz");
+TEST_F(EditorTest, AChangedLevelKeepsItsWindowAndTheProgramOpenUntilTheAnswer) {
   for (const bool exit : {false, true}) {
-    for (const SaveAnswer answer : {SaveAnswer::Cancel, SaveAnswer::Discard, SaveAnswer::Save}) {
+    window_.SetApplication(app_);
+    app_.Start({});
+    PlaceLight(Document());
+    for (const SaveAnswer answer : {SaveAnswer::Cancel, SaveAnswer::Discard}) {
       const bool stays = answer == SaveAnswer::Cancel;
-      window_.SetApplication(app_);
-      window_.show();
-      if (app_.Documents().empty()) app_.Start({});
-      Document().PlaceLight();
       desktop_.SaveAnswers = {answer};
-      if (answer == SaveAnswer::Save) desktop_.Files = {file};
       exit ? window_.close() : Frames().back()->close();
       EXPECT_EQ(app_.Documents().size(), stays ? 1U : 0U);
       EXPECT_EQ(window_.isVisible(), !exit || stays);
-      EXPECT_EQ(std::filesystem::remove(file), answer == SaveAnswer::Save);
     }
   }
-}
-
-TEST_F(LevelTest, AnUnreadableFileSaysWhyAndLeavesTheOpenLevels) {
-  desktop_.Files = {FileIn("missing.3dz")};
-  Choose(ID_FILE_OPEN);
-  ASSERT_EQ(desktop_.Messages.size(), 1U);
-  EXPECT_NE(desktop_.Messages[0].find("missing.3dz"), std::string::npos);
-  EXPECT_EQ(app_.Documents().size(), 1U);
 }
 
 TEST_F(EditorTest, DroppedLevelsOpen) {
@@ -87,6 +79,52 @@ TEST_F(EditorTest, BoxesOfferTheAnswersThatTheyReturn) {
   EXPECT_EQ(real.AskYesNo("Overwrite?"), YesNo::No);
   WithNextDialog(escape);
   EXPECT_EQ(real.ChooseFile({}), std::nullopt);
+}
+
+TEST_F(EditorTest, OpenChooserTakesAFileByItsNameWithOrWithoutTheExtension) {
+  CQtDesktop real(window_);
+  FileRequest request;
+  request.extension = "3dz";
+  for (const char* name : {"plain", "level.3dz"}) {
+    ASSERT_TRUE(WriteFileAtomically(FileIn(name), "x"));
+  }
+  request.proposal = FileIn("");
+  for (const auto& [typed, file] :
+       {std::pair{"plain", "plain"}, {"level", "level.3dz"}, {"level.3dz", "level.3dz"}}) {
+    WithNextDialog([name = typed](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(QLatin1String(name));
+      QMetaObject::invokeMethod(&dialog, "accept");
+      if (dialog.isVisible()) dialog.reject();
+    });
+    EXPECT_EQ(real.ChooseFile(request), FileIn(file)) << typed;
+  }
+}
+
+TEST_F(EditorTest, WhatOpensOverADialogBelongsToItAndGivesTheFocusBack) {
+  CQtDesktop real(window_);
+  QDialog dialog(&window_);
+  QLineEdit field(&dialog);
+  QLineEdit other(&dialog);
+  CZANDODoc level;
+  CGroupAttributesDlg second(level, real);
+  const std::function<void()> openers[] = {[&] { real.ShowMessage("a"); },
+                                           [&] { real.ChooseColor(0); },
+                                           [&] { real.ChooseFile({}); }, [&] { second.Run(); }};
+  for (const auto& open : openers) {
+    WithNextDialog([&](QDialog&) {
+      other.setFocus();
+      WithNextDialog([&](QDialog& upper) {
+        EXPECT_EQ(upper.parentWidget(), &dialog);
+        EXPECT_TRUE(upper.isModal());
+        upper.reject();
+      });
+      open();
+      EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+      EXPECT_EQ(dialog.focusWidget(), &other);
+      dialog.reject();
+    });
+    dialog.exec();
+  }
 }
 
 TEST_F(EditorTest, SaveChooserAddsTheExtensionAndProposesTheName) {

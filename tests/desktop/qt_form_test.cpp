@@ -4,19 +4,24 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QShortcut>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "desktop/splash_wnd.h"
+#include "desktop/qt_text.h"
+#include "support/form_suite.h"
 
 namespace zando {
 namespace {
@@ -103,14 +108,19 @@ TEST(QtForm, TheFirstClickMayRefillTheListUnderADoubleClick) {
   EXPECT_EQ(dialog.told, (Texts{"selected 2", "double 2", "selected 1", "button 1065"}));
 }
 
-TEST(QtForm, AFieldTakesWhatTheLevelCanHold) {
+TEST(QtForm, AFieldTakesOfWhatIsTypedOrPastedWhatALevelCanHold) {
   CListeningDlg dialog(145);
   CQtForm form(dialog, nullptr);
   auto& field = Get<QLineEdit>(form, 1001);
   QTest::keyClicks(&field, "a");
-  QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QChar(0x0416), Qt::NoModifier);
-  QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QChar(0x00E9), Qt::NoModifier);
-  EXPECT_EQ(form.GetText(1001), "a\xE9");
+  for (const char16_t typed : {u'\u0416', u'\u00E9'}) {
+    QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QChar(typed), Qt::NoModifier);
+  }
+  QGuiApplication::clipboard()->setText(QStringLiteral("\u0416b\nc\u00FF"));
+  field.paste();
+  EXPECT_EQ(form.GetText(1001),
+            "a\xE9"
+            "bc\xFF");
 }
 
 TEST(QtForm, AWrongNumberKeepsTheWindowAndLeadsToItsField) {
@@ -134,23 +144,85 @@ TEST(QtForm, AWrongNumberKeepsTheWindowAndLeadsToItsField) {
   EXPECT_EQ(form.Run(), IDCANCEL);
 }
 
-TEST(Splash, TheFirstKeyHidesItAndGoesNoFurther) {
-  QLineEdit window;
-  int commands = 0;
-  QShortcut shortcut(QKeySequence("F5"), &window);
-  QObject::connect(&shortcut, &QShortcut::activated, [&] { ++commands; });
-  window.show();
-  window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  CSplashWnd::ShowSplash(&window);
-  const QPointer<CSplashWnd> splash = window.findChild<CSplashWnd*>();
-  window.activateWindow();
-  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
-  EXPECT_TRUE(splash == nullptr || !splash->isVisible());
-  EXPECT_EQ(commands, 0);
-  QTest::keyClick(window.windowHandle(), Qt::Key_F5);
-  EXPECT_EQ(commands, 1);
-}
+}  // namespace
+
+namespace testing {
+namespace {
+
+/// A person in front of a real window that holds a control of every kind.
+class CQtPerson {
+ public:
+  explicit CQtPerson(CDialog& dialog) : form_(dialog, nullptr, Build) {
+    Get<QWidget>(form_, kButton).setFocus();
+    form_.Window().show();
+    QApplication::setActiveWindow(&form_.Window());
+  }
+
+  void Type(ControlId id, std::string_view text) {
+    auto& field = Get<QLineEdit>(form_, id);
+    QTest::mouseClick(&field, Qt::LeftButton);
+    field.setFocus(Qt::MouseFocusReason);
+    field.selectAll();
+    for (const QChar c : TextToQt(text)) {
+      QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, c, Qt::NoModifier);
+    }
+  }
+  /// With the keyboard, which leaves the focus where it is; a letter underlined would do the same.
+  void Press(ControlId id) { Get<QAbstractButton>(form_, id).click(); }
+  void Cancel() { QTest::keyClick(&form_.Window(), Qt::Key_Escape); }
+  void Choose(ControlId list, std::string_view text) {
+    Mouse(list, text, [](QWidget* w, QPoint at) { QTest::mouseClick(w, Qt::LeftButton, {}, at); });
+  }
+  void DoubleClick(ControlId list, std::string_view text) {
+    Choose(list, text);
+    Mouse(list, text, [](QWidget* w, QPoint at) { QTest::mouseDClick(w, Qt::LeftButton, {}, at); });
+  }
+  Texts LinesOf(ControlId list) {
+    Texts lines;
+    auto& widget = Get<QListWidget>(form_, list);
+    for (int i = 0; i < widget.count(); ++i) lines.push_back(TextFromQt(widget.item(i)->text()));
+    return lines;
+  }
+  std::string TipOf(ControlId list, std::string_view text) {
+    return TextFromQt(Line(list, text)->toolTip());
+  }
+  ControlId Focus() { return form_.Window().focusWidget()->property("controlId").toInt(); }
+  bool IsVisible(ControlId id) { return Get<QWidget>(form_, id).isVisible(); }
+  bool IsEnabled(ControlId id) { return Get<QWidget>(form_, id).isEnabled(); }
+  std::int32_t BarAt(ControlId id) { return Get<QProgressBar>(form_, id).value(); }
+  ControlId Result() { return form_.Window().result(); }
+
+ private:
+  static bool Build(std::int32_t /*form*/, QDialog& window) {
+    auto* layout = new QVBoxLayout(&window);
+    const auto add = [layout](ControlId id, QWidget* control) {
+      control->setProperty("controlId", id);
+      layout->addWidget(control);
+    };
+    add(kField, new QLineEdit);
+    add(kOtherField, new QLineEdit);
+    add(kBox, new QCheckBox);
+    add(kList, new QListWidget);
+    add(kBar, new QProgressBar);
+    for (const ControlId id : {kButton, IDOK, IDCANCEL}) add(id, new QPushButton);
+    return true;
+  }
+  QListWidgetItem* Line(ControlId list, std::string_view text) {
+    return Get<QListWidget>(form_, list).findItems(TextToQt(text), Qt::MatchCaseSensitive).front();
+  }
+  template <typename Act>
+  void Mouse(ControlId list, std::string_view text, Act act) {
+    auto& widget = Get<QListWidget>(form_, list);
+    act(widget.viewport(), widget.visualItemRect(Line(list, text)).center());
+    QCoreApplication::processEvents();
+  }
+
+  CQtForm form_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, FormSuite, CQtPerson);
 
 }  // namespace
+}  // namespace testing
+
 }  // namespace zando

@@ -26,7 +26,7 @@ class TextureBrowserTest : public EditorTest {
           {MipHead(name, 64, 48) + std::string(std::size_t{64} * 48, static_cast<char>(i + 16))});
     }
     app_.Settings().WadPath = FileIn("my.wad");
-    EXPECT_EQ(WriteFileAtomically(FileIn("my.wad"), Archive(lumps)), "");
+    EXPECT_EQ(WriteFileAtomically(FileIn("my.wad"), Archive(lumps)).Error(), "");
     app_.Start({});
     Choose(ID_TEXTURE_BROWSER);
   }
@@ -43,7 +43,7 @@ class TextureBrowserTest : public EditorTest {
   }
   [[nodiscard]] QRgb ColorOf(int texture) const {
     const RgbQuad& c =
-        Document().Textures.GetPalette().colors[static_cast<std::size_t>(texture) + 16];
+        Document().Textures().GetPalette().colors[static_cast<std::size_t>(texture) + 16];
     return qRgb(c.red, c.green, c.blue);
   }
 };
@@ -73,7 +73,7 @@ TEST_F(TextureBrowserTest, AClickSelectsAtOnceWhereverTheWindowHasScrolledTo) {
   const QPoint corner(place.left - 10, place.top - top);
   Click(corner + QPoint(5, 5));
   EXPECT_EQ(View().Selected(), 30);
-  EXPECT_EQ(Document().CurrentBrush->Name, "t30");
+  EXPECT_EQ(Document().CurrentBrush().Name, "t30");
   EXPECT_EQ(Picture().pixel(corner), kRed);
   Click(corner - QPoint(8, 0));
   QTest::mouseClick(&viewport, Qt::RightButton, {}, corner + QPoint(85, 5));
@@ -87,7 +87,7 @@ TEST_F(TextureBrowserTest, KeysSelectScrollAndUse) {
             View().PlaceOf(119).bottom);
   QTest::keyClick(&Browser(), Qt::Key_Left);
   QTest::keyClick(&Browser(), Qt::Key_Return);
-  EXPECT_EQ(Document().CurrentBrush->Name, "t118");
+  EXPECT_EQ(Document().CurrentBrush().Name, "t118");
   QTest::keyClick(&Browser(), Qt::Key_Home);
   EXPECT_EQ(Browser().verticalScrollBar()->value(), 0);
 }

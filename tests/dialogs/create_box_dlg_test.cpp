@@ -39,9 +39,9 @@ TEST_F(BoxDialog, EveryFieldReachesItsSize) {
     form.Press(IDOK);
   }));
   EXPECT_EQ(brush_.PolyCount(), 12);
-  EXPECT_EQ(brush_.Polys[0][2], (Vector{7, 5.5, 8}));       // top X 14, Y 11, top Z 16
-  EXPECT_EQ(brush_.Polys[1][2], (Vector{6.5, -5.5, 7.5}));  // bottom X 13, bottom Z 15
-  EXPECT_EQ(brush_.Polys[6][1], (Vector{-5, -6.5, -4}));    // the wall is 12
+  EXPECT_EQ(brush_.Polys()[0][2], (Vector{7, 5.5, 8}));       // top X 14, Y 11, top Z 16
+  EXPECT_EQ(brush_.Polys()[1][2], (Vector{6.5, -5.5, 7.5}));  // bottom X 13, bottom Z 15
+  EXPECT_EQ(brush_.Polys()[6][1], (Vector{-5, -6.5, -4}));    // the wall is 12
 
   Run([](CFakeForm& form) {
     EXPECT_EQ(form.Texts[1072], "16") << "the next dialog starts from the last values";
@@ -68,7 +68,7 @@ TEST_F(BoxDialog, DefaultsShowAtOnceWithTheirPictureAndCountWithOk) {
     form.Press(IDOK);
   }));
   EXPECT_EQ(brush_.PolyCount(), 6);
-  EXPECT_EQ(brush_.Polys[0][2], (Vector{64, 64, 64}));
+  EXPECT_EQ(brush_.Polys()[0][2], (Vector{64, 64, 64}));
 }
 
 TEST_F(BoxDialog, CancelForgetsDefaultsAndWhatAFailedOkHadTaken) {

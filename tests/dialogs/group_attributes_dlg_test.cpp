@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "document/brush_edits.h"
+#include "document/group_edits.h"
+#include "support/edit_level.h"
 #include "support/fake_form.h"
 #include "support/scripted_desktop.h"
 
@@ -16,29 +21,31 @@ using Lines = std::vector<std::string>;
 
 class GroupDialog : public ::testing::Test {
  protected:
-  GroupDialog() : groups_(3) {
-    groups_[0].gName = "walls";
-    groups_[1].gName = "Attic";
-    groups_[1].gVis = 0;
-    groups_[1].gCol = 0x00FF00;
-    groups_[2].gName = "beams";
-    first_.Next = &second_;
-    second_.Next = &third_;
-    first_.BGroup = third_.BGroup = 0;
-    second_.BGroup = 2;
-    first_.Name = "pillar";
-    third_.Name = "Arch";
+  GroupDialog() {
+    Level& level = testing::Edit(level_);
+    level.Groups.resize(3);
+    SetGroupLook(level_, 0, {"walls", 0x0000FF, true});
+    SetGroupLook(level_, 1, {"Attic", 0x00FF00, false});
+    SetGroupLook(level_, 2, {"beams", 0x0000FF, true});
+    for (const auto& [name, group] : {std::pair{"pillar", 0}, {"joist", 2}, {"Arch", 0}}) {
+      CZandoBrush brush;
+      brush.Name = name;
+      brush.BGroup = group;
+      AddBrush(level_, brush);
+    }
+    level_.SetModifiedFlag(false);
   }
+  /// The group that is current afterwards.
   std::int32_t Run(std::int32_t current, std::function<void(CFakeForm&)> person) {
     desktop_.Dialogs.push_back(testing::InDialog(std::move(person)));
-    return CGroupAttributesDlg().Run(groups_, current, &first_, desktop_);
+    testing::EditState(level_).CurrentGroup = current;
+    CGroupAttributesDlg(level_, desktop_).Run();
+    return level_.State().CurrentGroup;
   }
 
   testing::CScriptedDesktop desktop_;
-  std::vector<CBGroup> groups_;
-  CZandoBrush first_;
-  CZandoBrush second_;
-  CZandoBrush third_;
+  CZANDODoc level_;
+  const CGroupList& groups_ = level_.GetLevel().Groups;
 };
 
 TEST_F(GroupDialog, ShowsTheGroupsSortedAndTheChosenOneWithItsBrushes) {
@@ -112,6 +119,20 @@ TEST_F(GroupDialog, AnEmptyNameIsRefusedEverywhereButOnCancel) {
                 }),
             2);
   EXPECT_EQ(groups_[2].gName, "beams");
+}
+
+TEST_F(GroupDialog, OkMarksTheLevelAndCancelOnlyWhenAGroupWasChanged) {
+  struct Case {
+    std::function<void(CFakeForm&)> person;
+    bool modified;
+  };
+  for (const Case& c : {Case{[](CFakeForm& form) { form.Choose(1064, "Attic [ ]"); }, false},
+                        {[](CFakeForm& form) { form.Press(IDOK); }, true},
+                        {[](CFakeForm& form) { form.DoubleClick(1064, "walls [X]"); }, true}}) {
+    level_.SetModifiedFlag(false);
+    Run(0, c.person);
+    EXPECT_EQ(level_.IsModified(), c.modified);
+  }
 }
 
 TEST_F(GroupDialog, NothingIsChangedWhileNoGroupIsChosen) {

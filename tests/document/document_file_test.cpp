@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "platform/file_io.h"
+#include "support/edit_level.h"
 #include "support/small_stack.h"
 
 namespace zando::testing {
@@ -146,8 +147,8 @@ std::string WithoutCr(std::string text) {
 
 /// The file of the level that the text gives, or the reason why there is none.
 std::string ReadAndWrite(const std::string& text) {
-  const LoadedDocument loaded = ReadDocument(text);
-  return loaded.document ? WithoutCr(WriteDocument(*loaded.document)) : loaded.error;
+  const auto loaded = ReadDocument(text);
+  return loaded ? WithoutCr(WriteDocument(*loaded->document)) : loaded.Error();
 }
 
 /// A folder of the test's own, gone with it.
@@ -169,22 +170,22 @@ class DocumentFolder : public ::testing::Test {
 };
 
 TEST(DocumentFile, ALevelIsReadWithWhatFollowsFromItAndWrittenInTheSameBytes) {
-  const LoadedDocument loaded = ReadDocument(kLevel);
-  ASSERT_NE(loaded.document, nullptr);
-  const CZANDODoc& level = *loaded.document;
-  EXPECT_EQ(WriteDocument(level), WithCrLf(kLevel));
+  const auto loaded = ReadDocument(kLevel);
+  ASSERT_TRUE(loaded) << loaded.Error();
+  const Level& level = loaded->document->GetLevel();
+  EXPECT_EQ(WriteDocument(*loaded->document), WithCrLf(kLevel));
   EXPECT_EQ(ReadAndWrite(WithCrLf(kLevel)), kLevel);
 
   const CZandoBrush& brush = *level.BrushList.Head();
-  EXPECT_EQ(brush.WorkPos[kOwnSlot], (Vector{1.0, 2.0, 3.0}));
-  EXPECT_EQ(brush.WorkRot[kOwnSlot], (Vector{5.0, 6.0, 7.0}));
-  EXPECT_EQ(brush.BMatrix.m[1][3], 2.0) << "placed by Pos without a BMatrix line";
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{1.0, 2.0, 3.0}));
+  EXPECT_EQ(brush.Own().WorkRot, (Vector{5.0, 6.0, 7.0}));
+  EXPECT_EQ(brush.BMatrix().m[1][3], 2.0) << "placed by Pos without a BMatrix line";
   ASSERT_NE(level.World.root, nullptr);
   EXPECT_EQ(level.World.root->pBrush, &brush);
   EXPECT_EQ(level.World.root->chain->pBrush, brush.Next);
   EXPECT_EQ(level.Entities[0].WorkOrigin, (Vector{8.0, 16.0, -24.0}));
   EXPECT_EQ(level.NextBrushId, 2);
-  EXPECT_FALSE(level.IsModified());
+  EXPECT_FALSE(loaded->document->IsModified());
 }
 
 TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
@@ -219,9 +220,57 @@ TEST(DocumentFile, ToleratesWhatALevelCanDoWithout) {
               Replaced(kLevel, test.becomes, test.instead))
         << test.from << " -> " << test.to;
   }
-  const LoadedDocument shortest = ReadDocument("czandobrush");
-  ASSERT_NE(shortest.document, nullptr);
-  EXPECT_EQ(shortest.document->BrushCount(), 0);
+  const auto shortest = ReadDocument("czandobrush");
+  ASSERT_TRUE(shortest);
+  EXPECT_EQ(shortest->document->GetLevel().BrushList.BrushCount(), 0);
+}
+
+TEST(DocumentFile, TellsWhatIsWrongWithAFileThatItReads) {
+  struct Case {
+    std::string from, to, warnings;
+  };
+  const std::string nul(1, '\0');
+  const std::string lost = "brush 1 belongs to entity 1, and there is none;";
+  const std::string follows = " where it should follow line ";
+  for (const Case& test : std::vector<Case>{
+           {"TranT 1", "unknown line\ntrant 1 ", ""},
+           {"BBid 7\n", "", ""},
+           {"V 64 0 0", "V 64 1e-300 0", ""},
+           {"nBid 1\n", "nBid 9\n", ""},
+           {"End CGroupList\n", "more\nEnd CGroupList\nKeys", ""},
+           {"End CGroupList\n", "", "no line \"End CGroupList\"" + follows + "108;"},
+           {"End CZandoBrush\nEnd Class", "End Class",
+            "no line \"End CZandoBrush\"" + follows + "47;"},
+           {"End CEntity\nEnd CEntList", "End CEntList",
+            "no line \"End CEntity\"" + follows + "98;"},
+           {"End CBGroup\n", "", "no line \"End CBGroup\"" + follows + "107;"},
+           {"End CEntList\n", "", "no line \"End CEntList\"" + follows + "99;"},
+           {"End Class CBrushList\n", "", "no line \"End Class CBrushList\"" + follows + "48;"},
+           {"nF 0\nEnd CConstructiveBsp\n", "",
+            "no line \"nF\"" + follows + "74;no line \"End CConstructiveBsp\"" + follows +
+                "74;no line \"Class CEntList\"" + follows + "75;" + lost},
+           {"EntCount 2", "EntCount 3", "no line \"CEntity\"" + follows + "99;"},
+           {"EntCount 2", "EntCount 1",
+            "line 90: more \"CEntity\" follow than were announced;" + lost},
+           {"BrushCount 2", "BrushCount 1",
+            "line 34: more \"CZandoBrush\" follow than were announced;"},
+           {"NumVrts 3", "NumVrts 4", "line 32: of 4 that NumVrts announced, 3 came;"},
+           {"K classname\nV func_door\n", "K classname\n",
+            "line 97: of 1 that ePairCount announced, 0 came;"},
+           {"Name a b", "Name a" + nul + nul, "line 18: a NUL byte, of 2 in the file;"},
+           {"V 64 0 0", "V 64 inf 0", "line 31: a number is not finite, or out of range;"},
+           {"Rot 5 6 7", "Rot 5 6 1e999", "line 24: a number is not finite, or out of range;"},
+           {"BEnt 1", "BEnt 2", "brush 1 belongs to entity 2, and there is none;"}}) {
+    const auto loaded = ReadDocument(Replaced(kLevel, test.from, test.to));
+    ASSERT_TRUE(loaded) << test.to << loaded.Error();
+    std::string warnings;
+    for (const std::string& line : loaded->warnings.Lines()) warnings += line + ';';
+    EXPECT_EQ(warnings, test.warnings) << test.from << " -> " << test.to;
+  }
+  const auto loaded = ReadDocument(Replaced(kLevel, "EntCount 2", "EntCount 17"));
+  ASSERT_TRUE(loaded) << loaded.Error();
+  EXPECT_EQ(loaded->warnings.Lines().size(), 11U);
+  EXPECT_EQ(loaded->warnings.Lines().back(), "and 5 more");
 }
 
 TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
@@ -247,29 +296,30 @@ TEST(DocumentFile, RefusesAFileWithoutALineThatMustBeThere) {
 }
 
 TEST(DocumentFile, CarriesOddTextsThrough) {
-  CZANDODoc level;
+  CZANDODoc document;
+  Level& level = Edit(document);
   std::string every;
   for (int byte = 1; byte < 256; ++byte) every += static_cast<char>(byte);
   for (const std::string& text : {std::string("End CEntity"), std::string("  two  blanks"),
                                   std::string("nul\0inside", 10), '"' + every}) {
     level.Entities.emplace_back().AddPair("K " + text, text);
   }
-  const LoadedDocument loaded = ReadDocument(WriteDocument(level));
-  ASSERT_NE(loaded.document, nullptr);
+  const auto loaded = ReadDocument(WriteDocument(document));
+  ASSERT_TRUE(loaded) << loaded.Error();
   for (std::size_t i = 0; i < level.Entities.size(); ++i) {
     EntityPair expected = level.Entities[i].Pairs[0];
     for (std::string* text : {&expected.key, &expected.value}) {
       std::replace(text->begin(), text->end(), '\r', ' ');
       std::replace(text->begin(), text->end(), '\n', ' ');
     }
-    EXPECT_EQ(loaded.document->Entities[i].Pairs, std::vector{expected});
+    EXPECT_EQ(loaded->document->GetLevel().Entities[i].Pairs, std::vector{expected});
   }
 }
 
 TEST(DocumentFile, SurvivesDamagedFiles) {
-  for (std::size_t length = 0; length < kLevel.size(); ++length) {
-    const LoadedDocument loaded = ReadDocument(std::string_view(kLevel).substr(0, length));
-    EXPECT_EQ(loaded.document == nullptr, !loaded.error.empty()) << length;
+  for (std::size_t length = 0; length + 1 < kLevel.size(); ++length) {
+    const auto loaded = ReadDocument(std::string_view(kLevel).substr(0, length));
+    EXPECT_TRUE(loaded ? loaded->IsDamaged() : !loaded.Error().empty()) << length;
   }
   const std::string start = "CZandoBrush\nEnd CZandoBrush\n";
   std::string nested = start + "CConstructiveBsp1\n";
@@ -282,49 +332,50 @@ TEST(DocumentFile, SurvivesDamagedFiles) {
   for (const std::string& text :
        {nested, pairs, vain, start + std::string(100000, '\0'), std::string(1000000, 'V'),
         start + "Class CGroupList\nGroupCount " + std::string(1000000, '9')}) {
-    const LoadedDocument loaded = ReadDocument(text);
-    EXPECT_EQ(loaded.document == nullptr, !loaded.error.empty());
+    const auto loaded = ReadDocument(text);
+    EXPECT_TRUE(loaded ? loaded->document != nullptr : !loaded.Error().empty());
   }
 }
 
 TEST(DocumentFile, HandlesATreeOfAnyDepthOnASmallStack) {
   constexpr int kNodes = 100000;
-  CZANDODoc level;
+  CZANDODoc document;
+  Level& level = Edit(document);
   CBspNode** next = &level.World.root;
   for (int i = 0; i < kNodes; ++i) {
     *next = level.World.NewNode();
-    (*next)->TakePolygon(level.WorkingBrush.Polys[0]);
+    (*next)->TakePolygon(level.WorkingBrush.Polys()[0]);
     next = i % 2 == 0 ? &(*next)->back : &(*next)->front;
   }
   std::string written;
   std::string again;
   RunOnSmallStack([&] {
-    written = WriteDocument(level);
-    const LoadedDocument loaded = ReadDocument(written);
-    if (loaded.document) again = WriteDocument(*loaded.document);
+    written = WriteDocument(document);
+    const auto loaded = ReadDocument(written);
+    if (loaded) again = WriteDocument(*loaded->document);
   });
   EXPECT_GT(written.size(), kNodes * std::size_t{100});
   EXPECT_TRUE(again == written);
 }
 
 TEST_F(DocumentFolder, ReplacesAFileThroughALinkAndKeepsItsPermissions) {
-  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
+  EXPECT_EQ(WriteFileAtomically(path_, "old").Error(), "");
   fs::permissions(path_, fs::perms(0640));
   fs::create_symlink("level.3dz", folder_ / "link");
-  EXPECT_EQ(SaveDocumentFile(level_, folder_ / "link"), "");
+  EXPECT_EQ(SaveDocumentFile(level_, folder_ / "link").Error(), "");
   EXPECT_FALSE(level_.IsModified());
   EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
-  EXPECT_EQ(ReadWholeFile(path_).bytes, WriteDocument(level_));
+  EXPECT_EQ(ReadWholeFile(path_).ValueOr(""), WriteDocument(level_));
   EXPECT_EQ(fs::status(path_).permissions(), fs::perms(0640));
   fs::create_symlink("loop", folder_ / "loop");
-  EXPECT_NE(SaveDocumentFile(level_, folder_ / "loop"), "");
+  EXPECT_NE(SaveDocumentFile(level_, folder_ / "loop").Error(), "");
   EXPECT_EQ(FilesInFolder(), 3) << "a temporary file was left";
 }
 
 TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
-  EXPECT_EQ(WriteFileAtomically(path_, "old"), "");
-  EXPECT_EQ(SaveDocumentFile(level_, folder_), "Is a directory");
-  EXPECT_EQ(SaveDocumentFile(level_, "/dev/null"), "not an ordinary file");
+  EXPECT_EQ(WriteFileAtomically(path_, "old").Error(), "");
+  EXPECT_EQ(SaveDocumentFile(level_, folder_).Error(), "Is a directory");
+  EXPECT_EQ(SaveDocumentFile(level_, "/dev/null").Error(), "not an ordinary file");
 
   // As on a full disk: no file may grow beyond 100 bytes.
   const auto previous = std::signal(SIGXFSZ, SIG_IGN);
@@ -332,12 +383,12 @@ TEST_F(DocumentFolder, LosesNothingWhenASaveFails) {
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
   const rlimit small{100, limit.rlim_max};
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const std::string error = SaveDocumentFile(level_, path_);
+  const std::string error = SaveDocumentFile(level_, path_).Error();
   setrlimit(RLIMIT_FSIZE, &limit);
   std::signal(SIGXFSZ, previous);
   EXPECT_EQ(error, "File too large");
 
-  EXPECT_EQ(ReadWholeFile(path_).bytes, "old");
+  EXPECT_EQ(ReadWholeFile(path_).ValueOr(""), "old");
   EXPECT_EQ(FilesInFolder(), 1) << "a temporary file was left";
   EXPECT_TRUE(level_.IsModified());
   EXPECT_EQ(level_.GetPathName(), fs::path());

@@ -6,64 +6,77 @@
 #include <utility>
 #include <vector>
 
+#include "document/brush_edits.h"
+#include "document/entity_edits.h"
+#include "document/group_edits.h"
+#include "document/selection_edits.h"
+#include "document/view_edits.h"
+#include "document/world_edits.h"
+#include "support/edit_level.h"
 #include "support/random_level.h"
 
 namespace zando {
 namespace {
 
+using testing::Edit;
+using testing::EditState;
+
 /// Lists a solid cube around a centre and returns it.
-CZandoBrush& AddCube(CZANDODoc& level, std::int32_t size, const Vector& centre) {
+CZandoBrush& AddCube(CZANDODoc& document, std::int32_t size, const Vector& centre) {
   const std::int32_t half = size / 2;
   const auto cube = testing::MakeBoxBrush({{-half, -half, -half}, {half, half, half}});
   cube->MoveTo(centre);
-  level.AddBrush(*cube);
-  return *level.BrushList.Brushes().back();
+  return Edit(document).BrushList[AddBrush(document, *cube)];
 }
 
-void SelectAll(CZANDODoc& level) {
-  for (const auto& brush : level.BrushList.Brushes()) brush->BFlags |= BF_SELECTED;
-  for (CEntity& entity : level.Entities) entity.eFlags |= EF_SELECTED;
-}
-
-std::vector<const CBspNode*> WorldPolygons(const CZANDODoc& level) {
+std::vector<const CBspNode*> WorldPolygons(const CZANDODoc& document) {
   std::vector<const CBspNode*> polygons;
-  WalkBackFrontNode(level.World.root, [&](const CBspNode* node) {
+  WalkBackFrontNode(document.GetLevel().World.root, [&](const CBspNode* node) {
     for (; node != nullptr; node = node->chain) polygons.push_back(node);
   });
   return polygons;
 }
 
-std::vector<std::int32_t> Ids(const CZANDODoc& level) {
+std::vector<std::int32_t> Ids(const CZANDODoc& document) {
   std::vector<std::int32_t> ids;
-  for (const CZandoBrush* b = level.BrushList.Head(); b != nullptr; b = b->Next) {
+  for (const CZandoBrush* b = document.GetLevel().BrushList.Head(); b != nullptr; b = b->Next) {
     EXPECT_TRUE(b->Next == nullptr || b->Next->Prev == b);
     ids.push_back(b->BBid);
   }
   return ids;
 }
 
-TEST(Document, GridStepsDoubleAndHalveDownToOne) {
-  CZANDODoc level;
-  for (const auto& [before, halved] : {std::pair{64.0, 32.0}, {3.0, 1.5}, {2.0, 1.0}, {1.5, 1.5}}) {
-    level.GridSize = before;
-    level.StepGrid(CZANDODoc::GridStep::Down);
-    EXPECT_EQ(level.GridSize, halved);
-    level.StepGrid(CZANDODoc::GridStep::Up);
-    EXPECT_EQ(level.GridSize, 2.0 * halved);
+TEST(Document, GridStepsHalveDownToOneAndDoubleUpToTheLimitOfTheSettings) {
+  CZANDODoc document;
+  const struct {
+    double before;
+    double down;
+    double up;
+  } cases[] = {{64.0, 32.0, 128.0},     {3.0, 1.5, 6.0},         {2.0, 1.0, 4.0},
+               {1.5, 1.5, 3.0},         {1250.0, 625.0, 2500.0}, {1250.5, 625.25, 1250.5},
+               {2048.0, 1024.0, 2048.0}};
+  for (const auto& [before, down, up] : cases) {
+    EditState(document).GridSize = before;
+    StepGrid(document, GridStep::Down);
+    EXPECT_EQ(document.State().GridSize, down);
+    EditState(document).GridSize = before;
+    StepGrid(document, GridStep::Up);
+    EXPECT_EQ(document.State().GridSize, up);
   }
 }
 
 TEST(Document, TheShowFilterAndGroupsDecideWhatIsShownInWhichColour) {
-  CZANDODoc level;
+  CZANDODoc document;
+  Level& level = Edit(document);
   level.Groups.resize(2);
   level.Groups[0].gCol = 0x00FF00;
   level.Groups[1].gVis = 0;
   for (const std::int32_t group : {-1, 0, 1, 7}) {
-    AddCube(level, 64, {0, 0, 0}).BGroup = group;
+    AddCube(document, 64, {0, 0, 0}).BGroup = group;
     level.Entities.emplace_back().eGroup = group;
   }
   for (const std::int32_t group : {-1, 0}) {
-    CZandoBrush& owned = AddCube(level, 64, {0, 0, 0});
+    CZandoBrush& owned = AddCube(document, 64, {0, 0, 0});
     owned.BGroup = group;
     owned.BFlags |= BF_ENTITY;
   }
@@ -76,149 +89,180 @@ TEST(Document, TheShowFilterAndGroupsDecideWhatIsShownInWhichColour) {
   for (const Case& c :
        {Case{ID_SHOW_ALL_BRUSHES, 0, "111111"}, Case{ID_SHOW_VISIBLE_GROUPS, 1, "010001"},
         Case{ID_SHOW_CURRENT_GROUP, 1, "001000"}, Case{ID_SHOW_CURRENT_GROUP, -1, "100010"}}) {
-    for (const std::int32_t showEntities : {1, 0}) {
-      level.ShowFilter = c.filter;
-      level.CurrentGroup = c.currentGroup;
-      level.ShowEntities = showEntities;
-      level.RefreshColors();
+    for (int i = 0; i < 2; ++i) {
+      SetCurrentGroup(document, c.currentGroup);
+      SetShowFilter(document, c.filter);
+      ToggleShowEntities(document);
       std::string brushes;
       std::string entities;
-      for (const auto& brush : level.BrushList.Brushes()) brushes += brush->IsShown() ? '1' : '0';
+      for (const CZandoBrush& brush : level.BrushList) brushes += brush.IsShown() ? '1' : '0';
       for (const CEntity& entity : level.Entities) entities += entity.IsShown() ? '1' : '0';
       EXPECT_EQ(entities, c.shown.substr(0, 4)) << c.filter;
-      EXPECT_EQ(brushes, showEntities == 1 ? c.shown : entities + "00") << c.filter;
+      EXPECT_EQ(brushes, document.State().ShowEntities == 1 ? c.shown : entities + "00")
+          << c.filter;
     }
   }
   const std::vector<std::uint32_t> colours{kWhite, 0x00FF00, 0x0000FF, kWhite};
   for (std::size_t i = 0; i < colours.size(); ++i) {
-    EXPECT_EQ(level.BrushList.Brushes()[i]->Color, colours[i]);
+    EXPECT_EQ(level.BrushList[static_cast<std::int32_t>(i)].Color, colours[i]);
     EXPECT_EQ(level.Entities[i].Color, colours[i]);
   }
 }
 
 TEST(Document, GroupCommandsMoveTheSelectionWithItsPivotAndEndIt) {
-  CZANDODoc level;
-  CZandoBrush& chosen = AddCube(level, 64, {10, 20, 30});
-  const CZandoBrush& other = AddCube(level, 64, {0, 0, 0});
-  level.PlaceLight();
-  chosen.BFlags |= BF_SELECTED;
-  level.Entities[0].eFlags |= EF_SELECTED;
-  level.CreateNewGroup();
-  EXPECT_EQ(level.Groups.size(), 1U);
-  EXPECT_EQ(level.CurrentGroup, 0);
+  CZANDODoc document;
+  CZandoBrush& chosen = AddCube(document, 64, {10, 20, 30});
+  const CZandoBrush& other = AddCube(document, 64, {0, 0, 0});
+  PlaceLight(document);
+  SelectBrush(document, 0, Selection::Select);
+  SelectEntity(document, 0, Selection::Select);
+  CreateNewGroup(document);
+  EXPECT_EQ(document.GetLevel().Groups.size(), 1U);
+  EXPECT_EQ(document.State().CurrentGroup, 0);
   EXPECT_EQ(other.BGroup, -1);
 
   const auto expectMembers = [&](std::int32_t group, const Vector& pivot) {
     EXPECT_EQ(chosen.BGroup, group);
-    EXPECT_EQ(chosen.Pos[kGroupSlot], pivot);
-    EXPECT_EQ(level.Entities[0].eGroup, group);
-    EXPECT_FALSE(level.AnySelected());
+    EXPECT_EQ(chosen.Slot(kGroupSlot).Pos, pivot);
+    EXPECT_EQ(document.GetLevel().Entities[0].eGroup, group);
+    EXPECT_FALSE(document.AnySelected());
   };
   expectMembers(0, {0, 0, 0});
-  SelectAll(level);
-  level.RemoveSelectedFromGroup();
+  SelectAll(document);
+  RemoveSelectedFromGroup(document);
   expectMembers(-1, {128, 128, 128});
-  level.Groups[0].Centre = {1, 2, 3};
-  SelectAll(level);
-  level.AddSelectedToGroup();
+  Edit(document).Groups[0].Centre = {1, 2, 3};
+  SelectAll(document);
+  AddSelectedToGroup(document);
   expectMembers(0, {1, 2, 3});
-  level.CurrentGroup = -1;
-  SelectAll(level);
-  level.AddSelectedToGroup();
+  SetCurrentGroup(document, -1);
+  SelectAll(document);
+  AddSelectedToGroup(document);
   expectMembers(-1, {0, 0, 0});
 }
 
 TEST(Document, BrushesAndTheCurrentEntityFollowWhenAnEntityIsDeleted) {
-  CZANDODoc level;
-  for (int i = 0; i < 5; ++i) level.PlaceLight();
-  level.ShowEntities = 0;
+  CZANDODoc document;
+  for (int i = 0; i < 5; ++i) PlaceLight(document);
   for (const std::int32_t owner : {1, 2, 4}) {
-    CZandoBrush& brush = AddCube(level, 64, {0, 0, 0});
-    brush.BEnt = owner;
-    brush.BFlags |= BF_ENTITY;
+    AddCube(document, 64, {0, 0, 0});
+    AssociateBrush(document, owner, Ids(document).back());
   }
-  level.SetCurrentBrush(*level.BrushList.Brushes().back());
-  level.CopyToCurrent();
-  level.DeleteEntity(2);
-  level.DeleteEntity(9);
+  ToggleShowEntities(document);
+  SetCurrentBrush(document, 2);
+  CopyToCurrent(document);
+  DeleteEntity(document, 2);
+  DeleteEntity(document, 9);
+  const Level& level = document.GetLevel();
   EXPECT_EQ(level.Entities.size(), 4U);
-  EXPECT_EQ(level.CurrentEntity, 3);
-  const auto& brushes = level.BrushList.Brushes();
-  EXPECT_EQ(brushes[0]->BEnt, 1);
-  EXPECT_FALSE(brushes[0]->IsShown());
-  EXPECT_FALSE(brushes[1]->BelongsToEntity());
-  EXPECT_TRUE(brushes[1]->IsShown());
-  EXPECT_EQ(brushes[2]->BEnt, 3);
+  EXPECT_EQ(document.State().CurrentEntity, 3);
+  EXPECT_EQ(level.BrushList[0].BEnt, 1);
+  EXPECT_FALSE(level.BrushList[0].IsShown());
+  EXPECT_FALSE(level.BrushList[1].BelongsToEntity());
+  EXPECT_TRUE(level.BrushList[1].IsShown());
+  EXPECT_EQ(level.BrushList[2].BEnt, 3);
   EXPECT_EQ(level.WorkingBrush.BEnt, 3);
-  level.DeleteEntity(3);
-  EXPECT_EQ(level.CurrentEntity, -1);
+  DeleteEntity(document, 3);
+  EXPECT_EQ(document.State().CurrentEntity, -1);
   EXPECT_FALSE(level.WorkingBrush.BelongsToEntity());
 }
 
 TEST(Document, IdsAreNeverUsedAgainAndTheOrderSurvivesDeletes) {
-  CZANDODoc level;
-  for (std::int32_t i = 0; i < 4; ++i) EXPECT_EQ(level.AddBrush(level.WorkingBrush), i);
+  CZANDODoc document;
+  const CZandoBrush& working = document.GetLevel().WorkingBrush;
+  for (std::int32_t i = 0; i < 4; ++i) EXPECT_EQ(AddBrush(document, working), i);
   for (const std::int32_t deleted : {0, 2, 3}) {
-    level.SetCurrentBrush(*level.FindBrushById(deleted));
-    level.DeleteCurrentBrush();
-    EXPECT_EQ(level.CurrentBrush, &level.WorkingBrush);
+    SetCurrentBrush(document, deleted);
+    DeleteCurrentBrush(document);
+    EXPECT_EQ(&document.CurrentBrush(), &working);
   }
-  EXPECT_EQ(level.AddBrush(level.WorkingBrush), 1);
-  EXPECT_EQ(Ids(level), (std::vector<std::int32_t>{1, 4}));
+  EXPECT_EQ(AddBrush(document, working), 1);
+  EXPECT_EQ(Ids(document), (std::vector<std::int32_t>{1, 4}));
 }
 
 TEST(Document, AClickPicksTheSmallestShownBrushAndTheEarlierOfEqualOnes) {
-  CZANDODoc level;
-  const CZandoBrush& outer = AddCube(level, 256, {0, 0, 0});
-  const CZandoBrush& inner = AddCube(level, 64, {0, 0, 64});
-  AddCube(level, 64, {0, 0, 80});
-  AddCube(level, 16, {0, 0, 64}).BFlags &= ~BF_SHOWN;
+  CZANDODoc document;
+  AddCube(document, 256, {0, 0, 0});
+  AddCube(document, 64, {0, 0, 64});
+  AddCube(document, 64, {0, 0, 80});
+  AddCube(document, 16, {0, 0, 64}).BFlags &= ~BF_SHOWN;
+  // Two that differ in height alone.
+  AddCube(document, 256, {4096, 0, 4096});
+  SetCurrentBrush(document, AddCube(document, 256, {4096, 0, 4096}).BBid);
+  SetBrushScale(document, {1, 0.25, 1});
   struct Case {
     Vector point;
-    const CZandoBrush* picked;
+    const ViewAxes& axes;
+    std::int32_t picked;
   };
-  for (const Case& c : {Case{{0, 1, 64}, &inner}, Case{{1, 1, 0}, &inner}, Case{{0, 1, 31}, &outer},
-                        Case{{100, 1, 0}, &outer}, Case{{0, 129, 64}, &level.WorkingBrush}}) {
-    level.SetCurrentBrush(level.WorkingBrush);
-    level.ShowBrush = 0;
-    level.PickBrush(c.point);
-    const int hit = c.picked != &level.WorkingBrush ? 1 : 0;
-    EXPECT_EQ(level.CurrentBrush, c.picked) << c.point.x << ' ' << c.point.y << ' ' << c.point.z;
-    EXPECT_EQ(level.BrushPicked, hit);
-    EXPECT_EQ(level.ShowBrush, hit);
+  for (const Case& c :
+       {Case{{0, 1, 64}, kSideAxes, 1}, Case{{1, 1, 0}, kFrontAxes, 1},
+        Case{{0, 1, 31}, kSideAxes, 0}, Case{{100, 1, 0}, kFrontAxes, 0},
+        Case{{4000, 0, 4000}, kTopAxes, 5}, Case{{0, 129, 64}, kSideAxes, kWorkingBrush}}) {
+    SetCurrentBrush(document, kWorkingBrush);
+    EditState(document).ShowBrush = 0;
+    PickBrush(document, c.point, c.axes);
+    EXPECT_EQ(document.State().CurrentBrush, c.picked) << c.point.x << ' ' << c.point.z;
+    EXPECT_EQ(document.State().ShowBrush, c.picked != kWorkingBrush ? 1 : 0);
   }
 }
 
 TEST(Document, ListedCopiesOfTheWorkingBrushOwnTheirFacesUntilTheyGo) {
-  CZANDODoc level;
-  level.Groups.resize(1);
-  level.CurrentGroup = 0;
-  level.AddToWorld();
-  level.WorkingBrush.MoveTo({512, 0, 0});
-  level.SubtractFromWorld();
-  level.CurrentGroup = -1;
-  level.AddToWorld();
-  ASSERT_EQ(Ids(level), (std::vector<std::int32_t>{0, 1, 2}));
-  EXPECT_EQ(level.FindBrushById(0)->Color, 0x0000FFU);
-  EXPECT_EQ(level.FindBrushById(1)->TranT, kSubtractFromWorld);
-  EXPECT_EQ(level.FindBrushById(2)->BGroup, -1);
-  const auto expectOwners = [&level] {
-    EXPECT_EQ(WorldPolygons(level).size(), 12U);
-    for (const CBspNode* polygon : WorldPolygons(level)) {
-      EXPECT_EQ(polygon->pBrush, level.FindBrushById(polygon->nBid));
+  CZANDODoc document;
+  const Level& level = document.GetLevel();
+  CreateEmptyGroup(document);
+  AddToWorld(document);
+  PlaceBrush(document, {512, 0, 0});
+  SubtractFromWorld(document);
+  SetCurrentGroup(document, -1);
+  AddToWorld(document);
+  ASSERT_EQ(Ids(document), (std::vector<std::int32_t>{0, 1, 2}));
+  EXPECT_EQ(level.BrushList[0].Color, 0x0000FFU);
+  EXPECT_EQ(level.BrushList[1].TranT, kSubtractFromWorld);
+  EXPECT_EQ(level.BrushList[2].BGroup, -1);
+  const auto expectOwners = [&] {
+    EXPECT_EQ(WorldPolygons(document).size(), 12U);
+    for (const CBspNode* polygon : WorldPolygons(document)) {
+      EXPECT_EQ(polygon->pBrush, level.BrushList.Find(polygon->nBid));
     }
   };
   expectOwners();
 
   // A picked brush changes its operation or goes, and the world waits for a rebuild.
-  level.SetCurrentBrush(*level.FindBrushById(2));
-  level.SubtractFromWorld();
-  EXPECT_EQ(level.FindBrushById(2)->TranT, kSubtractFromWorld);
+  SetCurrentBrush(document, 2);
+  SubtractFromWorld(document);
+  EXPECT_EQ(level.BrushList[2].TranT, kSubtractFromWorld);
   EXPECT_EQ(level.WorkingBrush.TranT, kAddToWorld);
-  EXPECT_EQ(level.CurrentBrush, &level.WorkingBrush);
-  level.SetCurrentBrush(*level.FindBrushById(0));
-  level.DeleteCurrentBrush();
+  EXPECT_FALSE(document.BrushPicked());
+  SetCurrentBrush(document, 0);
+  DeleteCurrentBrush(document);
   expectOwners();
+}
+
+TEST(Document, BrushesWithoutVolumeTakeNoPartInAWorldButOpenOnesDo) {
+  CZANDODoc document;
+  CZandoBrush& working = Edit(document).WorkingBrush;
+  AddToWorld(document);
+  SetBrushScale(document, {1, 0, 1});
+  AddToWorld(document);
+  SubtractFromWorld(document);
+  SetBrushScale(document, {1, 1, 1});
+  PlaceBrush(document, {512, 0, 0});
+  working.SetPolyCount(1);
+  AddToWorld(document);
+  const auto built = [&document] {
+    std::vector<std::int32_t> polygons(4, 0);
+    for (const CBspNode* polygon : WorldPolygons(document)) {
+      ++polygons[static_cast<std::size_t>(polygon->nBid)];
+    }
+    return polygons;
+  };
+  const std::vector<std::int32_t> expected{6, 0, 0, 1};
+  EXPECT_EQ(built(), expected);
+  for (const RebuildKind kind : {RebuildKind::Quick, RebuildKind::Optimal}) {
+    RebuildWorld(document, kind, WaterBrushes::Build, nullptr);
+    EXPECT_EQ(built(), expected);
+  }
 }
 
 }  // namespace

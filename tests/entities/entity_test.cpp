@@ -65,27 +65,26 @@ TEST(Entity, WithoutAnOriginTextTheOriginStaysAndNothingMovesOrPicksIt) {
   entity.Move({5, 5, 5}, kAllAxes);
   EXPECT_EQ(entity.eOrigin, (Vector{1, 2, 3}));
   EXPECT_EQ(entity.WorkOrigin, (Vector{1, 2, 3}));
-  EXPECT_EQ(entity.Distance2D({1, 2, 0}), 100000.0);
+  EXPECT_EQ(entity.Distance2D({1, 2, 0}, kTopAxes), 100000.0);
 }
 
 TEST(Entity, DistanceAndRectangleUseThePlaneOfTheView) {
   const CEntity entity = EntityAt({10, 20, 30});
-  EXPECT_EQ(entity.Distance2D({0, 23, 34}), 5.0);
-  EXPECT_EQ(entity.Distance2D({13, -0.0, 26}), 5.0);
-  EXPECT_EQ(entity.Distance2D({7, 16, 0}), 5.0);
+  EXPECT_EQ(entity.Distance2D({0, 23, 34}, kSideAxes), 5.0);
+  EXPECT_EQ(entity.Distance2D({13, 0, 26}, kTopAxes), 5.0);
+  EXPECT_EQ(entity.Distance2D({7, 16, 0}, kFrontAxes), 5.0);
 
   struct Case {
-    Vector low;
-    Vector high;
+    ViewRect rect;
     bool inside;
   };
   const std::vector<Case> cases{
-      {{0, 20, 30}, {0, 25, 35}, true}, {{0, 21, 30}, {0, 25, 35}, false},
-      {{10, 0, 25}, {10, 0, 30}, true}, {{10, 0, 31}, {15, 0, 35}, false},
-      {{5, 15, 0}, {10, 20, 0}, true},  {{5, 15, 0}, {10, 19, 0}, false},
+      {{{0, 20, 30}, {0, 25, 35}, kSideAxes}, true}, {{{0, 21, 30}, {0, 25, 35}, kSideAxes}, false},
+      {{{10, 0, 25}, {10, 0, 30}, kTopAxes}, true},  {{{10, 0, 31}, {15, 0, 35}, kTopAxes}, false},
+      {{{0, 0, 0}, {10, 20, 0}, kFrontAxes}, true},  {{{0, 0, 0}, {10, 19, 0}, kFrontAxes}, false},
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(entity.InRect(c.low, c.high), c.inside) << testing::PrintToString(c.low);
+  for (const auto& [rect, inside] : cases) {
+    EXPECT_EQ(entity.InRect(rect), inside) << testing::PrintToString(rect.low);
   }
 }
 

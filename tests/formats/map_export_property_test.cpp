@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "document/zando_doc.h"
+#include "document/level.h"
 #include "formats/brush_carver.h"
 #include "formats/map_writer.h"
 #include "support/map_solids.h"
@@ -21,9 +21,9 @@ using Layout = LevelOptions::Layout;
 /// The cells that a solid brush was carved into.
 using Cells = std::vector<Planes>;
 
-std::vector<CZandoBrush*> LaterCarvers(const CZandoBrush& brush) {
-  std::vector<CZandoBrush*> carvers;
-  for (CZandoBrush* next = brush.Next; next != nullptr; next = next->Next) {
+std::vector<const CZandoBrush*> LaterCarvers(const CZandoBrush& brush) {
+  std::vector<const CZandoBrush*> carvers;
+  for (const CZandoBrush* next = brush.Next; next != nullptr; next = next->Next) {
     if (next->TranT == kSubtractFromWorld) carvers.push_back(next);
   }
   return carvers;
@@ -33,12 +33,11 @@ std::vector<CZandoBrush*> LaterCarvers(const CZandoBrush& brush) {
 /// Nothing when the file is no map of closed solids.
 std::optional<std::vector<Cells>> ExportedCells(const CBrushList& level) {
   std::vector<Cells> cells(static_cast<std::size_t>(level.BrushCount()));
-  CZANDODoc document;
-  for (const auto& brush : level.Brushes()) {
-    brush->Name = std::to_string(brush->BBid);
-    document.AddBrush(*brush);
+  Level named;
+  for (const CZandoBrush& brush : level) {
+    named.BrushList[named.AddBrush(brush)].Name = std::to_string(brush.BBid);
   }
-  const auto entities = ParseMap(WriteMap(document, ""));
+  const auto entities = ParseMap(WriteMap(named, ""));
   if (!entities) return std::nullopt;
   for (const MapBrush& cell : entities->front().brushes) {
     if (!SolidOf(cell).closed) return std::nullopt;
@@ -51,12 +50,12 @@ std::optional<std::vector<Cells>> ExportedCells(const CBrushList& level) {
 /// a cell name as their faces.
 std::optional<std::vector<Cells>> CarvedCells(const CBrushList& level) {
   std::vector<Cells> cells;
-  for (const auto& brush : level.Brushes()) {
+  for (const CZandoBrush& brush : level) {
     CConstructiveBsp tree;
     cells.emplace_back();
-    if (brush->TranT == kAddToWorld) CarveBrush(tree, *brush, LaterCarvers(*brush));
+    if (brush.TranT == kAddToWorld) CarveBrush(tree, brush, LaterCarvers(brush));
     WalkCells(tree.root, [&](const CBspNode* cell) {
-      if (IsStrayCell(cell, *brush)) return;
+      if (IsStrayCell(cell, brush)) return;
       Planes planes;
       for (; cell != nullptr; cell = cell->link) {
         if (cell->nValid == 0) continue;
@@ -76,8 +75,7 @@ int CountMisplacedPoints(const CZandoBrush& brush, const Cells& cells, CRandom& 
   const Planes own = PlanesOf(brush);
   Cells carvers;
   for (const CZandoBrush* carver : LaterCarvers(brush)) carvers.push_back(PlanesOf(*carver));
-  const Vector& low = brush.BoundsMin;
-  const Vector& high = brush.BoundsMax;
+  const auto& [low, high] = brush.WorldBounds();
   int misplaced = 0;
   for (int i = 0; i < 300; ++i) {
     const Vector point{random.Real(low.x, high.x), random.Real(low.y, high.y),
@@ -128,13 +126,12 @@ TEST_P(MapExport, CellsFillWhatCarversLeaveWithoutOverlap) {
     LevelOptions options = GetParam().options;
     options.brushes = random.Between(5, options.tapered > 0 ? 16 : 30);
     const CBrushList level = RandomLevel(seed, options);
-    for (const auto& brush : level.Brushes()) brush->UpdateWorld();
     const auto cells = GetParam().cellsOf(level);
     int misplaced = cells ? 0 : 1;
-    for (const auto& brush : level.Brushes()) {
-      if (!cells || brush->TranT != kAddToWorld) continue;
-      const Cells& own = cells->at(static_cast<std::size_t>(brush->BBid));
-      misplaced += CountMisplacedPoints(*brush, own, random);
+    for (const CZandoBrush& brush : level) {
+      if (!cells || brush.TranT != kAddToWorld) continue;
+      const Cells& own = cells->at(static_cast<std::size_t>(brush.BBid));
+      misplaced += CountMisplacedPoints(brush, own, random);
     }
     if (misplaced > 0) spoiled.push_back(seed);
   }

@@ -15,23 +15,22 @@ namespace {
 
 constexpr GridBox kBox{{0, 0, 0}, {64, 64, 64}};
 
-CZandoBrush& AddBox(CZANDODoc& document, const GridBox& box, std::int32_t operation = kAddToWorld) {
-  document.AddBrush(*MakeBoxBrush(box, operation));
-  return *document.BrushList.Brushes().back();
+CZandoBrush& AddBox(Level& level, const GridBox& box, std::int32_t operation = kAddToWorld) {
+  return level.BrushList[level.AddBrush(*MakeBoxBrush(box, operation))];
 }
 
-std::vector<MapEntity> Export(CZANDODoc& document) {
-  const auto entities = ParseMap(WriteMap(document, "textures.wad"));
+std::vector<MapEntity> Export(const Level& level, MapExportReport* report = nullptr) {
+  const auto entities = ParseMap(WriteMap(level, "textures.wad", report));
   EXPECT_TRUE(entities.has_value());
   return entities.value_or(std::vector<MapEntity>(1));
 }
 
-std::vector<MapBrush> ExportWorld(CZANDODoc& document) { return Export(document).front().brushes; }
+std::vector<MapBrush> ExportWorld(const Level& level) { return Export(level).front().brushes; }
 
 TEST(MapWriter, WritesABoxAsTheHeaderAndOneBrushOfSixPlanes) {
-  CZANDODoc document;
-  AddBox(document, kBox);
-  EXPECT_EQ(WriteMap(document, "c:\\textures.wad"),
+  Level level;
+  AddBox(level, kBox);
+  EXPECT_EQ(WriteMap(level, "c:\\textures.wad"),
             "{\r\n"
             "\"message\"  \"Entering ZANDOLEVEL\"\r\n"
             "\"wad\" \"c:\\textures.wad\"\r\n"
@@ -63,56 +62,68 @@ TEST(MapWriter, CarvesOnlyByShownCarversThatFollow) {
                {"touches", {{64, 0, 0}, {96, 64, 64}}, false, BF_SHOWN, kWhole},
                {"swallows it", {{-8, -8, -8}, {72, 72, 72}}, false, BF_SHOWN, 0.0}};
   for (const auto& c : cases) {
-    CZANDODoc document;
-    if (!c.first) AddBox(document, kBox);
-    AddBox(document, c.carver, kSubtractFromWorld).BFlags = c.flags;
-    if (c.first) AddBox(document, kBox);
+    Level level;
+    if (!c.first) AddBox(level, kBox);
+    AddBox(level, c.carver, kSubtractFromWorld).BFlags = c.flags;
+    if (c.first) AddBox(level, kBox);
     double volume = 0.0;
-    for (const MapBrush& brush : ExportWorld(document)) volume += SolidOf(brush).volume;
+    for (const MapBrush& brush : ExportWorld(level)) volume += SolidOf(brush).volume;
     EXPECT_NEAR(volume, c.left, 1e-3) << c.what;
   }
 }
 
-TEST(MapWriter, WritesShownWorldBrushesAndAllBrushesOfShownEntities) {
-  CZANDODoc document;
+TEST(MapWriter, WritesShownWorldBrushesAndAllBrushesOfShownEntitiesAndCountsTheOthers) {
+  Level level;
   for (const std::int32_t flags : {EF_SHOWN, 0, EF_SHOWN}) {
-    document.Entities.emplace_back().eFlags = flags;
+    level.Entities.emplace_back().eFlags = flags;
   }
+  constexpr GridBox kFlat{{0, 0, 0}, {64, 0, 64}};
   const struct {
     const char* name;
     std::int32_t flags;
     std::int32_t entity;
+    std::int32_t operation = kAddToWorld;
+    GridBox box = kBox;
   } brushes[] = {{"shown", BF_SHOWN, 0},
                  {"hidden", 0, 0},
+                 {"hidden carver", 0, 0, kSubtractFromWorld},
+                 {"flat", BF_SHOWN, 0, kAddToWorld, kFlat},
+                 {"flat carver", BF_SHOWN, 0, kSubtractFromWorld, kFlat},
+                 {"flat of0", BF_SHOWN | BF_ENTITY, 0, kAddToWorld, kFlat},
                  {"of2", BF_ENTITY, 2},
                  {"of1", BF_SHOWN | BF_ENTITY, 1},
+                 {"of1 too", BF_ENTITY, 1},
                  {"of0", BF_SHOWN | BF_ENTITY, 0},
                  {"of7", BF_SHOWN | BF_ENTITY, 7},
                  {"of-1", BF_SHOWN | BF_ENTITY, -1}};
-  for (const auto& [name, flags, entity] : brushes) {
-    CZandoBrush& brush = AddBox(document, kBox);
+  for (const auto& [name, flags, entity, operation, box] : brushes) {
+    CZandoBrush& brush = AddBox(level, box, operation);
     brush.Name = name;
     brush.BFlags = flags;
     brush.BEnt = entity;
   }
   std::vector<std::vector<std::string>> names;
-  for (const MapEntity& entity : Export(document)) {
+  MapExportReport report;
+  for (const MapEntity& entity : Export(level, &report)) {
     names.emplace_back();
     for (const MapBrush& brush : entity.brushes) names.back().push_back(brush.front().texture);
   }
   const std::vector<std::vector<std::string>> expected{{"shown"}, {"of0"}, {"of2"}};
   EXPECT_EQ(names, expected);
+  EXPECT_EQ(DescribeExport(report),
+            "3 brushes written, 3 brushes without volume left out, 4 hidden brushes left out, "
+            "1 hidden entity left out");
 }
 
 TEST(MapWriter, WritesEntityPairsWithTheOriginInTheGamesOrder) {
-  CZANDODoc document;
+  Level level;
   CEntity entity;
   entity.eOrigin = {10.7, 20.2, -5.9};
   entity.AddPair("classname", "light");
   entity.AddPair("Origin", "1 2 3");
   entity.AddPair("mes\"sage", "say \"hi\"\r\n}");
-  document.Entities.push_back(entity);
-  const std::string text = WriteMap(document, "");
+  level.Entities.push_back(entity);
+  const std::string text = WriteMap(level, "");
   EXPECT_TRUE(
       text.ends_with("\"worldspawn\"\r\n"
                      "}\r\n"
@@ -133,9 +144,9 @@ TEST(MapWriter, RoundsHalvesAwayFromZeroWithinTheRangeOfWholeNumbers) {
                                              {2.4999, 2.0},
                                              {-1e13, std::numeric_limits<std::int32_t>::min()}};
   for (const auto& [low, written] : cases) {
-    CZANDODoc document;
-    AddBox(document, kBox).MoveTo({low + 32.0, 32.0, 32.0});
-    const MapPlane plane = ExportWorld(document).at(0).at(0);
+    Level level;
+    AddBox(level, kBox).MoveTo({low + 32.0, 32.0, 32.0});
+    const MapPlane plane = ExportWorld(level).at(0).at(0);
     EXPECT_EQ(plane.points[0].x, written) << low;
   }
 }
@@ -144,21 +155,21 @@ TEST(MapWriter, WritesTheNameAsOneWordOfThePlaneLine) {
   const std::pair<const char*, const char*> cases[] = {
       {"*water1", "*water1"}, {"my wall\t2\r\n", "my_wall_2__"}, {"\"", "_"}, {"", "tech05_1"}};
   for (const auto& [name, word] : cases) {
-    CZANDODoc document;
-    AddBox(document, kBox).Name = name;
-    EXPECT_EQ(ExportWorld(document).at(0).at(0).texture, word);
+    Level level;
+    AddBox(level, kBox).Name = name;
+    EXPECT_EQ(ExportWorld(level).at(0).at(0).texture, word);
   }
 }
 
 TEST(MapWriter, SkipsThePlaneOfAFaceWithoutThreeVertices) {
   for (const double broken : {0.0, std::numeric_limits<double>::quiet_NaN()}) {
     for (std::int32_t count = 0; count <= 4; ++count) {
-      CZANDODoc document;
-      CZandoBrush& brush = AddBox(document, kBox);
-      AddBox(document, {{32, 32, 32}, {96, 96, 96}}, kSubtractFromWorld);
-      brush.Polys[3].count = count;
-      brush.Polys[3][0].x += broken;
-      for (const MapBrush& cell : ExportWorld(document)) EXPECT_LE(cell.size(), 12U);
+      Level level;
+      CZandoBrush& brush = AddBox(level, kBox);
+      AddBox(level, {{32, 32, 32}, {96, 96, 96}}, kSubtractFromWorld);
+      brush.EditPoly(3).count = count;
+      brush.EditPoly(3)[0].x += broken;
+      for (const MapBrush& cell : ExportWorld(level)) EXPECT_LE(cell.size(), 12U);
     }
   }
 }

@@ -36,8 +36,8 @@ TEST(Box, FacesHaveTheirOrderAndLookAwayFromTheWalls) {
   ASSERT_EQ(brush.PolyCount(), 12);
   for (std::size_t i = 0; i < 6; ++i) {
     SCOPED_TRACE(i);
-    const CZandoPoly& outer = brush.Polys[i];
-    const CZandoPoly& inner = brush.Polys[6 + i];
+    const CZandoPoly& outer = brush.Polys()[i];
+    const CZandoPoly& inner = brush.Polys()[6 + i];
     EXPECT_TRUE(SameVertices(outer, FacesOf(shell)[i]));
     EXPECT_TRUE(SameVertices(inner, ReverseCopy(FacesOf(cavity)[i]).polygon));
     EXPECT_EQ(ClassifyPoint(ComputePlane(outer), {0, 0, 0}), PointClass::Back);

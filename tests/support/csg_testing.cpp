@@ -70,6 +70,18 @@ void Hollow(CZandoBrush& box) {
   SetFaces(box, faces);
 }
 
+void AddZigzag(CZandoBrush& box) {
+  const Vector half = (box.WorldBounds().high - box.WorldBounds().low) * 0.5;
+  std::vector<CZandoPoly> faces = box.Polys();
+  CZandoPoly& zigzag = faces.emplace_back();
+  for (const double side : {1.0, -1.0}) {
+    for (int i = 0; i < 12; ++i) {
+      zigzag.Append({side * i, half.y + (i % 2 == 0 ? side : -side), half.z + 100.0 + side});
+    }
+  }
+  SetFaces(box, faces);
+}
+
 void MakeDrum(CZandoBrush& box, std::int32_t sides) {
   const Vector half = (box.WorldBounds().high - box.WorldBounds().low) * 0.5;
   const auto rim = [&half, sides](std::int32_t i, double y) {

@@ -36,6 +36,10 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 /// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
 void Hollow(CZandoBrush& box);
 
+/// Gives a box one more face, 100 beyond its last side: it goes to and fro through the plane of the
+/// top, which is refused to cut it.
+void AddZigzag(CZandoBrush& box);
+
 /// Makes a box that is not turned into an upright prism with `sides` sides, up to MAX_POLY_VERTS.
 void MakeDrum(CZandoBrush& box, std::int32_t sides);
 

@@ -30,7 +30,8 @@ class CFakeMainWindow : public CMainWindow {
   std::int32_t SelectedGroup = -2;
   std::string GridPane;
   std::vector<std::filesystem::path> RecentFiles;
-  std::string Arrangement;  ///< "H" for each horizontal tiling, "T", "C", "A" for the others
+  std::string Arrangement;         ///< "H" for each horizontal tiling, "T", "C", "A" for the others
+  std::vector<CChildView*> Tiled;  ///< by the last horizontal tiling
   int Abouts = 0;
   int Closes = 0;
 
@@ -68,7 +69,10 @@ class CFakeMainWindow : public CMainWindow {
       return child.view.get() == &view && child.minimized;
     });
   }
-  void TileHorizontally() override { Arrangement += 'H'; }
+  void TileHorizontally(const std::vector<CChildView*>& views) override {
+    Arrangement += 'H';
+    Tiled = views;
+  }
   void Tile() override { Arrangement += 'T'; }
   void Cascade() override { Arrangement += 'C'; }
   void ArrangeIcons() override { Arrangement += 'A'; }
@@ -90,11 +94,10 @@ class CFakeMainWindow : public CMainWindow {
  private:
   template <typename View>
   void Open(std::unique_ptr<View> view) {
-    auto window = std::make_unique<CFakeViewWindow>();
-    view->SetWindow(window.get());
-    view->OnInitialUpdate();
-    CChildView* opened = view.get();
-    Children.push_back({std::move(window), std::move(view)});
+    View* opened = view.get();
+    Children.push_back({std::make_unique<CFakeViewWindow>(), std::move(view)});
+    opened->SetWindow(Children.back().window.get());
+    opened->OnInitialUpdate();
     SetActive(opened);
   }
   std::vector<Child>::iterator Find(const CChildView& view) {

@@ -24,7 +24,8 @@ std::unique_ptr<CZandoBrush> MakeFrustum(const GridBox& box, double topX, double
       const bool top = (corner & 2U) != 0;
       const double x = (corner & 1U) != 0 ? half.x : -half.x;
       const double z = (corner & 4U) != 0 ? half.z : -half.z;
-      brush->EditPoly(face).Append(top ? Vector{x * topX, half.y, z * topZ} : Vector{x, -half.y, z});
+      brush->EditPoly(face).Append(top ? Vector{x * topX, half.y, z * topZ}
+                                       : Vector{x, -half.y, z});
     }
   }
   brush->ComputeFacePoints();

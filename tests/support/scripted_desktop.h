@@ -28,6 +28,7 @@ class CScriptedDesktop : public CDesktop {
   std::vector<std::string> Calls;
   std::vector<FileRequest> FileRequests;
   std::string StatusText;
+  std::string Failure;  ///< shown until it is cleared
 
   ScreenPoint Cursor{500, 400};
   bool CursorPlaceable = true;
@@ -38,6 +39,8 @@ class CScriptedDesktop : public CDesktop {
   SaveAnswer AskSaveChanges(std::string_view name) override;
   YesNo AskYesNo(std::string_view question) override;
   void SetStatusText(std::string_view text) override { StatusText = text; }
+  void ShowFailure(std::string_view text) override { Failure = text; }
+  void ClearFailure() override { Failure.clear(); }
   std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
   std::optional<ColorRef> ChooseColor(ColorRef initial) override;
   ControlId DoModal(CDialog& dialog) override;

@@ -17,7 +17,7 @@ TEST(PaletteFile, ReplacesTheRedGreenAndBlueThatItHoldsAndNothingElse) {
   while (bytes.size() < 800) bytes += "abc";
   const std::string path = ::testing::TempDir() + "zando_palette.lmp";
   for (const std::size_t size : {0U, 1U, 300U, 767U, 768U, 800U}) {
-    ASSERT_EQ(WriteFileAtomically(path, bytes.substr(0, size)), "");
+    ASSERT_EQ(WriteFileAtomically(path, bytes.substr(0, size)).Error(), "");
     Palette palette = WithEntries(BuiltInPalette(), std::string(kPaletteBytes, 'x'));
     ASSERT_TRUE(LoadPalette(path, palette));
     for (std::size_t i = 0; i < kPaletteBytes; ++i) {

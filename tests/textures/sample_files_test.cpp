@@ -20,9 +20,9 @@ namespace {
 const std::filesystem::path kExamples = ZANDO_SOURCE_DIR "/examples";
 
 std::string Contents(const std::filesystem::path& path) {
-  const FileContents file = ReadWholeFile(path);
-  EXPECT_TRUE(file.bytes) << path << file.error;
-  return file.bytes.value_or("");
+  const auto file = ReadWholeFile(path);
+  EXPECT_TRUE(file) << path << file.Error();
+  return file.ValueOr("");
 }
 
 TEST(SampleFiles, AreThoseOfTheExamples) {

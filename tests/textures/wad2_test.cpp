@@ -123,8 +123,8 @@ TEST(Wad2, LumpsOverEachOtherTakeNoMoreRoomThanTheFile) {
 TEST(Wad2, CreateTakesPaletteFirstAndPassesOverWhatIsMissing) {
   const std::string palette = ::testing::TempDir() + "zando_wad2.lmp";
   const std::string archive = ::testing::TempDir() + "zando_wad2.wad";
-  ASSERT_EQ(WriteFileAtomically(palette, std::string(kPaletteBytes, '\x33')), "");
-  ASSERT_EQ(WriteFileAtomically(archive, Archive({{kTwoByTwo}})), "");
+  ASSERT_EQ(WriteFileAtomically(palette, std::string(kPaletteBytes, '\x33')).Error(), "");
+  ASSERT_EQ(WriteFileAtomically(archive, Archive({{kTwoByTwo}})).Error(), "");
   CWad2 wad;
   wad.Create(palette, archive);
   EXPECT_EQ(Held(wad), "2x2 old abcd\n");

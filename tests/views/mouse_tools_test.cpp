@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "document/brush_edits.h"
+#include "document/view_edits.h"
+#include "support/edit_level.h"
 #include "support/scripted_desktop.h"
 #include "views/zando_view.h"
 
@@ -46,7 +49,7 @@ class MouseTools : public ::testing::Test {
   }
 
   void Use(CommandId tool, ViewKind kind, std::uint32_t axes = kAllAxes) {
-    document.ToolMode = tool;
+    state.ToolMode = tool;
     view.SetKind(kind);
     settings.ActiveAxisMask = axes;
   }
@@ -71,11 +74,11 @@ class MouseTools : public ::testing::Test {
       } else if (word == "shift") {
         desktop.ShiftDown = true;
       } else if (word.starts_with("grid=")) {
-        document.UseGrid = 1;
-        document.GridSize = std::stod(word.substr(5));
+        state.UseGrid = 1;
+        state.GridSize = std::stod(word.substr(5));
       } else if (word.starts_with("step=")) {
-        document.UseRotationSnap = 1;
-        document.RotationSnap = std::stod(word.substr(5));
+        state.UseRotationSnap = 1;
+        state.RotationSnap = std::stod(word.substr(5));
       } else {
         desktop.Cursor.x += std::stoi(word);
         desktop.Cursor.y += std::stoi(word.substr(word.find(',') + 1));
@@ -90,22 +93,24 @@ class MouseTools : public ::testing::Test {
 
   /// A listed box of 64 around a place, in a group.
   CZandoBrush& AddBox(const Vector& place, std::int32_t group = -1) {
-    CZandoBrush box = CZANDODoc().WorkingBrush;
-    box.Scl[0] = {0.5, 0.5, 0.5};
+    CZandoBrush box = CZANDODoc().GetLevel().WorkingBrush;
+    testing::Place(box, [](Placement& own) { own.Scl = {0.5, 0.5, 0.5}; });
     box.BGroup = group;
     box.MoveTo(place);
-    return *document.BrushList.Brushes()[static_cast<std::size_t>(document.AddBrush(box))];
+    return level.BrushList[AddBrush(document, box)];
   }
   void AddEntitiesAt(const std::vector<std::string>& origins) {
     for (const std::string& origin : origins) {
-      CEntity& entity = document.Entities.emplace_back();
+      CEntity& entity = level.Entities.emplace_back();
       if (!origin.empty()) entity.AddPair("origin", origin);
       entity.ParseOrigin();
     }
   }
 
   CZANDODoc document;
-  CZandoBrush& brush = document.WorkingBrush;
+  Level& level = testing::Edit(document);
+  EditingState& state = testing::EditState(document);
+  CZandoBrush& brush = level.WorkingBrush;
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
   testing::CFakeViewWindow window;
@@ -142,8 +147,8 @@ constexpr ToolRow kToolRows[] = {
 
 TEST_F(MouseTools, EveryStepChangesWhatItsViewAndButtonsSayUnderEveryAxisMask) {
   AddEntitiesAt({"10 20 30"});
-  document.CurrentEntity = 0;
-  CEntity& entity = document.Entities[0];
+  state.CurrentEntity = 0;
+  CEntity& entity = level.Entities[0];
   const CEntity untouched = entity;
   const CZandoBrush fresh = brush;
   const auto check = [&](const ToolRow& row, ViewKind kind, const std::string& buttons,
@@ -163,11 +168,11 @@ TEST_F(MouseTools, EveryStepChangesWhatItsViewAndButtonsSayUnderEveryAxisMask) {
       };
       SCOPED_TRACE(::testing::Message() << "tool " << row.tool << " kind " << static_cast<int>(kind)
                                         << " buttons " << buttons << " axes " << axes);
-      ExpectNear(brush.WorkPos[0], changed(row.tool == kMove && !turns), "position");
-      ExpectNear(brush.WorldOrigin(), brush.WorkPos[0], "world");
-      ExpectNear(brush.WorkRot[0], changed(turns, kAxisY, kAxisX), "angles");  // yaw is about y
-      ExpectNear(brush.Scl[0] - fresh.Scl[0], changed(row.tool == kScale), "scale");
-      ExpectNear(brush.Shr[0], changed(row.tool == kShear), "shear");
+      ExpectNear(brush.Own().WorkPos, changed(row.tool == kMove && !turns), "position");
+      ExpectNear(brush.WorldOrigin(), brush.Own().WorkPos, "world");
+      ExpectNear(brush.Own().WorkRot, changed(turns, kAxisY, kAxisX), "angles");  // yaw is about y
+      ExpectNear(brush.Own().Scl - fresh.Own().Scl, changed(row.tool == kScale), "scale");
+      ExpectNear(brush.Own().Shr, changed(row.tool == kShear), "shear");
       ExpectNear(entity.WorkOrigin - entity.eOrigin, changed(row.tool == kEntity), "origin");
       Play(buttons == "L" ? "l" : buttons == "R" ? "r" : "l r");
     }
@@ -222,18 +227,18 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
     CommandId tool;
     ViewKind kind;
     std::string script, outcome;
-    double x = 0;  ///< of the brush before
+    double x = 0;  ///< each coordinate of the brush before
   };
   const std::vector<Case> cases = {
-      // Halves are snapped up, to whole units without a grid; what is not moved is snapped as well.
+      // Halves are snapped up, to whole units without a grid; what is not moved is left.
       {kMove, kTop, "grid=16 L 23,0 l", "at 16 0 0"},
       {kMove, kTop, "grid=16 L 24,0 l", "at 32 0 0"},
       {kMove, kTop, "grid=16 L -24,9 l", "at -16 0 -16"},
       {kMove, kTop, "grid=16 L -25,0 l", "at -32 0 0"},
-      {kMove, kTop, "L 5,0 l", "at 5 0 0", 0.4},
-      {kMove, kTop, "L 5,0 l", "at 6 0 0", 0.5},
-      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0 0", 0.4},
-      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0 0", 0.4},
+      {kMove, kTop, "L 5,0 l", "at 5 0.4 0.4", 0.4},
+      {kMove, kTop, "L 5,0 l", "at 6 0.5 0.5", 0.5},
+      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0.4 0.4", 0.4},
+      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0.4 0.4", 0.4},
       {kMove, kSolid, "step=1024 R -86,-85 r", "turned 1024 0 0"},  // 516 and 510 units
       {kMove, kSolid, "R -2,0 r", "turned 22.7556 0 0"},            // a degree
       // Shift keeps the largest change, and of equal ones that along the last axis.
@@ -248,26 +253,28 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       {kMove, kTop, "L 4,0 R 4,0 l r", "at 8 0 0"},
       {kMove, kTop, "L 4,0 R 4,0 r l", "at 8 0 0"},
       {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
-      {kMove, kTop, "L R 5,0 lost 9,9 r l L 5,0 l", "at 10 0 0"},
+      {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 l", "at 10 0 0"},
       {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
+      {kMove, kSolid, "step=6 R -1,-2 r step=90 R -8,0 r", "turned 90 12 0"},
       {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
-      // An entity is only committed when it was dragged, with whichever button.
+      // Only what was dragged is committed, along the axes of the drag.
+      {kMove, kTop, "grid=16 L 23,0 l", "at 16 0.6 0.6", 0.6},
       {kEntity, kFront, "grid=8 R 5,0 r", ""},
       {kEntity, kFront, "grid=8 R lost r", ""},
-      {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 32"},
+      {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 30"},
       {kEntity, kFront, "grid=8 shift L 9,16 l", "origin 10 8 30"},
-      {kEntity, kFront, "grid=8 L R 8,0 l r", "origin 16 24 32"},
-      {kEntity, kFront, "grid=8 L R 8,0 r l", "origin 16 24 32"}};
+      {kEntity, kFront, "grid=8 L R 8,0 l r", "origin 16 20 30"},
+      {kEntity, kFront, "grid=8 L R 8,0 r l", "origin 16 20 30"}};
   AddEntitiesAt({"10 20 30"});
   const CZandoBrush fresh = brush;
-  const CEntity untouched = document.Entities[0];
+  const CEntity untouched = level.Entities[0];
   for (const Case& c : cases) {
     SCOPED_TRACE(c.script);
     brush = fresh;
-    brush.MoveTo({c.x, 0, 0});
-    document.Entities[0] = untouched;
-    document.CurrentEntity = c.tool == kEntity ? 0 : -1;
-    document.UseGrid = document.UseRotationSnap = 0;
+    brush.MoveTo({c.x, c.x, c.x});
+    level.Entities[0] = untouched;
+    state.CurrentEntity = 0;
+    state.UseGrid = state.UseRotationSnap = 0;
     document.SetModifiedFlag(false);
     desktop.ShiftDown = false;
     Use(c.tool, c.kind);
@@ -278,53 +285,39 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
       outcome << (outcome.view().empty() ? "" : ", ") << what << ' ' << now.x + 0.0 << ' '
               << now.y + 0.0 << ' ' << now.z + 0.0;
     };
-    tell("at", brush.Pos[0], kZero);
-    tell("turned", brush.Rot[0], kZero);
-    tell("scaled", brush.Scl[0], {1, 1, 1});
-    tell("origin", document.Entities[0].eOrigin, untouched.eOrigin);
+    tell("at", brush.Own().Pos, kZero);
+    tell("turned", brush.Own().Rot, kZero);
+    tell("scaled", brush.Own().Scl, {1, 1, 1});
+    tell("origin", level.Entities[0].eOrigin, untouched.eOrigin);
     EXPECT_EQ(outcome.str(), c.outcome);
     EXPECT_EQ(document.IsModified(), !c.outcome.empty());
-    EXPECT_EQ(brush.WorkPos[0], brush.Pos[0]);
-    EXPECT_EQ(brush.WorkRot[0], brush.Rot[0]);
-    EXPECT_EQ(brush.DragMatrix, Transform::Identity());
-    ExpectNear(brush.WorldOrigin(), brush.Pos[0], "world");
+    EXPECT_EQ(brush.Own().WorkPos, brush.Own().Pos);
+    EXPECT_EQ(brush.Own().WorkRot, brush.Own().Rot);
+    EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
+    ExpectNear(brush.WorldOrigin(), brush.Own().Pos, "world");
   }
-}
-
-TEST_F(MouseTools, AMoveSnapsOnlyAlongAllowedAxesAndTakesTheCurrentEntityToTheGrid) {
-  AddEntitiesAt({"10 20 30"});
-  document.CurrentEntity = 0;
-  brush.MoveTo({0.9, 3.3, 4.4});
-  Use(kMove, kTop, kAxisX);
-  Play("grid=16 L 23,50 l");
-  EXPECT_EQ(brush.Pos[0], (Vector{16, 3.3, 4.4}));
-  EXPECT_EQ(document.Entities[0].GetValue("origin"), "16 20 30");
 }
 
 /// Members of a group at odd places, one that is no member, and the group's centre.
 class GroupTools : public MouseTools {
  protected:
   GroupTools() {
-    document.Groups.resize(2);
-    document.Groups[1].Centre = kPivot;
-    document.CurrentGroup = 1;
-    document.GroupMovementMode = 1;
-    document.UseRotationSnap = 1;
-    document.RotationSnap = 6;
-    members[1]->Rot[0] = members[1]->WorkRot[0] = {700, 100, 50};
+    level.Groups.resize(2);
+    state.CurrentGroup = 1;
+    state.GroupMovementMode = 1;
+    state.UseRotationSnap = 1;
+    state.RotationSnap = 6;
+    testing::Place(*members[1], [](Placement& own) { own.WorkRot = own.Rot = {700, 100, 50}; });
   }
 
-  static Vector CornerOf(CZandoBrush& member) {
-    member.UpdateWorld();
-    return member.WorldPolys[0][0];
-  }
+  static Vector CornerOf(const CZandoBrush& member) { return member.WorldPolys()[0][0]; }
 
-  static constexpr Vector kPivot{10, 20, 30};
+  static constexpr Vector kPivot{30.25, 20, 13.625};  ///< the mean of their places
   const std::vector<CZandoBrush*> members{&AddBox({100.5, 10, 20}, 1), &AddBox({-40, 30, 7.25}, 1)};
   CZandoBrush& outsider = AddBox({8, 8, 8}, 0);
 };
 
-TEST_F(GroupTools, TurnsScalesAndShearsActAboutThePivotAsTheMatricesDo) {
+TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) {
   struct Case {
     CommandId tool;
     ViewKind kind;
@@ -332,11 +325,9 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutThePivotAsTheMatricesDo) {
     std::function<void(Transform&)> operation;
   };
   const Vector others[] = {CornerOf(outsider), CornerOf(brush)};
+  desktop.ShiftDown = true;  // does not matter here
   for (const Case& c : std::vector<Case>{
-           {kMove, kTop, "R", "r", [](Transform& t) { t.Rotate(-60, 0, 0); }},
-           {kMove, kSide, "R", "r", [](Transform& t) { t.Rotate(0, -60, 0); }},
            {kMove, kSolid, "R", "r", [](Transform& t) { t.Rotate(-60, -24, 0); }},
-           {kScale, kFront, "L", "l", [](Transform& t) { t.Scale(1.05, 0.98, 1); }},
            {kScale, kSolid, "L R", "r l", [](Transform& t) { t.Scale(1.05, 1.05, 1.05); }},
            {kShear, kTop, "L", "l", [](Transform& t) { t.Shear(0.02, 0, -0.05); }}}) {
     Transform matrix = Transform::Identity();
@@ -351,38 +342,27 @@ TEST_F(GroupTools, TurnsScalesAndShearsActAboutThePivotAsTheMatricesDo) {
     Play(c.release);
     for (std::size_t i = 0; i < 2; ++i) {
       ExpectNear(CornerOf(*members[i]), corners[i], "committed");
-      EXPECT_EQ(members[i]->DragMatrix, Transform::Identity());
-      EXPECT_EQ(members[i]->Scl[1], (Vector{1, 1, 1}));
-      EXPECT_EQ(members[i]->WorkRot[1], kZero);
+      EXPECT_EQ(members[i]->Slot(kGroupSlot).WorkRot, kZero);
     }
   }
   EXPECT_EQ(CornerOf(outsider), others[0]);
   EXPECT_EQ(CornerOf(brush), others[1]) << "no member, though current";
 }
 
-TEST_F(GroupTools, AMoveTakesEveryMemberAndRenewsThePivot) {
-  document.UseGrid = 1;
-  document.GridSize = 16;
-  Play("L 7,0 l");
-  EXPECT_EQ(members[0]->Pos[0], (Vector{112, 16, 16}));
-  EXPECT_EQ(members[1]->Pos[0], (Vector{-32, 32, 0}));
-  EXPECT_EQ(outsider.Pos[0], (Vector{8, 8, 8}));
-  // The mean of the places while they were still dragged.
-  for (const CZandoBrush* member : members) ExpectNear(member->Pos[1], {37.25, 20, 13.625}, "mean");
-  EXPECT_EQ(document.Groups[1].Centre, members[0]->Pos[1]);
-}
-
-TEST_F(GroupTools, WithoutACurrentGroupNothingMoves) {
-  document.CurrentGroup = -1;
-  const Vector corners[] = {CornerOf(*members[0]), CornerOf(brush)};
-  for (const CommandId tool : {kMove, kScale, kShear}) {
-    Use(tool, kSolid);
-    Play("L 9,9 l R 9,9 r");
+TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCentre) {
+  state.UseGrid = 1;
+  state.GridSize = 16;
+  Play("L 5,0 L 4,0 l");  // a release that got lost
+  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, 20}));
+  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, 7.25}));
+  EXPECT_EQ(outsider.Own().Pos, (Vector{8, 8, 8}));
+  for (const CZandoBrush* member : members) {
+    ExpectNear(member->Slot(kGroupSlot).Pos, {46.25, 20, 13.625}, "mean");
   }
-  view.OnCommand(ID_ROTATE_90);
-  document.ResetBrush();
-  EXPECT_EQ(CornerOf(*members[0]), corners[0]);
-  EXPECT_EQ(CornerOf(brush), corners[1]);
+  EXPECT_EQ(level.Groups[1].Centre, members[0]->Slot(kGroupSlot).Pos);
+  Play("shift L 9,40 l");
+  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, -12}));
+  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, -24.75}));
 }
 
 TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommitted) {
@@ -392,31 +372,38 @@ TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommit
   Play("L 4,0 R 4,0 l");
   EXPECT_TRUE(window.Captured);
   EXPECT_EQ(desktop.CursorHidden, 1);
-  EXPECT_EQ(brush.Pos[0], kZero);
+  EXPECT_EQ(brush.Own().Pos, kZero);
   EXPECT_EQ(siblingWindow.Invalidations, 0);
+  window.Captured = false;
+  Play("9,9");
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{8, 0, 0}));
+  desktop.Cursor.x += 7;  // on its way when the button goes
   Play("r");
+  EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
   EXPECT_EQ(siblingWindow.Invalidations, 1);
 }
 
-TEST_F(MouseTools, AnotherToolDoesNotTakeADragOverAndALostBoxIsErased) {
+TEST_F(MouseTools, ADragKeepsTheToolAndTheBrushItBeganWithUntilItsViewGoes) {
+  CZandoBrush& listed = AddBox({10, 0, 0});
   Play("L 5,0");
-  document.ToolMode = kScale;
+  state.ToolMode = kScale;
+  state.CurrentBrush = listed.BBid;
   Play("5,0 l");
-  EXPECT_EQ(brush.Pos[0], (Vector{10, 0, 0}));
-  EXPECT_EQ(brush.Scl[0], (Vector{1, 1, 1}));
-  document.ToolMode = kBox;
-  Play("L 5,5 lost l");
-}
-
-TEST_F(MouseTools, DeletingTheBrushThatIsDraggedOrItsViewEndsTheDrag) {
-  document.SetCurrentBrush(AddBox({10, 0, 0}));
-  document.ToolMode = kMove;
+  EXPECT_EQ(brush.Own().Pos, (Vector{10, 0, 0}));
+  EXPECT_EQ(brush.Own().Scl, (Vector{1, 1, 1}));
+  EXPECT_EQ(listed.Own().Pos, (Vector{10, 0, 0}));
+  Use(kMove, kTop);
   Play("L 5,0");
   view.OnKeyDown(Key::Delete, held);
-  EXPECT_EQ(document.BrushCount(), 0);
+  EXPECT_TRUE(level.BrushList.IsEmpty());
   ExpectAtRest();
   Play("5,0 l");
-  EXPECT_EQ(brush.WorkPos[0], kZero);
+  EXPECT_EQ(brush.Own().WorkPos, (Vector{10, 0, 0}));
+  Play("L 5,0");
+  view.SetWindow(nullptr);
+  EXPECT_EQ(brush.Own().Pos, (Vector{15, 0, 0}));
+  ExpectAtRest();
+  view.SetWindow(&window);
   {
     CZANDOView closing(document, settings, desktop);
     closing.SetWindow(&window);
@@ -425,14 +412,117 @@ TEST_F(MouseTools, DeletingTheBrushThatIsDraggedOrItsViewEndsTheDrag) {
   ExpectAtRest();
 }
 
-TEST_F(MouseTools, DragsByRelativeMotionWhereTheCursorCannotBePlaced) {
-  desktop.CursorPlaceable = false;
-  Play("L 3,2 3,2");
-  const int redraws = window.Redraws;
-  Play("0,0");
-  EXPECT_EQ(window.Redraws, redraws);
-  Play("l");
-  EXPECT_EQ(brush.Pos[0], (Vector{6, 0, -4}));
+TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
+  AddEntitiesAt({"10 20 30", ""});
+  AddBox({5, 6, 7});
+  brush.MoveTo({0.3, 0.4, 0.5});
+  view.OnSize(400, 300);
+  for (const std::int32_t group : {-2, -1, 1}) {  // none, nor group movement; none; one
+    for (const std::int32_t entity : {0, 1, -1}) {
+      for (const CommandId tool : {kCamera, kMove, kScale, kShear, kEntity, kBox}) {
+        for (const ViewKind kind : {kTop, kSide, kFront, kSolid}) {
+          state.GroupMovementMode = group == -2 ? 0 : 1;
+          state.CurrentGroup = group;
+          state.CurrentEntity = entity;
+          Use(tool, kind);
+          document.SetModifiedFlag(false);
+          const Level before = level;
+          const CCamera camera = view.Camera();
+          const auto expectUntouched = [&](const char* what) {
+            EXPECT_TRUE(level == before) << what << " with tool " << tool;
+            EXPECT_FALSE(document.IsModified()) << what << " with tool " << tool;
+            EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
+            EXPECT_EQ(view.Camera().Position, camera.Position);
+            EXPECT_EQ(view.Camera().Yaw, camera.Yaw);
+            EXPECT_EQ(view.Camera().Pitch, camera.Pitch);
+            EXPECT_EQ(view.Zoom(), camera.Zoom());
+          };
+          Play("L l R r L 0,0 R 0,0 r l");
+          expectUntouched("no motion");
+          settings.ActiveAxisMask = 0;
+          if (tool != kCamera) Play("L 9,7 l R 9,7 r L R 9,7 r l");
+          expectUntouched("no axis");
+          settings.ActiveAxisMask = kAllAxes;
+          const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
+          if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
+            state.CurrentEntity = entity;  // a right press may have picked another
+            if (ofBrush) view.Rotate90();
+            Play("L 9,7 l L 3,2 R 9,7 r l");
+            expectUntouched("nothing to drag");
+          }
+          for (const char* press : {"L", "R"}) {
+            Play(std::string(press) + " 9,7 3,4");
+            view.CancelDrag();
+            ExpectAtRest();
+            expectUntouched("given up");
+            Play("5,5 l r");
+            expectUntouched("released later");
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST_F(MouseTools, AFrameFollowsTheMouseSelectsByItsButtonAndGoesWithItsDrag) {
+  CZandoBrush& inside = AddBox({50, 0, 50});
+  Use(kBox, kTop);
+  for (const auto& [from, to] : {std::pair{ScreenPoint{180, 68}, ScreenPoint{282, 140}},
+                                 {{180, 140}, {282, 68}},
+                                 {{282, 140}, {180, 68}}}) {
+    for (const bool left : {true, false}) {
+      at = from;
+      Play(left ? "L" : "R");
+      EXPECT_EQ(window.DragRect, NormalizedRect(at, at));
+      at = to;
+      Play("1,1");
+      EXPECT_EQ(window.DragRect, (ScreenRect{180, 68, 282, 140}));
+      EXPECT_EQ(desktop.CursorHidden, 0);
+      Play(left ? "l" : "r");
+      EXPECT_EQ(inside.IsSelected(), left);
+    }
+  }
+  at = {180, 68};
+  Play("L");
+  at = {282, 140};
+  Play("lost l");
+  EXPECT_FALSE(inside.IsSelected());
+  AddEntitiesAt({"0 0 0"});
+  at = {200, 150};
+  Play("L l");
+  EXPECT_FALSE(level.Entities[0].IsSelected()) << "a frame around nothing";
+}
+
+TEST_F(MouseTools, ClicksPickInTheViewAsItLooksNow) {
+  CZandoBrush& listed = AddBox({50, 0, 50});
+  AddEntitiesAt({"-20 500 0"});
+  state.ShowBrush = 0;
+  for (const ViewKind kind : {kTop, ViewKind::Wireframe}) {
+    view.Camera().Position = kind == kTop ? kZero : Vector{650, 0, 50};
+    view.Camera().Yaw = 2048;  // towards lower x
+    Use(ID_TOOL_SELECT_BRUSH, kind);
+    at = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
+    const int redraws = window.Redraws;
+    Play("R 5,5");
+    EXPECT_EQ(desktop.CursorHidden, 1);
+    EXPECT_EQ(window.Redraws, redraws);
+    Play("r L R l r L lost l L");  // only the left button picks, and where it is released
+    EXPECT_EQ(desktop.CursorHidden, 0);
+    EXPECT_FALSE(document.BrushPicked());
+    Play("l");
+    EXPECT_EQ(state.CurrentBrush, listed.BBid);
+    EXPECT_EQ(state.ToolMode, kMove);
+    EXPECT_EQ(state.ShowBrush, 1);
+    state.CurrentBrush = kWorkingBrush;
+  }
+  view.Camera().Position = kZero;
+  Use(kEntity, kTop);
+  at = {200, 150};
+  Play("L l");
+  EXPECT_EQ(state.CurrentEntity, -1);
+  Play("R L 7,0 l r");
+  EXPECT_EQ(state.CurrentEntity, 0);
+  EXPECT_EQ(level.Entities[0].GetValue("origin"), "-13 500 0") << "dragged at once";
 }
 
 TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
@@ -445,105 +535,40 @@ TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
   for (int i = 0; i < 2; ++i) {
     refusing.Cursor.x += 3;
     other.OnMouseMove({.left = true}, {});
+    const int redraws = window.Redraws;
+    other.OnMouseMove({.left = true}, {});
+    EXPECT_EQ(window.Redraws, redraws) << "no motion";
   }
-  EXPECT_EQ(brush.WorkPos[0].x, 6);
-}
-
-TEST_F(MouseTools, ABoxSelectsWhatLiesInItFromWhicheverCornerItIsDrawn) {
-  std::vector<CZandoBrush*> brushes;
-  for (const double x : {50, 130, 60, 20}) brushes.push_back(&AddBox({x, 0, 50}));
-  AddEntitiesAt({"82 999 50", "83 0 50", "50 0 50"});
-  brushes[2]->BFlags = document.Entities[2].eFlags = 0;  // hidden
-  const auto selected = [&] {
-    std::string flags;
-    for (const CZandoBrush* each : brushes) flags += each->IsSelected() ? '1' : '0';
-    for (const CEntity& entity : document.Entities) flags += entity.IsSelected() ? '1' : '0';
-    return flags;
-  };
-  // The view is 400 x 300 around the world's origin: world x -20..82 and z 10..82.
-  const ScreenPoint corners[] = {{180, 68}, {282, 68}, {282, 140}, {180, 140}};
-  const auto drawBox = [&](std::size_t from, const std::string& press, const std::string& release) {
-    at = corners[from];
-    Play(press);
-    EXPECT_EQ(window.DragRect, NormalizedRect(at, at));
-    at = corners[(from + 2) % 4];
-    Play("1,1");
-    EXPECT_EQ(window.DragRect, (ScreenRect{180, 68, 282, 140}));
-    EXPECT_EQ(desktop.CursorHidden, 0);
-    Play(release);
-  };
-  Use(kBox, kTop);
-  // The first brush of the walk must not belong to an entity; later ones may.
-  brushes[3]->BFlags |= BF_ENTITY;
-  for (std::size_t from = 0; from < 4; ++from) {
-    drawBox(from, "L", "l");
-    EXPECT_EQ(selected(), "1001100") << "from corner " << from;
-    drawBox(from, "R", "r");
-    EXPECT_EQ(selected(), "0000000") << "from corner " << from;
-  }
-  brushes[0]->BFlags |= BF_ENTITY;
-  drawBox(0, "L", "l");
-  EXPECT_EQ(selected(), "0001100");
-}
-
-TEST_F(MouseTools, AClickPicksTheSmallestBrushAtItsRelease) {
-  AddBox({50, 0, 50});
-  CZandoBrush& small = AddBox({50, 0, 50});
-  small.Scl[0] = {0.25, 0.25, 0.25};
-  Use(ID_TOOL_SELECT_BRUSH, kTop);
-  document.ShowBrush = 0;
-  at = {250, 100};
-  Play("R 5,5 r L R l r L");  // only the left button picks
-  EXPECT_EQ(desktop.CursorHidden, 0);
-  EXPECT_EQ(document.CurrentBrush, &brush);
-  Play("l");
-  EXPECT_EQ(document.CurrentBrush, &small);
-  EXPECT_EQ(document.ToolMode, kMove);
-  EXPECT_EQ(document.ShowBrush, 1);
-}
-
-TEST_F(MouseTools, ARightPressPicksTheNearestEntityWithinAHundredUnits) {
-  AddEntitiesAt({"100 0 0", "-20 500 0", ""});
-  Use(kEntity, kTop);
-  const auto pick = [&](ScreenPoint place) {
-    at = place;
-    Play("R r");
-    return document.CurrentEntity;
-  };
-  EXPECT_EQ(pick({240, 150}), 0) << "as near as the other, and first";
-  EXPECT_EQ(pick({239, 150}), 1);
-  EXPECT_EQ(pick({400, 150}), 0) << "exactly 100 away";
-  document.CurrentEntity = 1;
-  EXPECT_EQ(pick({399, 0}), 1) << "too far from any";
+  EXPECT_EQ(brush.Own().WorkPos.x, 6);
 }
 
 TEST_F(MouseTools, SpaceAndTheMiddleButtonToggleTheCameraUnlessAButtonIsDown) {
   for (const MouseFlags down : {MouseFlags{.left = true}, MouseFlags{.right = true}}) {
     view.OnKeyDown(Key::Space, down);
     view.OnButtonUp(Button::Middle, down, {});
-    EXPECT_EQ(document.ToolMode, kMove);
+    EXPECT_EQ(state.ToolMode, kMove);
   }
   view.OnKeyDown(Key::Space, {});
-  EXPECT_EQ(document.ToolMode, kCamera);
+  EXPECT_EQ(state.ToolMode, kCamera);
   view.OnButtonUp(Button::Middle, {}, {});
-  EXPECT_EQ(document.ToolMode, kMove);
+  EXPECT_EQ(state.ToolMode, kMove);
 }
 
 TEST_F(MouseTools, KeysDeleteWhatTheToolWorksOnAndStepTheGrid) {
   for (const CommandId tool : {kMove, kScale, kShear, kEntity, kBox, kCamera}) {
-    document.Entities.resize(1);
-    document.CurrentEntity = 0;
-    document.SetCurrentBrush(AddBox(kZero));
-    document.ToolMode = tool;
+    level.Entities.resize(1);
+    state.CurrentEntity = 0;
+    SetCurrentBrush(document, AddBox(kZero).BBid);
+    state.ToolMode = tool;
     view.OnKeyDown(Key::Delete, {});
     const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
-    EXPECT_EQ(document.CurrentBrush == &brush, ofBrush) << tool;
-    EXPECT_EQ(document.Entities.empty(), tool == kEntity) << tool;
+    EXPECT_EQ(!document.BrushPicked(), ofBrush) << tool;
+    EXPECT_EQ(level.Entities.empty(), tool == kEntity) << tool;
   }
   view.OnKeyDown(Key::KeypadMinus, {});
-  EXPECT_EQ(document.GridSize, 32);
+  EXPECT_EQ(state.GridSize, 32);
   view.OnKeyDown(Key::KeypadPlus, {});
-  EXPECT_EQ(document.GridSize, 64);
+  EXPECT_EQ(state.GridSize, 64);
 }
 
 TEST_F(MouseTools, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
@@ -551,12 +576,12 @@ TEST_F(MouseTools, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
                                  {kSolid, {2048, 0, 0}},
                                  {kSide, {0, 2048, 0}},
                                  {kFront, {0, 0, 2048}}}) {
-    brush.Rot[0] = brush.WorkRot[0] = {7, 8, 9};
+    testing::Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {7, 8, 9}; });
     for (const std::uint32_t axes : {kAllAxes, 0U}) {
       Use(kMove, kind, axes);
-      view.OnCommand(ID_ROTATE_90);
-      EXPECT_EQ(brush.WorkRot[0], (Vector{7, 8, 9}) + by);
-      EXPECT_EQ(brush.Rot[0], brush.WorkRot[0]);
+      view.Rotate90();
+      EXPECT_EQ(brush.Own().WorkRot, (Vector{7, 8, 9}) + by);
+      EXPECT_EQ(brush.Own().Rot, brush.Own().WorkRot);
     }
   }
 }

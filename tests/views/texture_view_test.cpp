@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "document/brush_edits.h"
+#include "support/edit_level.h"
 #include "support/made_up_wad.h"
 #include "support/recording_dc.h"
 #include "support/scripted_desktop.h"
@@ -41,7 +45,10 @@ class TextureView : public ::testing::Test {
       lumps.push_back(
           {testing::MipHead(name, columns, rows) + std::string(std::size_t{columns} * rows, '\1')});
     }
-    ASSERT_TRUE(document.Textures.LoadBytes(testing::Archive(lumps)));
+    const std::string path = ::testing::TempDir() + "zando_texture_view.wad";
+    std::ofstream(path, std::ios::binary) << testing::Archive(lumps);
+    document.LoadTextures({}, path);
+    std::filesystem::remove(path);
     view.OnSize(width);
   }
   void ShowFourInTwoRows() { Show(Sizes(4, {128, 128}), 300); }
@@ -90,13 +97,13 @@ TEST_F(TextureView, AClickWithinATextureSelectsItAndNamesTheCurrentBrush) {
         Case{{128, 64}, {}}, Case{{64, 128}, {}}, Case{{136, 64}, {}}, Case{{145, 1}, 1},
         Case{{100, 150}, 3}, Case{{-5, 5}, {}}, Case{{64, 100000}, {}}}) {
     view.OnLeftButtonUp({350, 64});
-    document.CurrentBrush->Name = "before";
+    testing::Edit(document).WorkingBrush.Name = "before";
     document.SetModifiedFlag(false);
     window.Redraws = other.Updates = 0;
     view.OnLeftButtonUp(point);
     EXPECT_EQ(view.TextureAt(point), hit) << point.x << "," << point.y;
     EXPECT_EQ(view.Selected(), hit.value_or(2));
-    EXPECT_EQ(document.CurrentBrush->Name, hit ? "t" + std::to_string(*hit) : "before");
+    EXPECT_EQ(document.CurrentBrush().Name, hit ? "t" + std::to_string(*hit) : "before");
     EXPECT_EQ(document.IsModified(), hit.has_value());
     EXPECT_EQ(window.Redraws, hit ? 1 : 0);
     EXPECT_EQ(other.Updates, hit ? 1 : 0);
@@ -104,24 +111,45 @@ TEST_F(TextureView, AClickWithinATextureSelectsItAndNamesTheCurrentBrush) {
   EXPECT_EQ(desktop.StatusText, "Texture of the current brush: t2");
 }
 
+TEST_F(TextureView, StartsAtTheTextureOfTheCurrentBrushAndKeepsTheSelectionInSight) {
+  ShowFourInTwoRows();
+  testing::CRecordingDC dc(300, 300);
+  for (const auto& [name, selected] : {std::pair{"T2", 2}, {"t3", 3}, {"none", 0}, {"t1", 1}}) {
+    CTextureView opened(document, desktop);
+    opened.SetWindow(&window);
+    testing::Edit(document).WorkingBrush.Name = name;
+    opened.OnInitialUpdate();
+    window.ScrolledTo.clear();
+    opened.OnSize(300);
+    EXPECT_EQ(opened.Selected(), selected);
+    EXPECT_EQ(window.ScrolledTo, std::vector{opened.PlaceOf(selected)});
+    if (selected != 1) continue;
+    // Who has scrolled on wants to see something else.
+    opened.OnDraw(dc, {0, 200, 300, 300});
+    opened.OnSize(310);
+    EXPECT_EQ(window.ScrolledTo.size(), 1U);
+    opened.OnDraw(dc, {0, 100, 300, 300});
+    opened.OnSize(200);
+    EXPECT_EQ(window.ScrolledTo.back(), opened.PlaceOf(1));
+    // A texture that is cut by the edge is shown whole by the click that chooses it.
+    opened.OnLeftButtonUp({10, 150});
+    EXPECT_EQ(window.ScrolledTo.back(), opened.PlaceOf(opened.Selected()));
+    EXPECT_NE(opened.Selected(), 1);
+  }
+}
+
 TEST_F(TextureView, OnlyTheCurrentBrushIsNamedAndOnlyANewNameIsAChange) {
   ShowFourInTwoRows();
-  document.AddToWorld();
-  CZandoBrush& listed = *document.BrushList.Head();
-  document.SetCurrentBrush(listed);
-  const std::string working = document.WorkingBrush.Name;
+  AddToWorld(document);
+  SetCurrentBrush(document, 0);
   view.OnLeftButtonUp({200, 64});
-  EXPECT_EQ(listed.Name, "t1");
-  EXPECT_EQ(document.WorkingBrush.Name, working);
+  EXPECT_EQ(document.CurrentBrush().Name, "t1");
+  EXPECT_NE(document.GetLevel().WorkingBrush.Name, "t1");
   document.SetModifiedFlag(false);
   view.OnLeftButtonUp({200, 64});
-  document.CurrentBrush = nullptr;
-  view.OnLeftButtonUp({350, 64});
-  EXPECT_EQ(view.Selected(), 2);
-  EXPECT_EQ(listed.Name, "t1");
   EXPECT_FALSE(document.IsModified());
   view.OnSize(100);
-  EXPECT_EQ(view.Selected(), 2);
+  EXPECT_EQ(view.Selected(), 1);
 }
 
 TEST_F(TextureView, OnlyWhatIsVisibleIsDrawnWithAFrameWithinTheSelectedTexture) {
@@ -151,7 +179,7 @@ TEST_F(TextureView, OnlyWhatIsVisibleIsDrawnWithAFrameWithinTheSelectedTexture) 
 TEST_F(TextureView, KeysMoveTheSelectionAndOnlyUsingItNamesTheBrush) {
   // 0 1 2 / 3 4 5 / 6, the last row shorter.
   Show({{128, 16}, {128, 16}, {128, 16}, {192, 16}, {64, 16}, {64, 16}, {64, 16}}, 300);
-  const std::string before = document.CurrentBrush->Name;
+  const std::string before = document.CurrentBrush().Name;
   const std::vector<std::pair<Step, std::int32_t>> steps{
       {Step::Left, 0}, {Step::Up, 0},    {Step::Right, 1}, {Step::Down, 4}, {Step::Down, 6},
       {Step::Down, 6}, {Step::Right, 6}, {Step::Up, 3},    {Step::Left, 2}, {Step::Down, 5},
@@ -161,9 +189,9 @@ TEST_F(TextureView, KeysMoveTheSelectionAndOnlyUsingItNamesTheBrush) {
     EXPECT_EQ(view.Selected(), selected);
     EXPECT_EQ(window.ScrolledTo.back(), view.PlaceOf(selected));
   }
-  EXPECT_EQ(document.CurrentBrush->Name, before);
+  EXPECT_EQ(document.CurrentBrush().Name, before);
   view.UseSelected();
-  EXPECT_EQ(document.CurrentBrush->Name, "t6");
+  EXPECT_EQ(document.CurrentBrush().Name, "t6");
 }
 
 TEST_F(TextureView, WithoutTexturesThereIsNothingToDrawOrToSelect) {

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <limits>
 #include <string>
 
+#include "document/brush_edits.h"
+#include "support/edit_level.h"
 #include "support/recording_dc.h"
 #include "support/scripted_desktop.h"
 #include "views/zando_view.h"
@@ -20,7 +24,7 @@ class Wireframe : public ::testing::Test {
   Wireframe() {
     view.OnSize(400, 300);
     view.Camera().Position = {0, 0, 0};
-    document.ShowFineGrid = document.ShowCoarseGrid = document.ShowBrush = 0;
+    state.ShowFineGrid = state.ShowCoarseGrid = state.ShowBrush = 0;
   }
 
   /// A listed brush of one triangle, a quarter turn about the vertical axis.
@@ -28,15 +32,14 @@ class Wireframe : public ::testing::Test {
     CZandoBrush brush;
     brush.SetPolyCount(1);
     for (const Vector& v : {Vector{105.3, 20.3, 0.3}, {-55.3, 20.3, 0.3}, {0.3, -30.3, 60.3}}) {
-      brush.Polys[0].Append(v);
+      brush.EditPoly(0).Append(v);
     }
-    brush.Rot[kOwnSlot] = brush.WorkRot[kOwnSlot] = {2048, 0, 0};
-    document.AddBrush(brush);
-    return *document.BrushList.Brushes().back();
+    testing::Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {2048, 0, 0}; });
+    return level.BrushList[AddBrush(document, brush)];
   }
 
   void AddEntity(std::int32_t flags, std::uint32_t color) {
-    CEntity& entity = document.Entities.emplace_back();
+    CEntity& entity = level.Entities.emplace_back();
     entity.eStyle = 0;
     entity.eFlags = flags;
     entity.Color = color;
@@ -61,6 +64,8 @@ class Wireframe : public ::testing::Test {
   }
 
   CZANDODoc document;
+  Level& level = testing::Edit(document);
+  EditingState& state = testing::EditState(document);
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
   CZANDOView view{document, settings, desktop};
@@ -96,9 +101,9 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
   CZandoBrush& picked = AddTurnedTriangle();
   CZandoBrush& grouped = AddTurnedTriangle();
   grouped.Color = 0x563412;
-  picked.BMatrix.Translate(10.5, 20.4, 30.3);
-  document.CurrentBrush = &picked;
-  document.ShowBrush = 1;
+  picked.MoveTo({10.5, 20.4, 30.3});
+  state.CurrentBrush = picked.BBid;
+  state.ShowBrush = 1;
   AddEntity(EF_SHOWN, kWhite);
   const std::string others =
       "pen 123456 1; poly 200,130 200,130 140,180; "
@@ -110,18 +115,18 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
       "fill 208,108 4x4 FF0000; fill 208,108 4x4 FF0000; fill 149,157 4x4 FF0000; pen 000000 1; ";
   const std::string origin = "fill 208,128 4x4 FF0000; ";
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + entity + current + origin);
-  document.ShowEntities = 0;
+  state.ShowEntities = 0;
   picked.BFlags = 0;  // a filter takes its outline, not its origin
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + origin);
-  document.ShowBrush = 0;
+  state.ShowBrush = 0;
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others);
 }
 
 TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
   CZandoBrush& picked = AddTurnedTriangle();
   picked.BFlags |= BF_SELECTED;
-  document.CurrentBrush = &picked;
-  document.ShowBrush = 1;
+  state.CurrentBrush = picked.BBid;
+  state.ShowBrush = 1;
   for (const ViewKind kind : {ViewKind::Side, ViewKind::Wireframe}) {
     view.Camera().Position = {0, 0, kind == ViewKind::Side ? 0.0 : -500.0};
     const testing::CRecordingDC& drawn = Draw(kind, 1);
@@ -136,8 +141,9 @@ TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
   for (std::int32_t i = 0; i < MAX_POLY_VERTS; ++i) {
     zigzag.Append({1.0 * i, 10, i % 2 * kNearDepth});  // on the plane is in front
   }
-  AddTurnedTriangle().Polys[0] = zigzag;
-  document.BrushList.Head()->ResetSlot(kOwnSlot);
+  CZandoBrush& brush = AddTurnedTriangle();
+  brush.EditPoly(0) = zigzag;
+  brush.ResetSlot(kOwnSlot);
   const testing::CRecordingDC& drawn = Draw(ViewKind::Wireframe, 1);
   EXPECT_EQ(drawn.Count("line "), 48);
   EXPECT_EQ(drawn.Count("fill "), 48);
@@ -148,8 +154,8 @@ TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
 
 TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
   for (const double far : {1e30, -1e300, 1e308, kInfinity, kNaN}) {
-    document.BrushList.Clear();
-    AddTurnedTriangle().BMatrix.Translate(far, far, far);
+    level.BrushList = {};
+    AddTurnedTriangle().MoveTo({far, far, far});
     for (const ViewKind kind : {ViewKind::Top, ViewKind::Side, ViewKind::Front}) {
       EXPECT_EQ(Draw(kind, 2).Count("fill "), 3);
     }
@@ -161,8 +167,8 @@ TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
 
 TEST_F(Wireframe, SolidKindsShowTheirPictureUnderTheOverlays) {
   AddTurnedTriangle();
-  document.ShowBrush = 1;
-  document.WorkingBrush.SetPolyCount(0);
+  state.ShowBrush = 1;
+  level.WorkingBrush.SetPolyCount(0);
   view.Camera().Position = {0, 0, -100};
   for (const ViewKind kind : {ViewKind::Solid, ViewKind::Texture}) {
     EXPECT_EQ(DrawContent(kind, 1),
@@ -175,9 +181,9 @@ TEST_F(Wireframe, EntitiesAreCrossesThatShrinkWithDistanceAndMirrorFromBehind) {
   AddEntity(EF_SHOWN, kWhite);
   AddEntity(EF_SHOWN | EF_SELECTED, kWhite);
   AddEntity(EF_SHOWN, kWhite);
-  document.Entities[3].eStyle = 1;  // without an origin
-  AddEntity(EF_SELECTED, kWhite);   // not shown
-  document.CurrentEntity = 1;
+  level.Entities[3].eStyle = 1;    // without an origin
+  AddEntity(EF_SELECTED, kWhite);  // not shown
+  state.CurrentEntity = 1;
   struct Row {
     ViewKind kind;
     double zoom, depth, yaw;
@@ -206,13 +212,15 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
     int fine, coarse;  ///< how many lines
     double camera = 0;
   };
-  document.ShowFineGrid = document.ShowCoarseGrid = 1;
+  state.ShowFineGrid = state.ShowCoarseGrid = 1;
   for (const Row& row : {Row{0.1, 64, 0, 12},
                          {1, 20, 0, 4},  // exactly 20 pixels are too narrow
                          {1, 3, 0, 0},   // exactly 30
                          {2, 16, 22, 2},
-                         {100, 0.5, 0, 0},  // no whole spacing
-                         {100, 1.5, 8, 2},  // counted by its whole part
+                         {100, 0.5, 16, 2},
+                         {100, 1.5, 6, 2},
+                         {1, 20.5, 34, 2},
+                         {1, 3.1, 0, 22},
                          {1, 1e300, 2, 2},
                          {0.001, kInfinity, 2, 2},
                          {1, kNaN, 0, 0},
@@ -222,7 +230,7 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
                          {1e6, 64, 2, 2, -1e300}}) {
     SCOPED_TRACE(::testing::Message() << "zoom " << row.zoom << " grid " << row.grid);
     view.Camera().Position = {row.camera, row.camera, row.camera};
-    document.GridSize = row.grid;
+    state.GridSize = row.grid;
     const testing::CRecordingDC& drawn = Draw(ViewKind::Top, row.zoom);
     EXPECT_EQ(drawn.Count("line "), row.fine + row.coarse + 2);
     EXPECT_EQ(drawn.Count("pen 8C8C8C"), row.fine > 0 ? 1 : 0);
@@ -231,26 +239,47 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
 }
 
 TEST_F(Wireframe, GridLinesStandAtTheirPlacesFineThenCoarseThenAxes) {
-  document.ShowFineGrid = document.ShowCoarseGrid = 1;
-  document.GridSize = 100;
+  state.ShowFineGrid = state.ShowCoarseGrid = 1;
+  state.GridSize = 100;
   view.OnSize(401, 301);
   view.Camera().Position = {1030.5, 7, -1190};
   EXPECT_EQ(Draw(ViewKind::Top, 1).Text,
-            "org 200,150; pen 8C8C8C 1; "
+            "org 202,150; pen 8C8C8C 1; "
             "move -230,-150; line -230,150; move -130,-150; line -130,150; "  // x 800, 900
             "move -30,-150; line -30,150; move 69,-150; line 69,150; "        // x 1000, 1100
             "move 169,-150; line 169,150; "                                   // x 1200
-            "move -200,110; line 200,110; move -200,10; line 200,10; "        // z -1300, -1200
-            "move -200,-90; line 200,-90; move -200,-190; line 200,-190; "    // z -1100, -1000
+            "move -202,110; line 202,110; move -202,10; line 202,10; "        // z -1300, -1200
+            "move -202,-90; line 202,-90; move -202,-190; line 202,-190; "    // z -1100, -1000
             "pen 000000 1; pen BEBEBE 1; "
             // The first coarse line is a tenth one toward zero.
             "move -1030,-150; line -1030,150; move -30,-150; line -30,150; "  // x 0, 1000
-            "move -200,-190; line 200,-190; "                                 // z -1000
+            "move -202,-190; line 202,-190; "                                 // z -1000
             "pen 000000 1; pen FAFAFA 1; "
             "move -1030,-32000; line -1030,32000; move -32000,-1190; line 32000,-1190; "
             "pen 000000 1; org 0,0; ");
   EXPECT_EQ(Draw(ViewKind::Wireframe, 1).Text, "");
   EXPECT_TRUE(Draw(ViewKind::Top, 3).Text.ends_with("line 10666,-3570; pen 000000 1; org 0,0; "));
+}
+
+TEST_F(Wireframe, WhatLiesOnTheGridIsDrawnAtThePixelsOfItsLines) {
+  state.ShowFineGrid = 1;
+  for (const double grid : {0.25, 1.5, 16.0, 64.0}) {
+    state.GridSize = grid;
+    for (int i = 0; i < 40; ++i) {
+      const double at = 1000.3 - 77.7 * i;
+      view.OnSize(300 + i, 200 + i / 3);
+      view.Camera().Position = {at, -at, at * 0.5};
+      const std::string& text = Draw(ViewKind::Side, (20.5 + i * 1.3) / grid).Text;
+      ScreenPoint org;
+      ASSERT_EQ(std::sscanf(text.c_str(), "org %d,%d", &org.x, &org.y), 2);
+      for (const int k : {-1, 0, 1}) {
+        const auto near = [&](double place) { return (std::round(place / grid) + k) * grid; };
+        const auto [x, y] = view.Camera().WorldToScreen({0, near(-at), near(at * 0.5)});
+        EXPECT_GE(dc.Count("; line " + std::to_string(x - org.x) + ","), 1) << grid << ' ' << i;
+        EXPECT_GE(dc.Count("," + std::to_string(y - org.y) + "; line "), 1) << grid << ' ' << i;
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -8,9 +8,9 @@
 namespace {
 
 bool Write(const std::filesystem::path& path, std::string_view bytes) {
-  const std::string error = zando::WriteFileAtomically(path, bytes);
-  if (!error.empty()) std::cerr << path.string() << ": " << error << '\n';
-  return error.empty();
+  const auto written = zando::WriteFileAtomically(path, bytes);
+  if (!written) std::cerr << path.string() << ": " << written.Error() << '\n';
+  return static_cast<bool>(written);
 }
 
 }  // namespace

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "document/editor_settings.h"
+#include "document/zando_doc.h"
+#include "platform/desktop.h"
+
+namespace zando {
+
+/// What the commands of a level work on.
+struct ActiveLevel {
+  CZANDODoc& document;
+  const CEditorSettings& settings;
+  CDesktop& desktop;
+};
+
+/// The commands of a level that ask something first, or say something afterwards.
+void CreateCube(ActiveLevel& level);
+void EditGroups(ActiveLevel& level);
+void CreateGroup(ActiveLevel& level);
+void ExportToMap(ActiveLevel& level);
+
+}  // namespace zando

@@ -1,0 +1,247 @@
+#include "app/level_commands.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/command_target.h"
+#include "document/brush_edits.h"
+#include "document/command_ids.h"
+#include "document/entity_edits.h"
+#include "platform/file_io.h"
+#include "support/edit_level.h"
+#include "support/made_up_wad.h"
+#include "support/scripted_desktop.h"
+
+namespace zando {
+namespace {
+
+using testing::Edit;
+using testing::EditState;
+
+class CRecorder : public CView, public CFrameDisplay {
+ public:
+  void OnUpdate(const CView* /*sender*/, int /*hint*/) override { told += "redraw "; }
+  void RefreshGroups() override { told += "groups "; }
+  void RefreshGrid() override { told += "grid "; }
+  std::string told;
+};
+
+/// A level with the desktop and the frame around it.
+struct Bench {
+  CZANDODoc level;
+  CEditorSettings settings;
+  testing::CScriptedDesktop desktop;
+  CRecorder recorder;
+  ActiveLevel target{level, settings, desktop};
+  CTableTarget<ActiveLevel> commands{target};
+
+  Bench() {
+    level.AddView(recorder);
+    level.SetFrame(&recorder);
+  }
+  ~Bench() { level.RemoveView(recorder); }
+
+  /// Lists two brushes.
+  void Fill() {
+    AddToWorld(level);
+    AddToWorld(level);
+  }
+  /// Lists two brushes, picks and selects the first, and places a light.
+  void Prepare() {
+    Fill();
+    PlaceLight(level);
+    SetCurrentBrush(level, 0);
+    Edit(level).BrushList.Find(0)->BFlags |= BF_SELECTED;
+  }
+  std::string State(CommandId id) {
+    CCmdUI ui;
+    if (!commands.OnUpdateCommandUI(id, ui)) return "unknown";
+    return !ui.IsEnabled() ? "disabled" : ui.IsChecked() ? "checked" : "enabled";
+  }
+  void Answer(ControlId answer) {
+    desktop.Dialogs.emplace_back([answer](CDialog&) { return answer; });
+  }
+};
+
+TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
+  const std::set<CommandId> disabled{
+      ID_EDIT_UNDO,    ID_EDIT_REDO,    ID_COPY_ENTITY, ID_ADD_TO_GROUP,   ID_REMOVE_FROM_GROUP,
+      ID_CREATE_GROUP, ID_DELETE_BRUSH, ID_NEXT_BRUSH,  ID_PREVIOUS_BRUSH, ID_COPY_TO_CURRENT};
+  Bench bench;
+  bench.Fill();
+  for (const CommandRow& row : CommandTable()) {
+    EXPECT_EQ(bench.State(row.id) == "disabled", disabled.contains(row.id)) << row.id;
+  }
+  EXPECT_EQ(bench.State(ID_SPHEROID), "unknown");
+  EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
+}
+
+TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
+  struct Case {
+    CommandId id;
+    std::string course;  ///< state before, who is told, state after
+  };
+  for (const Case& c :
+       {Case{ID_ADD_TO_WORLD, "enabled: redraw modified: enabled"},
+        Case{ID_SUBTRACT_FROM_WORLD, "enabled: redraw modified: enabled"},
+        Case{ID_CUBE, "enabled: redraw modified: enabled"},
+        Case{ID_QUICK_BSP, "enabled: redraw modified: enabled"},
+        Case{ID_USE_GRID, "enabled: grid redraw : checked"},
+        Case{ID_PLACE_LIGHT, "enabled: redraw modified: enabled"},
+        Case{ID_COPY_ENTITY, "enabled: redraw modified: enabled"},
+        Case{ID_SHOW_ENTITIES, "checked: redraw : enabled"},
+        Case{ID_SHOW_BRUSH, "checked: redraw : enabled"},
+        Case{ID_SHOW_VISIBLE_GROUPS, "enabled: redraw : checked"},
+        Case{ID_ADD_TO_GROUP, "enabled: groups redraw modified: disabled"},
+        Case{ID_REMOVE_FROM_GROUP, "enabled: groups redraw modified: disabled"},
+        Case{ID_CREATE_GROUP, "enabled: groups redraw groups redraw modified: disabled"},
+        Case{ID_GROUP_EDITOR, "enabled: groups redraw modified: enabled"},
+        Case{ID_GROUP_MOVEMENT, "enabled: : checked"},
+        Case{ID_RESET_BRUSH, "enabled: redraw modified: enabled"},
+        Case{ID_DELETE_BRUSH, "enabled: redraw modified: disabled"},
+        Case{ID_NEXT_BRUSH, "enabled: redraw : enabled"},
+        Case{ID_COPY_TO_CURRENT, "enabled: redraw : disabled"}}) {
+    Bench bench;
+    bench.Prepare();
+    bench.recorder.told.clear();
+    bench.level.SetModifiedFlag(false);
+    const bool asks = c.id == ID_CUBE || c.id == ID_CREATE_GROUP || c.id == ID_GROUP_EDITOR;
+    if (asks) bench.Answer(IDOK);
+    std::string course = bench.State(c.id) + ": ";
+    bench.commands.OnCommand(c.id);
+    course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
+    EXPECT_EQ(course + ": " + bench.State(c.id), c.course) << c.id;
+    EXPECT_TRUE(bench.desktop.Dialogs.empty()) << c.id;
+  }
+}
+
+TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
+  const std::vector<std::vector<CommandId>> choices{
+      {ID_TOOL_CAMERA, ID_TOOL_MOVE_ROTATE_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SHEAR_BRUSH,
+       ID_TOOL_MOVE_SELECT_ENTITY, ID_TOOL_SELECT_GROUP, ID_TOOL_SELECT_BRUSH},
+      {ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP}};
+  Bench bench;
+  for (const std::vector<CommandId>& ids : choices) {
+    for (const CommandId chosen : ids) {
+      bench.commands.OnCommand(chosen);
+      for (const CommandId id : ids) {
+        EXPECT_EQ(bench.State(id), id == chosen ? "checked" : "enabled") << chosen << ' ' << id;
+      }
+    }
+  }
+}
+
+TEST(LevelCommands, QuickBspLeavesWaterOut) {
+  Bench bench;
+  AddToWorld(bench.level);
+  SetBrushName(bench.level, "*water");
+  PlaceBrush(bench.level, {500, 0, 0});
+  AddToWorld(bench.level);
+  for (const std::int32_t nodes : {12, 6}) {
+    EXPECT_EQ(bench.level.GetLevel().World.Count().nodes, nodes);
+    bench.commands.OnCommand(ID_QUICK_BSP);
+  }
+}
+
+TEST(LevelCommands, WhatIsAddedHasTheFirstTextureOnEveryFace) {
+  const std::filesystem::path archive =
+      ::testing::TempDir() + "zando.wad." + std::to_string(::getpid());
+  const std::string brick = testing::MipHead("brick", 2, 1) + "ab";
+  ASSERT_TRUE(WriteFileAtomically(archive, testing::Archive({{brick}, {brick}})));
+  Bench bench;
+  for (const std::int32_t tag : {0, 1}) {
+    bench.commands.OnCommand(ID_SUBTRACT_FROM_WORLD);
+    for (const BrushFace& face : bench.level.GetLevel().BrushList[tag].Faces) {
+      EXPECT_EQ(face.tag, tag);
+    }
+    bench.level.LoadTextures({}, archive);
+  }
+  std::filesystem::remove(archive);
+}
+
+TEST(LevelCommands, ResetActsOnTheGroupsOwnTransformInGroupMovement) {
+  Bench bench;
+  bench.Fill();
+  bench.commands.OnCommand(ID_GROUP_MOVEMENT);
+  Edit(bench.level).Groups = {{.Centre = {1, 2, 3},
+                               .Rotation = {4, 5, 6},
+                               .WorkRotation = {4, 5, 6},
+                               .Scale = {2, 2, 2},
+                               .Shear = {1, 0, 0}}};
+  SetBrushScale(bench.level, {3, 3, 3});
+  for (const std::int32_t group : {-1, 0}) {
+    EditState(bench.level).CurrentGroup = group;
+    const CBGroup before = bench.level.GetLevel().Groups[0];
+    bench.commands.OnCommand(ID_RESET_BRUSH);
+    const CBGroup reset{.Centre = {1, 2, 3}, .WorkCentre = {1, 2, 3}};
+    EXPECT_EQ(bench.level.GetLevel().Groups[0], group < 0 ? before : reset);
+  }
+  EXPECT_EQ(bench.level.CurrentBrush().Own().Scl, (Vector{3, 3, 3}));
+  bench.commands.OnCommand(ID_GROUP_MOVEMENT);
+  bench.commands.OnCommand(ID_RESET_BRUSH);
+  EXPECT_EQ(bench.level.CurrentBrush().Own().Scl, (Vector{1, 1, 1}));
+}
+
+TEST(LevelCommands, StepsThroughTheListStayAtItsEnds) {
+  Bench bench;
+  bench.Prepare();
+  for (const auto& [id, current] : {std::pair{ID_PREVIOUS_BRUSH, 0},
+                                    {ID_NEXT_BRUSH, 1},
+                                    {ID_NEXT_BRUSH, 1},
+                                    {ID_PREVIOUS_BRUSH, 0}}) {
+    bench.commands.OnCommand(id);
+    EXPECT_EQ(bench.level.State().CurrentBrush, current);
+  }
+  PlaceBrush(bench.level, {1, 2, 3});
+  bench.commands.OnCommand(ID_SHOW_VISIBLE_GROUPS);
+  bench.commands.OnCommand(ID_COPY_TO_CURRENT);
+  const CZandoBrush& working = bench.level.GetLevel().WorkingBrush;
+  EXPECT_EQ(&bench.level.CurrentBrush(), &working);
+  EXPECT_EQ(working.Own().Pos, (Vector{1, 2, 3}));
+  EXPECT_TRUE(working.IsShown()) << "no filter could bring it back";
+}
+
+TEST(LevelCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
+  Bench bench;
+  bench.Prepare();
+  const CZandoBrush& picked = bench.level.CurrentBrush();
+  const Vector corner = picked.Polys()[0][0];
+  EditState(bench.level).LastBox.YSize = 32;
+  bench.Answer(IDCANCEL);
+  bench.commands.OnCommand(ID_CUBE);
+  EXPECT_EQ(picked.Polys()[0][0], corner);
+  bench.Answer(IDOK);
+  bench.commands.OnCommand(ID_CUBE);
+  EXPECT_EQ(picked.Polys()[0][0].y, 16);
+  EXPECT_EQ(picked.Faces[0].points[1], picked.Polys()[0][0]);
+  EXPECT_EQ(bench.level.GetLevel().WorkingBrush.Polys()[0][0], corner);
+}
+
+TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
+  const std::filesystem::path file =
+      ::testing::TempDir() + "zando.export." + std::to_string(::getpid());
+  Bench bench;
+  bench.Fill();
+  bench.level.SetModifiedFlag(false);
+  bench.level.SetPathName("/levels.d/d\xC3\xBCne.3dz");
+  bench.desktop.Files = {std::nullopt, file, "/missing/d\xC3\xBCne.map"};
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_EQ(bench.desktop.FileRequests[0].proposal, "/levels.d/d\xC3\xBCne.map");
+  EXPECT_EQ(bench.desktop.FileRequests[0].extension, "map");
+  EXPECT_EQ(bench.desktop.StatusText, "");
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_EQ(bench.desktop.StatusText, file.filename().string() + ": 2 brushes written");
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("worldspawn"), std::string::npos);
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
+  EXPECT_FALSE(bench.level.IsModified());
+  std::filesystem::remove(file);
+}
+
+}  // namespace
+}  // namespace zando

@@ -1,0 +1,234 @@
+#include "views/picking.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "document/brush_edits.h"
+#include "support/csg_testing.h"
+#include "support/edit_level.h"
+#include "views/solid_renderer.h"
+
+namespace zando {
+namespace {
+
+using testing::CRandom;
+using testing::GridBox;
+
+class Picking : public ::testing::Test {
+ protected:
+  void Look(ViewKind kind, const Vector& from) {
+    camera.SetViewport(0, 0, 400, 300);
+    camera.Position = from;
+    camera.BuildViewMatrix();
+    camera.BeginDraw(kind, 1.0);
+  }
+  CZandoBrush& AddBox(const GridBox& box) {
+    return level.BrushList[AddBrush(document, *testing::MakeBoxBrush(box))];
+  }
+  CEntity& AddEntity(const std::string& origin) {
+    CEntity& entity = level.Entities.emplace_back();
+    if (!origin.empty()) entity.AddPair("origin", origin);
+    entity.ParseOrigin();
+    return entity;
+  }
+  std::int32_t PickedBrush(ScreenPoint pixel) {
+    state.CurrentBrush = kWorkingBrush;
+    PickBrushAt(document, camera, pixel);
+    return state.CurrentBrush;
+  }
+
+  CZANDODoc document;
+  Level& level = testing::Edit(document);
+  EditingState& state = testing::EditState(document);
+  CCamera camera;
+};
+
+/// The shown convex brush that the ray enters first, by the planes of its faces.
+std::int32_t FirstEntered(const Level& level, const Ray& ray) {
+  std::int32_t first = kWorkingBrush;
+  double nearest = std::numeric_limits<double>::infinity();
+  for (const CZandoBrush& brush : level.BrushList) {
+    double in = -1e30;
+    double out = 1e30;
+    for (const CZandoPoly& polygon : brush.WorldPolys()) {
+      const Plane plane = ComputePlane(polygon);
+      const double slope = Dot(plane.normal, ray.direction);
+      const double at = -SignedDistance(plane, ray.origin) / slope;
+      slope < 0.0 ? in = std::max(in, at) : out = std::min(out, at);
+    }
+    if (!brush.IsShown() || in > out || in < kNearDepth || in >= nearest) continue;
+    nearest = in;
+    first = brush.BBid;
+  }
+  return first;
+}
+
+TEST_F(Picking, InPerspectiveAPixelPicksTheShownOwnerOfItsFaceOrTheFirstBrushOnItsRay) {
+  CSolidRenderer renderer;
+  testing::LevelOptions options{.brushes = 30, .turned = 30};
+  int picked = 0;
+  int differing = 0;
+  for (std::uint64_t seed = 1; seed <= 6; ++seed) {
+    CRandom random(seed);
+    level.BrushList = RandomLevel(seed, options);
+    testing::BuildWorld(level.World, level.BrushList, testing::Build::Optimal);
+    WalkBackFrontNode(level.World.root,
+                      [&](CBspNode* node) { node->nValid = random.Percent(10) ? 0 : 1; });
+    std::map<const BrushFace*, std::int32_t> owners{{nullptr, kWorkingBrush}};
+    for (CZandoBrush& brush : level.BrushList) {
+      if (random.Percent(10)) brush.BFlags = 0;
+      for (const BrushFace& face : brush.Faces) {
+        owners[&face] = brush.IsShown() ? brush.BBid : kWorkingBrush;
+      }
+    }
+    camera.SetViewport(0, 0, 60, 41);
+    camera.Position = {random.Real(0, 256), random.Real(0, 256), random.Real(-200, 150)};
+    camera.Yaw = random.Real(-700, 700);
+    camera.Pitch = random.Real(-700, 700);
+    camera.Roll = random.Real(0, 8192);
+    camera.BuildViewMatrix();
+    ASSERT_TRUE(renderer.SetViewport(60, 41, ColorTable{}));
+    renderer.Render(camera, level.World, RenderMode::Solid);
+    std::vector<std::int32_t> shown(std::size_t{60} * 41, kWorkingBrush);
+    for (const Span& span : renderer.Spans().Spans()) {
+      std::fill_n(shown.begin() + span.y * 60 + span.x0, span.x1 - span.x0, owners[span.face]);
+    }
+    for (std::int32_t i = 0; i < 60 * 41; ++i) {
+      const ScreenPoint pixel{i % 60, i / 60};
+      camera.BeginDraw(i % 2 == 0 ? ViewKind::Solid : ViewKind::Texture, 1.0);
+      const std::int32_t brush = PickedBrush(pixel);
+      differing += brush != shown[static_cast<std::size_t>(i)] ? 1 : 0;
+      picked += brush != kWorkingBrush ? 1 : 0;
+      camera.BeginDraw(ViewKind::Wireframe, 1.0);
+      ASSERT_EQ(PickedBrush(pixel), FirstEntered(level, camera.RayThrough(pixel))) << i;
+    }
+  }
+  EXPECT_GT(picked, 1000);
+  EXPECT_LE(differing * 1000, picked);  // the edges of spans are rounded
+}
+
+TEST_F(Picking, WithinABrushItIsNotEnteredAndFacesOfDeletedBrushesAreNobodys) {
+  AddBox({{-100, -100, -100}, {100, 100, 100}});
+  AddBox({{-10, -10, 50}, {10, 10, 60}});
+  testing::BuildWorld(level.World, level.BrushList, testing::Build::Optimal);
+  Look(ViewKind::Wireframe, {0, 0, 0});
+  EXPECT_EQ(PickedBrush({200, 150}), 1);
+  EXPECT_EQ(PickedBrush({300, 150}), kWorkingBrush);
+  Look(ViewKind::Solid, {0, 0, -500});
+  level.RemoveBrush(0);
+  document.SetModifiedFlag(false);
+  EXPECT_EQ(PickedBrush({200, 150}), kWorkingBrush);
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(Picking, AFlatViewPicksTheLeastVolumeInItsOwnPlaneEvenWhereACoordinateIsZero) {
+  AddBox({{-32, 500, -32}, {32, 700, 32}});  // tall
+  AddBox({{-50, 500, -50}, {50, 510, 50}});  // less of it, though wider
+  AddBox({{-5, 500, -5}, {5, 501, 5}}).BFlags = 0;
+  for (const auto& [kind, pixel, id] : {std::tuple{ViewKind::Top, ScreenPoint{200, 150}, 1},
+                                        {ViewKind::Top, {251, 150}, -1},
+                                        {ViewKind::Top, {250, 200}, 1},
+                                        {ViewKind::Side, {200, 150}, -1},
+                                        {ViewKind::Front, {200, 150}, -1}}) {
+    Look(kind, {0, 0, 0});
+    EXPECT_EQ(PickedBrush(pixel), id) << pixel.x;
+  }
+  Look(ViewKind::Front, {0, 600, 0});
+  EXPECT_EQ(PickedBrush({200, 150}), 0);
+}
+
+TEST_F(Picking, TheNearestShownEntityIsPickedWithinItsReach) {
+  struct Case {
+    ViewKind kind;
+    ScreenPoint pixel;
+    std::int32_t entity;  ///< -1 for the one before
+  };
+  AddEntity("");                  // without an origin it is nowhere
+  AddEntity("0 0 0").eFlags = 0;  // hidden
+  AddEntity("-3 9 0");
+  AddEntity("17 9 0");
+  AddEntity("0 0 -300");
+  for (const Case& c :
+       std::vector<Case>{{ViewKind::Top, {207, 150}, 2},  // as near as the other, and first
+                         {ViewKind::Top, {208, 150}, 3},
+                         {ViewKind::Top, {317, 150}, 3},
+                         {ViewKind::Top, {318, 150}, -1},
+                         {ViewKind::Top, {277, 230}, 3},
+                         {ViewKind::Top, {278, 230}, -1},
+                         {ViewKind::Side, {200, 241}, 2},
+                         {ViewKind::Side, {200, 242}, -1},
+                         // A unit is a pixel at this depth.
+                         {ViewKind::Wireframe, {207, 141}, 2},
+                         {ViewKind::Solid, {208, 141}, 3},
+                         {ViewKind::Texture, {229, 141}, 3},
+                         {ViewKind::Solid, {230, 141}, -1},
+                         {ViewKind::Solid, {200, 150}, 2},
+                         {ViewKind::Solid, {189, 132}, -1},
+                         {ViewKind::Solid, {189, 133}, 2},
+                         {ViewKind::Solid, {-32, -32}, -1}}) {
+    Look(c.kind, {0, 0, IsOrthographic(c.kind) ? 0.0 : -200.0});
+    for (const std::int32_t shown : {1, 0}) {
+      state.ShowEntities = shown;
+      state.CurrentEntity = 7;
+      PickEntityAt(document, camera, c.pixel);
+      EXPECT_EQ(state.CurrentEntity, shown == 1 && c.entity >= 0 ? c.entity : 7)
+          << static_cast<int>(c.kind) << ": " << c.pixel.x << "," << c.pixel.y;
+    }
+  }
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(Picking, AFrameTakesWhatIsShownWhollyInItAndBeforeTheEye) {
+  AddBox({{-9, -9, -9}, {9, 9, 9}}).BFlags |= BF_ENTITY;  // before the first of the world
+  AddBox({{-50, -40, 0}, {50, 40, 100}});                 // its front reaches the frame's sides
+  AddBox({{-51, -9, 0}, {9, 9, 100}});
+  AddBox({{-1, -1, -190}, {1, 1, -185}});  // nearer than the near plane
+  AddBox({{-9, -9, -300}, {9, 9, 0}});     // reaches behind the eye
+  AddBox({{-9, -9, -9}, {9, 9, 9}}).BFlags |= BF_ENTITY;
+  AddBox({{-9, -9, -9}, {9, 9, 9}}).BFlags = 0;
+  AddBox({}).SetPolyCount(0);
+  for (const char* origin : {"50 40 0", "51 0 0", "0 0 -300", "0 999 0", ""}) AddEntity(origin);
+  AddEntity("0 0 0").eFlags = 0;
+  struct Case {
+    ViewKind kind;
+    std::string selected;  ///< brushes, entities
+  };
+  const ScreenRect frame{150, 110, 250, 190};
+  document.SetModifiedFlag(false);
+  for (const Case& c : {Case{ViewKind::Wireframe, "01000100 100000"},
+                        {ViewKind::Solid, "01000100 100000"},
+                        {ViewKind::Texture, "01000100 100000"},
+                        {ViewKind::Front, "01011100 101000"},
+                        {ViewKind::Side, "00000100 110000"},
+                        {ViewKind::Top, "00000100 100100"}}) {
+    SCOPED_TRACE(static_cast<int>(c.kind));
+    Look(c.kind, {0, 0, IsOrthographic(c.kind) ? 0.0 : -200.0});
+    const auto selected = [&] {
+      std::string flags;
+      for (const CZandoBrush& brush : level.BrushList) flags += brush.IsSelected() ? '1' : '0';
+      flags += ' ';
+      for (const CEntity& entity : level.Entities) flags += entity.IsSelected() ? '1' : '0';
+      return flags;
+    };
+    SelectInFrame(document, camera, frame, Selection::Select);
+    EXPECT_EQ(selected(), c.selected);
+    SelectInFrame(document, camera, frame, Selection::Deselect);
+    state.ShowEntities = 0;
+    SelectInFrame(document, camera, frame, Selection::Select);
+    EXPECT_EQ(selected(), c.selected.substr(0, 9) + "000000");
+    state.ShowEntities = 1;
+    SelectInFrame(document, camera, {0, 0, 1, 1}, Selection::Deselect);
+    EXPECT_EQ(selected(), c.selected.substr(0, 9) + "000000") << "nothing there";
+    SelectInFrame(document, camera, frame, Selection::Deselect);
+    EXPECT_EQ(selected(), "00000000 000000");
+  }
+  EXPECT_FALSE(document.IsModified());
+}
+
+}  // namespace
+}  // namespace zando
