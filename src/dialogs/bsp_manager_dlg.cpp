@@ -21,7 +21,7 @@ constexpr std::int32_t kFull = 100;
 }  // namespace
 
 /// The bar of the dialog. While it moves, the window is painted and says what the user does.
-class CBspManagerDlg::CBar : public CProgress {
+class CBspManagerDlg::CBar : public CPercentProgress {
  public:
   explicit CBar(CBspManagerDlg& dialog) : dialog_(dialog) {}
 

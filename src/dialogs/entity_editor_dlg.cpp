@@ -24,9 +24,7 @@ constexpr ControlId kDeletePair = 1062;
 constexpr ControlId kDeleteEntity = 1063;
 constexpr ControlId kDisassociate = 1094;
 
-std::string LineOf(const EntityPair& pair) {
-  return '"' + pair.key + "\" \"" + pair.value + '"';
-}
+std::string LineOf(const EntityPair& pair) { return '"' + pair.key + "\" \"" + pair.value + '"'; }
 
 CEntity MakeLight() {
   CEntity light;

@@ -16,8 +16,8 @@ struct Preset {
   ControlId button;
   double value;
 };
-constexpr Preset kGridPresets[] = {{1090, 4.0}, {1081, 8.0}, {1078, 16.0}, {1079, 32.0},
-                                   {1080, 64.0}};
+constexpr Preset kGridPresets[] = {
+    {1090, 4.0}, {1081, 8.0}, {1078, 16.0}, {1079, 32.0}, {1080, 64.0}};
 constexpr Preset kRotationPresets[] = {{1084, 15.0}, {1085, 30.0}, {1086, 45.0}, {1087, 60.0}};
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 namespace zando {
 
-void CProgress::StepIt() {
+void CPercentProgress::StepIt() {
   ++done_;
   // The end of the bar is kept for the end of the operation.
   constexpr std::int64_t kMost = 99;
