@@ -2,9 +2,18 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 #include "app/status_text.h"
+#include "dialogs/brush_attributes_dlg.h"
+#include "dialogs/bsp_manager_dlg.h"
 #include "dialogs/create_box_dlg.h"
+#include "dialogs/create_cylinder_dlg.h"
+#include "dialogs/create_spheroid_dlg.h"
+#include "dialogs/create_staircase_dlg.h"
+#include "dialogs/entity_editor_dlg.h"
+#include "dialogs/global_settings_dlg.h"
+#include "dialogs/grid_settings_dlg.h"
 #include "dialogs/group_attributes_dlg.h"
 #include "document/brush_edits.h"
 #include "document/group_edits.h"
@@ -21,12 +30,44 @@ std::filesystem::path MapNameOf(const CZANDODoc& document) {
   return name;
 }
 
+template <typename Dialog, typename Parameters>
+void CreatePrimitive(ActiveLevel& level) {
+  Dialog dialog(std::get<Parameters>(level.document.State().LastUsed));
+  if (const auto agreed = dialog.Run(level.desktop)) GeneratePrimitive(level.document, *agreed);
+}
+
 }  // namespace
 
-void CreateCube(ActiveLevel& level) {
-  const auto box = CCreateBoxDlg(level.document.State().LastBox).Run(level.desktop);
-  if (box) GenerateBox(level.document, *box);
+void CreateCube(ActiveLevel& level) { CreatePrimitive<CCreateBoxDlg, BoxParameters>(level); }
+
+void CreateSpheroid(ActiveLevel& level) {
+  CreatePrimitive<CCreateSpheroidDlg, SpheroidParameters>(level);
 }
+
+void CreateCylinder(ActiveLevel& level) {
+  CreatePrimitive<CCreateCylinderDlg, CylinderParameters>(level);
+}
+
+void CreateStaircase(ActiveLevel& level) {
+  CreatePrimitive<CCreateStaircaseDlg, StaircaseParameters>(level);
+}
+
+void EditAttributes(ActiveLevel& level) {
+  CBrushAttributesDlg(level.document, level.document.State().CurrentBrush, kOwnSlot)
+      .Run(level.desktop);
+}
+
+void EditEntities(ActiveLevel& level) { CEntityEditorDlg(level.document, level.desktop).Run(); }
+
+void ManageBsp(ActiveLevel& level) {
+  CBspManagerDlg dialog(level.document);
+  level.desktop.DoModal(dialog);
+  level.document.UpdateAllViews(nullptr);
+}
+
+void EditGrid(ActiveLevel& level) { CGridSettingsDlg(level.document).Run(level.desktop); }
+
+void EditSettings(ActiveLevel& level) { CGlobalSettingsDlg(level.settings, level.desktop).Run(); }
 
 void EditGroups(ActiveLevel& level) { CGroupAttributesDlg(level.document, level.desktop).Run(); }
 

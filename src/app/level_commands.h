@@ -9,12 +9,20 @@ namespace zando {
 /// What the commands of a level work on.
 struct ActiveLevel {
   CZANDODoc& document;
-  const CEditorSettings& settings;
+  CEditorSettings& settings;
   CDesktop& desktop;
 };
 
 /// The commands of a level that ask something first, or say something afterwards.
 void CreateCube(ActiveLevel& level);
+void CreateSpheroid(ActiveLevel& level);
+void CreateCylinder(ActiveLevel& level);
+void CreateStaircase(ActiveLevel& level);
+void EditAttributes(ActiveLevel& level);
+void EditEntities(ActiveLevel& level);
+void ManageBsp(ActiveLevel& level);
+void EditGrid(ActiveLevel& level);
+void EditSettings(ActiveLevel& level);
 void EditGroups(ActiveLevel& level);
 void CreateGroup(ActiveLevel& level);
 void ExportToMap(ActiveLevel& level);

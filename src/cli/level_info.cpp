@@ -18,21 +18,6 @@ std::string VectorText(const Vector& v) {
   return text + ')';
 }
 
-/// The text of a level is 8-bit; what leaves for a terminal or a JSON reader is UTF-8.
-std::string Utf8(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-      result += c;
-    } else {
-      result += static_cast<char>(0xC0 | (byte >> 6));
-      result += static_cast<char>(0x80 | (byte & 0x3F));
-    }
-  }
-  return result;
-}
-
 /// Without control characters, which a terminal would obey.
 std::string Printable(std::string_view text) {
   std::string plain(text);
@@ -41,7 +26,7 @@ std::string Printable(std::string_view text) {
     return byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
   };
   std::replace_if(plain.begin(), plain.end(), isControl, '?');
-  return Utf8(plain);
+  return FromLatin1(plain);
 }
 
 void CountBrush(const CZandoBrush& brush, LevelInfo& info) {
@@ -115,11 +100,11 @@ std::string InfoAsJson(const LevelInfo& info) {
                      {"carving", info.carving},        {"water", info.water},
                      {"of_entities", info.ofEntities}, {"without_volume", info.flat}};
   nlohmann::ordered_json classes = nlohmann::ordered_json::object();
-  for (const auto& [name, count] : info.classes) classes[Utf8(name)] = count;
+  for (const auto& [name, count] : info.classes) classes[FromLatin1(name)] = count;
   json["entities"] = {{"total", info.entities}, {"classes", classes}};
   json["groups"] = nlohmann::ordered_json::array();
   for (const LevelInfo::Group& group : info.groups) {
-    json["groups"].push_back({{"name", Utf8(group.name)},
+    json["groups"].push_back({{"name", FromLatin1(group.name)},
                               {"color", ColorAsHex(group.color)},
                               {"visible", group.visible},
                               {"brushes", group.brushes},

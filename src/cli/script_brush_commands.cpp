@@ -21,7 +21,7 @@ void Box(CScriptContext& context, CScriptArguments& arguments) {
   box.Style = hollow ? BoxParameters::kHollow : BoxParameters::kSolid;
   box.WallThickness = keywords.Number("wall", box.WallThickness);
   keywords.Finish();
-  GenerateBox(context.document, box);
+  GeneratePrimitive(context.document, box);
 }
 
 void Position(CScriptContext& context, CScriptArguments& arguments) {

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -202,7 +204,9 @@ CNodeList PruneHidden(CConstructiveBsp& tree, CNodeList list) {
 void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
   world.Clear();
   CBrushSequence sequence(world);
-  for (const CZandoBrush* brush : ShownBrushes(world.brushList)) {
+  const std::vector<const CZandoBrush*> shown = ShownBrushes(world.brushList);
+  if (progress != nullptr) progress->Expect(std::ssize(shown));
+  for (const CZandoBrush* brush : shown) {
     if (progress != nullptr) progress->StepIt();
     if (Builds(*brush, water)) sequence.Insert(*brush, brush->BBid);
   }
@@ -210,9 +214,13 @@ void RebuildQuick(CConstructiveBsp& world, CProgress* progress, WaterBrushes wat
 
 void RebuildOptimal(CConstructiveBsp& world, CProgress* progress, WaterBrushes water) {
   std::vector<Participant> participants;
+  std::int64_t faces = 0;
   for (const CZandoBrush* brush : ShownBrushes(world.brushList)) {
     participants.push_back({brush, Builds(*brush, water), {}});
+    faces += brush->PolyCount();
   }
+  // Both passes over the brushes; after that each partition of the tree, about one a face.
+  if (progress != nullptr) progress->Expect(2 * std::ssize(participants) + faces);
   FindNeighbours(participants);
   world.Clear();
   const CNodeList visible = COptimalRebuild(world, std::move(participants), progress).Run();

@@ -1,7 +1,16 @@
 #include "desktop/form_table.h"
 
+#include <ui_brush_attributes.h>
+#include <ui_bsp_manager.h>
 #include <ui_create_box.h>
+#include <ui_create_cylinder.h>
+#include <ui_create_spheroid.h>
+#include <ui_create_staircase.h>
+#include <ui_entity_editor.h>
+#include <ui_global_settings.h>
+#include <ui_grid_settings.h>
 #include <ui_group_attributes.h>
+#include <ui_select_classname.h>
 
 #include <QDialog>
 
@@ -20,8 +29,17 @@ struct FormRow {
 };
 
 constexpr FormRow kForms[] = {
+    {132, Build<Ui::BrushAttributes>},
     {133, Build<Ui::CreateBox>},
+    {136, Build<Ui::CreateSpheroid>},
+    {139, Build<Ui::CreateCylinder>},
+    {141, Build<Ui::GridSettings>},
+    {142, Build<Ui::BspManager>},
+    {143, Build<Ui::EntityEditor>},
+    {144, Build<Ui::SelectClassname>},
     {145, Build<Ui::GroupAttributes>},
+    {146, Build<Ui::CreateStaircase>},
+    {148, Build<Ui::GlobalSettings>},
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "desktop/qt_form.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QFocusEvent>
 #include <QIcon>
@@ -360,6 +361,8 @@ void CQtForm::SetProgressPos(ControlId id, std::int32_t position) {
   bar->setValue(std::clamp(position, bar->minimum(), bar->maximum()));
   bar->repaint();
 }
+
+void CQtForm::HandleEvents() { QCoreApplication::processEvents(); }
 
 void CQtForm::ReportError(ControlId id, std::string_view message) {
   QMessageBox box(QMessageBox::Warning, QStringLiteral("ZANDO"), TextToQt(message), QMessageBox::Ok,

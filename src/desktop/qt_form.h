@@ -55,6 +55,7 @@ class CQtForm : public CDialogForm {
   void SetFocus(ControlId id) override;
   void SetProgressRange(ControlId id, std::int32_t low, std::int32_t high) override;
   void SetProgressPos(ControlId id, std::int32_t position) override;
+  void HandleEvents() override;
   void ReportError(ControlId id, std::string_view message) override;
   void Close(ControlId result) override;
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <tuple>
 
 #include "csg/csg_world.h"
 #include "document/change.h"
@@ -102,12 +103,42 @@ void CopyToCurrent(CZANDODoc& document) {
   change.state.CurrentBrush = kWorkingBrush;
 }
 
-void GenerateBox(CZANDODoc& document, const BoxParameters& box) {
+template <typename Parameters>
+void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters) {
   CChange change(document, kTouchedLevel);
-  change.state.LastBox = box;
+  std::get<Parameters>(change.state.LastUsed) = parameters;
   CZandoBrush& brush = change.CurrentBrush();
-  Generate(box, brush);
+  Generate(parameters, brush);
   brush.ComputeFacePoints();
+}
+template void GeneratePrimitive(CZANDODoc&, const BoxParameters&);
+template void GeneratePrimitive(CZANDODoc&, const SpheroidParameters&);
+template void GeneratePrimitive(CZANDODoc&, const CylinderParameters&);
+template void GeneratePrimitive(CZANDODoc&, const StaircaseParameters&);
+
+BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id, std::size_t slot) {
+  const CZandoBrush* listed = document.GetLevel().BrushList.Find(id);
+  const CZandoBrush& brush = listed != nullptr ? *listed : document.GetLevel().WorkingBrush;
+  const Placement& placement = brush.Slot(slot);
+  return {placement.Pos, placement.Rot, placement.Scl, placement.Shr, brush.Name};
+}
+
+void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
+                        const BrushAttributes& attributes) {
+  if (AttributesOf(document, id, slot) == attributes) return;
+  CChange change(document, kTouchedLevel);
+  CZandoBrush* listed = change.level.BrushList.Find(id);
+  CZandoBrush& brush = listed != nullptr ? *listed : change.level.WorkingBrush;
+  if (slot == kOwnSlot && attributes.position != brush.Own().Pos) {
+    brush.MoveTo(attributes.position);
+  }
+  Placement placement = brush.Slot(slot);
+  placement.Pos = placement.WorkPos = attributes.position;
+  placement.Rot = placement.WorkRot = attributes.rotation;
+  placement.Scl = attributes.scale;
+  placement.Shr = attributes.shear;
+  brush.SetSlot(slot, placement);
+  brush.Name = attributes.name;
 }
 
 void SetBrushName(CZANDODoc& document, std::string_view name) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "document/zando_doc.h"
@@ -39,14 +41,36 @@ void StepCurrentBrush(CZANDODoc& document, ListStep step);
 /// The working brush becomes a copy of the picked one, and current. Nothing while it is already.
 void CopyToCurrent(CZANDODoc& document);
 
-/// Generates the box into the current brush, and keeps its parameters as those last used.
-void GenerateBox(CZANDODoc& document, const BoxParameters& box);
+/// Generates a primitive into the current brush, and keeps its parameters as those last used. There
+/// is one for the parameters of each primitive.
+template <typename Parameters>
+void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters);
 
 /// Names the current brush, which is the texture of its faces.
 void SetBrushName(CZANDODoc& document, std::string_view name);
 
 /// Puts the current brush there at once, as a committed move.
 void PlaceBrush(CZANDODoc& document, const Vector& position);
+
+/// What people edit of one slot of a brush; rotation in rotation units: yaw, pitch, roll.
+struct BrushAttributes {
+  Vector position;
+  Vector rotation;
+  Vector scale;
+  Vector shear;
+  std::string name;
+
+  friend bool operator==(const BrushAttributes&, const BrushAttributes&) = default;
+};
+
+/// Of the brush with this id, which is listed or the working brush.
+[[nodiscard]] BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id,
+                                           std::size_t slot);
+
+/// Gives them to the brush. A new position of its own slot is a committed move; a drag of the slot
+/// is given up. Nothing happens when it has them already.
+void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
+                        const BrushAttributes& attributes);
 
 /// Rotation (rotation units: yaw, pitch, roll), scale and shear of the current brush.
 void SetBrushRotation(CZANDODoc& document, const Vector& rotation);

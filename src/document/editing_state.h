@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "document/command_ids.h"
-#include "primitives/box.h"
+#include "primitives/parameters.h"
 
 namespace zando {
 
@@ -32,7 +32,7 @@ struct EditingState {
   std::int32_t UseRotationSnap = 1;
   double RotationSnap = 341.3333333333333;  ///< rotation units: 15 degrees
 
-  BoxParameters LastBox;  ///< the values last used
+  PrimitiveParameters LastUsed;
 };
 
 }  // namespace zando

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <utility>
+#include <vector>
 
 #include "document/change.h"
 #include "document/visibility.h"
@@ -24,6 +25,13 @@ void ForgetEntity(CZandoBrush& brush, std::int32_t index) {
   } else if (brush.BEnt > index) {
     --brush.BEnt;
   }
+}
+
+const EntityPair* PairOf(const Level& level, std::int32_t entity, std::int32_t pair) {
+  if (!level.IsEntity(entity) || pair < 0) return nullptr;
+  const std::vector<EntityPair>& pairs = level.Entities[static_cast<std::size_t>(entity)].Pairs;
+  const auto index = static_cast<std::size_t>(pair);
+  return index < pairs.size() ? &pairs[index] : nullptr;
 }
 
 void AppendCurrent(CChange& change, CEntity entity) {
@@ -118,6 +126,45 @@ void SetEntityKey(CZANDODoc& document, std::int32_t index, std::string_view key,
     entity.AddPair(key, value);
   }
   entity.ParseOrigin();
+}
+
+void SetEntityPair(CZANDODoc& document, std::int32_t index, std::int32_t pair,
+                   const EntityPair& value) {
+  if (PairOf(document.GetLevel(), index, pair) == nullptr) return;
+  if (*PairOf(document.GetLevel(), index, pair) == value) return;
+  CChange change(document, kTouchedLevel);
+  CEntity& entity = change.level.Entities[static_cast<std::size_t>(index)];
+  entity.Pairs[static_cast<std::size_t>(pair)] = value;
+}
+
+void AddEntityPair(CZANDODoc& document, std::int32_t index, const EntityPair& value) {
+  if (!document.GetLevel().IsEntity(index)) return;
+  CChange change(document, kTouchedLevel);
+  change.level.Entities[static_cast<std::size_t>(index)].Pairs.push_back(value);
+}
+
+void RemoveEntityPair(CZANDODoc& document, std::int32_t index, std::int32_t pair) {
+  if (PairOf(document.GetLevel(), index, pair) == nullptr) return;
+  CChange change(document, kTouchedLevel);
+  std::vector<EntityPair>& pairs = change.level.Entities[static_cast<std::size_t>(index)].Pairs;
+  pairs.erase(pairs.begin() + pair);
+}
+
+void ParseAllOrigins(CZANDODoc& document) {
+  CChange change(document, kTouchedDisplay);
+  for (CEntity& entity : change.level.Entities) entity.ParseOrigin();
+}
+
+void AssociateBrushGroup(CZANDODoc& document, std::int32_t index) {
+  const std::int32_t group = document.State().CurrentGroup;
+  if (group == -1 || !document.GetLevel().IsEntity(index)) return;
+  CChange change(document, kTouchedLevel | kTouchedGroups);
+  for (CZandoBrush& brush : change.level.BrushList) {
+    if (brush.BGroup != group) continue;
+    SetBit(brush.BFlags, BF_ENTITY, true);
+    brush.BEnt = index;
+  }
+  change.level.Entities[static_cast<std::size_t>(index)].eGroup = group;
 }
 
 void AssociateSelectedBrushes(CZANDODoc& document, std::int32_t index) {

@@ -37,11 +37,23 @@ void PickEntity(CZANDODoc& document, const Vector& point, const ViewAxes& axes);
 void SetEntityKey(CZANDODoc& document, std::int32_t index, std::string_view key,
                   std::string_view value);
 
+/// Replaces, appends or removes one pair, by its index. Origins are left to ParseAllOrigins.
+void SetEntityPair(CZANDODoc& document, std::int32_t index, std::int32_t pair,
+                   const EntityPair& value);
+void AddEntityPair(CZANDODoc& document, std::int32_t index, const EntityPair& value);
+void RemoveEntityPair(CZANDODoc& document, std::int32_t index, std::int32_t pair);
+
+/// Every origin as its pair says.
+void ParseAllOrigins(CZANDODoc& document);
+
 /// Every selected brush becomes one of the entity's and joins its group, and is no longer selected.
 void AssociateSelectedBrushes(CZANDODoc& document, std::int32_t index);
 
 /// The same for one listed brush, by its id.
 void AssociateBrush(CZANDODoc& document, std::int32_t index, std::int32_t id);
+
+/// Every brush of the current group, if there is one, becomes one of the entity's, which joins it.
+void AssociateBrushGroup(CZANDODoc& document, std::int32_t index);
 
 /// The entity's brushes belong to none.
 void DisassociateBrushes(CZANDODoc& document, std::int32_t index);

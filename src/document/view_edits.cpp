@@ -6,7 +6,6 @@ namespace zando {
 namespace {
 
 constexpr double kSmallestHalvedGrid = 2.0;
-constexpr double kLargestGrid = 2500.0;
 
 void Toggle(std::int32_t& flag) { flag = flag == 0 ? 1 : 0; }
 
@@ -30,6 +29,21 @@ void ToggleShowBrush(CZANDODoc& document) {
 void ToggleUseGrid(CZANDODoc& document) {
   CChange change(document, kTouchedGrid);
   Toggle(change.state.UseGrid);
+}
+
+GridSettings GridSettingsOf(const CZANDODoc& document) {
+  const EditingState& state = document.State();
+  return {state.GridSize, state.ShowCoarseGrid, state.ShowFineGrid, state.UseRotationSnap,
+          state.RotationSnap};
+}
+
+void SetGridSettings(CZANDODoc& document, const GridSettings& settings) {
+  CChange change(document, kTouchedGrid);
+  change.state.GridSize = settings.size;
+  change.state.ShowCoarseGrid = settings.showCoarse;
+  change.state.ShowFineGrid = settings.showFine;
+  change.state.UseRotationSnap = settings.useRotationSnap;
+  change.state.RotationSnap = settings.rotationSnap;
 }
 
 void StepGrid(CZANDODoc& document, GridStep step) {

@@ -20,8 +20,23 @@ void ToggleShowBrush(CZANDODoc& document);
 
 void ToggleUseGrid(CZANDODoc& document);
 
+/// Limits of the grid size, map units.
+inline constexpr double kSmallestGrid = 1.0;
+inline constexpr double kLargestGrid = 2500.0;
+
+/// The grid of a level and the step to which rotations snap.
+struct GridSettings {
+  double size = 64.0;  ///< map units, kSmallestGrid to kLargestGrid
+  std::int32_t showCoarse = 1;
+  std::int32_t showFine = 1;
+  std::int32_t useRotationSnap = 1;
+  double rotationSnap = 0.0;  ///< rotation units
+};
+[[nodiscard]] GridSettings GridSettingsOf(const CZANDODoc& document);
+void SetGridSettings(CZANDODoc& document, const GridSettings& settings);
+
 enum class GridStep { Up, Down };
-/// Doubles the grid size while that is at most 2500, or halves it while it is at least 2. Redraws
+/// Doubles the grid size up to the largest, or halves it while it is at least 2. Redraws
 /// either way.
 void StepGrid(CZANDODoc& document, GridStep step);
 

@@ -9,7 +9,7 @@
 namespace zando {
 
 CZANDODoc::CZANDODoc() {
-  Generate(state_.LastBox, level_.WorkingBrush);
+  Generate(std::get<BoxParameters>(state_.LastUsed), level_.WorkingBrush);
   level_.WorkingBrush.ComputeFacePoints();
 }
 

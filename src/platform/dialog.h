@@ -59,6 +59,9 @@ class CDialogForm {
   virtual void SetProgressRange(ControlId id, std::int32_t low, std::int32_t high) = 0;
   virtual void SetProgressPos(ControlId id, std::int32_t position) = 0;
 
+  /// Lets the window paint and tell what the user does, in the middle of long work of the dialog.
+  virtual void HandleEvents() {}
+
   /// Tells the user what is wrong with a field, and puts the focus there.
   virtual void ReportError(ControlId id, std::string_view message) = 0;
 

@@ -38,6 +38,20 @@ std::string ToLatin1(std::string_view utf8) {
   return text;
 }
 
+std::string FromLatin1(std::string_view text) {
+  std::string utf8;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80U) {
+      utf8 += c;
+    } else {
+      utf8 += static_cast<char>(0xC0U | (byte >> 6U));
+      utf8 += static_cast<char>(0x80U | (byte & 0x3FU));
+    }
+  }
+  return utf8;
+}
+
 std::string Counted(std::int64_t count, std::string_view one, std::string_view many) {
   return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
 }

@@ -26,6 +26,9 @@ namespace zando {
 /// and so do bytes that are no UTF-8.
 [[nodiscard]] std::string ToLatin1(std::string_view utf8);
 
+/// The editor's own 8-bit text as UTF-8.
+[[nodiscard]] std::string FromLatin1(std::string_view text);
+
 /// "1 brush", "2 brushes".
 [[nodiscard]] std::string Counted(std::int64_t count, std::string_view one, std::string_view many);
 

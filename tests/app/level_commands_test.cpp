@@ -77,8 +77,8 @@ TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
   for (const CommandRow& row : CommandTable()) {
     EXPECT_EQ(bench.State(row.id) == "disabled", disabled.contains(row.id)) << row.id;
   }
-  EXPECT_EQ(bench.State(ID_SPHEROID), "unknown");
-  EXPECT_FALSE(bench.commands.OnCommand(ID_SPHEROID));
+  EXPECT_EQ(bench.State(ID_EXPORT_3DM), "unknown");
+  EXPECT_FALSE(bench.commands.OnCommand(ID_EXPORT_3DM));
 }
 
 TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
@@ -211,7 +211,7 @@ TEST(LevelCommands, TheCubeGoesIntoTheCurrentBrushAndCancelKeepsItsShape) {
   bench.Prepare();
   const CZandoBrush& picked = bench.level.CurrentBrush();
   const Vector corner = picked.Polys()[0][0];
-  EditState(bench.level).LastBox.YSize = 32;
+  std::get<BoxParameters>(EditState(bench.level).LastUsed).YSize = 32;
   bench.Answer(IDCANCEL);
   bench.commands.OnCommand(ID_CUBE);
   EXPECT_EQ(picked.Polys()[0][0], corner);

@@ -68,7 +68,7 @@ const struct {
      }},
     {"r", "", [](CZANDODoc& d) { StepCurrentBrush(d, ListStep::Next); }},
     {"r", "", CopyToCurrent},
-    {"rm", "rm", [](CZANDODoc& d) { GenerateBox(d, {.YSize = 9}); }},
+    {"rm", "rm", [](CZANDODoc& d) { GeneratePrimitive(d, BoxParameters{.YSize = 9}); }},
     {"", "", [](CZANDODoc& d) { SetBrushName(d, "tech05_1"); }},
     {"rm", "rm",
      [](CZANDODoc& d) {

@@ -14,7 +14,7 @@ Level SmallLevel() {
   SeedColorTags(1);
   Level level;
   for (const double top : {0.0, 128.0}) {
-    Generate({.TopXSize = top, .TopZSize = top}, level.WorkingBrush);
+    Generate(BoxParameters{.TopXSize = top, .TopZSize = top}, level.WorkingBrush);
     level.WorkingBrush.MoveTo({0.0, top / 2.0, 0.0});
     const CZandoBrush& listed = level.BrushList[level.AddBrush(level.WorkingBrush)];
     InsertBrush(level.World, listed, listed.BBid);
