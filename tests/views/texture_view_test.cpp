@@ -1,6 +1,7 @@
 #include "views/texture_view.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -45,7 +46,9 @@ class TextureView : public ::testing::Test {
       lumps.push_back(
           {testing::MipHead(name, columns, rows) + std::string(std::size_t{columns} * rows, '\1')});
     }
-    const std::string path = ::testing::TempDir() + "zando_texture_view.wad";
+    // Tests run beside each other.
+    const std::string path =
+        ::testing::TempDir() + "zando_texture_view_" + std::to_string(::getpid()) + ".wad";
     std::ofstream(path, std::ios::binary) << testing::Archive(lumps);
     document.LoadTextures({}, path);
     std::filesystem::remove(path);
