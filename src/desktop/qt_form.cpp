@@ -25,8 +25,6 @@
 namespace zando {
 namespace {
 
-constexpr int kPictureSize = 128;
-
 /// The core's text is 8-bit, and a level keeps it in lines: a field takes no other characters,
 /// whether they are typed or pasted among others.
 class CLevelTextValidator : public QValidator {
@@ -324,7 +322,7 @@ void CQtForm::SetPicture(ControlId id, std::string_view name) {
   auto* label = Find<QLabel>(id);
   if (label == nullptr) return;
   const QIcon picture(QStringLiteral(":/pictures/%1.svg").arg(TextToQt(name)));
-  label->setPixmap(picture.pixmap(QSize(kPictureSize, kPictureSize), window_->devicePixelRatioF()));
+  label->setPixmap(picture.pixmap(label->minimumSize(), window_->devicePixelRatioF()));
 }
 
 ColorRef CQtForm::GetColor(ControlId id) const {
