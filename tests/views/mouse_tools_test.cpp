@@ -21,17 +21,11 @@ using Key = CZANDOView::Key;
 constexpr std::uint32_t kAllAxes = kAxisX | kAxisY | kAxisZ;
 constexpr Vector kZero{0, 0, 0};
 
-constexpr CommandId kCamera = ID_TOOL_CAMERA;
-constexpr CommandId kMove = ID_TOOL_MOVE_ROTATE_BRUSH;
-constexpr CommandId kScale = ID_TOOL_SCALE_BRUSH;
-constexpr CommandId kShear = ID_TOOL_SHEAR_BRUSH;
-constexpr CommandId kEntity = ID_TOOL_MOVE_SELECT_ENTITY;
-constexpr CommandId kBox = ID_TOOL_SELECT_GROUP;
-
-constexpr ViewKind kTop = ViewKind::Top;
-constexpr ViewKind kSide = ViewKind::Side;
-constexpr ViewKind kFront = ViewKind::Front;
-constexpr ViewKind kSolid = ViewKind::Solid;
+constexpr CommandId kCamera = ID_TOOL_CAMERA, kMove = ID_TOOL_MOVE_ROTATE_BRUSH,
+                    kScale = ID_TOOL_SCALE_BRUSH, kShear = ID_TOOL_SHEAR_BRUSH,
+                    kEntity = ID_TOOL_MOVE_SELECT_ENTITY, kBox = ID_TOOL_SELECT_GROUP;
+constexpr ViewKind kTop = ViewKind::Top, kSide = ViewKind::Side, kFront = ViewKind::Front,
+                   kSolid = ViewKind::Solid;
 
 void ExpectNear(const Vector& actual, const Vector& expected, const std::string& what) {
   EXPECT_NEAR(Length(actual - expected), 0, 1e-9)
@@ -61,24 +55,23 @@ class MouseTools : public ::testing::Test {
     std::istringstream words(script);
     for (std::string word; words >> word;) {
       const bool isLeft = word == "L" || word == "l";
+      const Button button = isLeft ? Button::Left : Button::Right;
+      bool& isHeld = isLeft ? held.left : held.right;
       if (word == "L" || word == "R") {
-        (isLeft ? held.left : held.right) = true;
-        view.OnButtonDown(isLeft ? Button::Left : Button::Right, held, at);
+        isHeld = true;
+        view.OnButtonDown(button, held, at);
       } else if (word == "l" || word == "r") {
-        (isLeft ? held.left : held.right) = false;
-        view.OnButtonUp(isLeft ? Button::Left : Button::Right, held, at);
+        isHeld = false;
+        view.OnButtonUp(button, held, at);
         if (!held.left && !held.right) ExpectAtRest();
       } else if (word == "lost") {
         view.EndDrag();
         ExpectAtRest();
       } else if (word == "shift") {
         desktop.ShiftDown = true;
-      } else if (word.starts_with("grid=")) {
-        state.UseGrid = 1;
-        state.GridSize = std::stod(word.substr(5));
-      } else if (word.starts_with("step=")) {
-        state.UseRotationSnap = 1;
-        state.RotationSnap = std::stod(word.substr(5));
+      } else if (const bool grid = word.starts_with("grid="); grid || word.starts_with("step=")) {
+        (grid ? state.UseGrid : state.UseRotationSnap) = 1;
+        (grid ? state.GridSize : state.RotationSnap) = std::stod(word.substr(5));
       } else {
         desktop.Cursor.x += std::stoi(word);
         desktop.Cursor.y += std::stoi(word.substr(word.find(',') + 1));
@@ -223,146 +216,81 @@ TEST_F(MouseTools, TheCameraFliesTurnsPansAndZooms) {
 }
 
 TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
-  struct Case {
+  const struct {
     CommandId tool;
     ViewKind kind;
-    std::string script, outcome;
+    std::string script;
+    Vector at, turned{0, 0, 0};
     double x = 0;  ///< each coordinate of the brush before
-  };
-  const std::vector<Case> cases = {
-      // Halves are snapped up, to whole units without a grid; what is not moved is left.
-      {kMove, kTop, "grid=16 L 23,0 l", "at 16 0 0"},
-      {kMove, kTop, "grid=16 L 24,0 l", "at 32 0 0"},
-      {kMove, kTop, "grid=16 L -24,9 l", "at -16 0 -16"},
-      {kMove, kTop, "grid=16 L -25,0 l", "at -32 0 0"},
-      {kMove, kTop, "L 5,0 l", "at 5 0.4 0.4", 0.4},
-      {kMove, kTop, "L 5,0 l", "at 6 0.5 0.5", 0.5},
-      {kMove, kTop, "grid=0 L 5,0 l", "at 5 0.4 0.4", 0.4},
-      {kMove, kTop, "grid=inf L 5,0 l", "at 5 0.4 0.4", 0.4},
-      {kMove, kSolid, "step=1024 R -86,-85 r", "turned 1024 0 0"},  // 516 and 510 units
-      {kMove, kSolid, "R -2,0 r", "turned 22.7556 0 0"},            // a degree
-      // Shift keeps the largest change, and of equal ones that along the last axis.
-      {kMove, kSolid, "shift L 30,50 l", "at 0 0 -50"},
-      {kMove, kSolid, "shift L 51,50 l", "at 51 0 0"},
-      {kMove, kSolid, "shift L 50,50 l", "at 0 0 -50"},
-      {kMove, kSolid, "shift L R 20,-20 l r", "at 0 20 0"},
-      {kMove, kSolid, "shift L R 20,-21 r 0,20 l", "at 0 21 0"},
-      {kMove, kSolid, "shift step=6 R -10,-11 r", "turned 0 66 0"},
-      {kMove, kSolid, "shift step=6 R -10,-10 r", "turned 60 0 0"},  // yaw is about y
-      // The last button up ends a drag, in whatever order.
-      {kMove, kTop, "L 4,0 R 4,0 l r", "at 8 0 0"},
-      {kMove, kTop, "L 4,0 R 4,0 r l", "at 8 0 0"},
-      {kMove, kTop, "L 4,0 L 4,0 l", "at 8 0 0"},
-      {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 l", "at 10 0 0"},
-      {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", "at 9 0 0, turned 30 0 0"},
-      {kMove, kSolid, "step=6 R -1,-2 r step=90 R -8,0 r", "turned 90 12 0"},
-      {kScale, kSolid, "L R -5000,0 l r", "scaled 0.1 0.1 0.1"},
-      // Only what was dragged is committed, along the axes of the drag.
-      {kMove, kTop, "grid=16 L 23,0 l", "at 16 0.6 0.6", 0.6},
-      {kEntity, kFront, "grid=8 R 5,0 r", ""},
-      {kEntity, kFront, "grid=8 R lost r", ""},
-      {kEntity, kFront, "grid=8 L 3,1 l", "origin 16 16 30"},
-      {kEntity, kFront, "grid=8 shift L 9,16 l", "origin 10 8 30"},
-      {kEntity, kFront, "grid=8 L R 8,0 l r", "origin 16 20 30"},
-      {kEntity, kFront, "grid=8 L R 8,0 r l", "origin 16 20 30"}};
+  } cases[] = {// Halves are snapped up, to whole units without a grid; what is not moved is left.
+               {kMove, kTop, "grid=16 L 23,0 l", {16, 0.6, 0.6}, kZero, 0.6},
+               {kMove, kTop, "grid=16 L -24,24 l", {-16, 0, -16}},
+               {kMove, kTop, "L 5,0 l", {6, 0.5, 0.5}, kZero, 0.5},
+               {kMove, kTop, "grid=0 L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
+               {kMove, kTop, "grid=inf L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
+               {kMove, kSolid, "R -2,0 r", kZero, {8192.0 / 360, 0, 0}},  // a degree
+               // Shift keeps the largest change, and of equal ones that along the last axis.
+               {kMove, kSolid, "shift L 50,50 l", {0, 0, -50}},
+               {kMove, kSolid, "shift step=6 R -10,-10 r", kZero, {60, 0, 0}},  // yaw is about y
+               // The last button up ends a drag, in whatever order.
+               {kMove, kTop, "L 4,0 R 4,0 l r", {8, 0, 0}},
+               {kMove, kTop, "L 4,0 R 4,0 r l", {8, 0, 0}},
+               {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 L 2,0 l", {12, 0, 0}},
+               {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", {9, 0, 0}, {30, 0, 0}},
+               {kEntity, kFront, "grid=8 shift L 9,16 l", {10, 8, 30}},
+               {kEntity, kFront, "grid=8 L R 8,0 r l", {16, 20, 30}}};
   AddEntitiesAt({"10 20 30"});
-  const CZandoBrush fresh = brush;
-  const CEntity untouched = level.Entities[0];
-  for (const Case& c : cases) {
+  const Level before = level;
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.script);
-    brush = fresh;
+    level = before;
     brush.MoveTo({c.x, c.x, c.x});
-    level.Entities[0] = untouched;
     state.CurrentEntity = 0;
     state.UseGrid = state.UseRotationSnap = 0;
     document.SetModifiedFlag(false);
     desktop.ShiftDown = false;
     Use(c.tool, c.kind);
     Play(c.script);
-    std::ostringstream outcome;
-    const auto tell = [&](const char* what, const Vector& now, const Vector& before) {
-      if (now == before) return;
-      outcome << (outcome.view().empty() ? "" : ", ") << what << ' ' << now.x + 0.0 << ' '
-              << now.y + 0.0 << ' ' << now.z + 0.0;
-    };
-    tell("at", brush.Own().Pos, kZero);
-    tell("turned", brush.Own().Rot, kZero);
-    tell("scaled", brush.Own().Scl, {1, 1, 1});
-    tell("origin", level.Entities[0].eOrigin, untouched.eOrigin);
-    EXPECT_EQ(outcome.str(), c.outcome);
-    EXPECT_EQ(document.IsModified(), !c.outcome.empty());
+    ExpectNear(c.tool == kEntity ? level.Entities[0].eOrigin : brush.Own().Pos, c.at, "at");
+    ExpectNear(brush.Own().Rot, c.turned, "turned");
+    EXPECT_TRUE(document.IsModified());
     EXPECT_EQ(brush.Own().WorkPos, brush.Own().Pos);
     EXPECT_EQ(brush.Own().WorkRot, brush.Own().Rot);
     EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
-    ExpectNear(brush.WorldOrigin(), brush.Own().Pos, "world");
   }
 }
 
-/// Members of a group at odd places, one that is no member, and the group's centre.
-class GroupTools : public MouseTools {
- protected:
-  GroupTools() {
-    level.Groups.resize(2);
-    state.CurrentGroup = 1;
-    state.GroupMovementMode = 1;
-    state.UseRotationSnap = 1;
-    state.RotationSnap = 6;
-    testing::Place(*members[1], [](Placement& own) { own.WorkRot = own.Rot = {700, 100, 50}; });
-  }
-
-  static Vector CornerOf(const CZandoBrush& member) { return member.WorldPolys()[0][0]; }
-
-  static constexpr Vector kPivot{30.25, 20, 13.625};  ///< the mean of their places
-  const std::vector<CZandoBrush*> members{&AddBox({100.5, 10, 20}, 1), &AddBox({-40, 30, 7.25}, 1)};
-  CZandoBrush& outsider = AddBox({8, 8, 8}, 0);
-};
-
-TEST_F(GroupTools, TurnsScalesAndShearsActAboutTheMembersCentreAsTheMatricesDo) {
-  struct Case {
+TEST_F(MouseTools, AGroupsMembersAreChangedAboutTheirCentreAsTheMatricesDoAndNoOtherBrush) {
+  const auto cornerOf = [](const CZandoBrush* of) { return of->WorldPolys()[0][0]; };
+  CZandoBrush* const members[] = {&AddBox({100.5, 10, 20}, 1), &AddBox({-40, 30, 7.25}, 1)};
+  CZandoBrush* const others[] = {&AddBox({8, 8, 8}, 0), &brush};
+  testing::Place(*members[1], [](Placement& own) { own.WorkRot = own.Rot = {700, 100, 50}; });
+  level.Groups.resize(2);
+  state.CurrentGroup = state.GroupMovementMode = 1;
+  const Vector pivot{30.25, 20, 13.625};  // the mean of their places
+  const Vector untouched[] = {cornerOf(others[0]), cornerOf(others[1])};
+  const struct {
     CommandId tool;
     ViewKind kind;
     std::string press, release;
     std::function<void(Transform&)> operation;
-  };
-  const Vector others[] = {CornerOf(outsider), CornerOf(brush)};
-  desktop.ShiftDown = true;  // does not matter here
-  for (const Case& c : std::vector<Case>{
-           {kMove, kSolid, "R", "r", [](Transform& t) { t.Rotate(-60, -24, 0); }},
-           {kScale, kSolid, "L R", "r l", [](Transform& t) { t.Scale(1.05, 1.05, 1.05); }},
-           {kShear, kTop, "L", "l", [](Transform& t) { t.Shear(0.02, 0, -0.05); }}}) {
+  } cases[] = {{kMove, kSolid, "shift step=6 R", "r", [](Transform& t) { t.Rotate(-60, -24, 0); }},
+               {kScale, kSolid, "L R", "r l", [](Transform& t) { t.Scale(1.05, 1.05, 1.05); }},
+               {kShear, kTop, "L", "l", [](Transform& t) { t.Shear(0.02, 0, -0.05); }}};
+  for (const auto& c : cases) {
     Transform matrix = Transform::Identity();
-    matrix.Translate(-kPivot);
+    matrix.Translate(-pivot);
     c.operation(matrix);
-    matrix.Translate(kPivot);
-    Vector corners[] = {CornerOf(*members[0]), CornerOf(*members[1])};
+    matrix.Translate(pivot);
+    Vector corners[] = {cornerOf(members[0]), cornerOf(members[1])};
     for (Vector& corner : corners) matrix.TransformPoint(corner);
     Use(c.tool, c.kind);
-    Play(c.press + " 10,4");
-    for (std::size_t i = 0; i < 2; ++i) ExpectNear(CornerOf(*members[i]), corners[i], "dragged");
-    Play(c.release);
-    for (std::size_t i = 0; i < 2; ++i) {
-      ExpectNear(CornerOf(*members[i]), corners[i], "committed");
-      EXPECT_EQ(members[i]->Slot(kGroupSlot).WorkRot, kZero);
+    for (const std::string& script : {c.press + " 10,4", c.release}) {
+      Play(script);
+      for (std::size_t i = 0; i < 2; ++i) ExpectNear(cornerOf(members[i]), corners[i], script);
     }
   }
-  EXPECT_EQ(CornerOf(outsider), others[0]);
-  EXPECT_EQ(CornerOf(brush), others[1]) << "no member, though current";
-}
-
-TEST_F(GroupTools, AMoveTakesEveryMemberByTheSnappedDisplacementAndRenewsTheCentre) {
-  state.UseGrid = 1;
-  state.GridSize = 16;
-  Play("L 5,0 L 4,0 l");  // a release that got lost
-  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, 20}));
-  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, 7.25}));
-  EXPECT_EQ(outsider.Own().Pos, (Vector{8, 8, 8}));
-  for (const CZandoBrush* member : members) {
-    ExpectNear(member->Slot(kGroupSlot).Pos, {46.25, 20, 13.625}, "mean");
-  }
-  EXPECT_EQ(level.Groups[1].Centre, members[0]->Slot(kGroupSlot).Pos);
-  Play("shift L 9,40 l");
-  EXPECT_EQ(members[0]->Own().Pos, (Vector{116.5, 10, -12}));
-  EXPECT_EQ(members[1]->Own().Pos, (Vector{-24, 30, -24.75}));
+  for (std::size_t i = 0; i < 2; ++i) EXPECT_EQ(cornerOf(others[i]), untouched[i]);
 }
 
 TEST_F(MouseTools, UntilItsLastButtonIsReleasedADragIsCapturedHiddenAndNotCommitted) {
@@ -412,52 +340,44 @@ TEST_F(MouseTools, ADragKeepsTheToolAndTheBrushItBeganWithUntilItsViewGoes) {
   ExpectAtRest();
 }
 
-TEST_F(GroupTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
+TEST_F(MouseTools, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
+  level.Groups.resize(2);
   AddEntitiesAt({"10 20 30", ""});
-  AddBox({5, 6, 7});
+  AddBox({5, 6, 7}, 1);
   brush.MoveTo({0.3, 0.4, 0.5});
-  view.OnSize(400, 300);
   for (const std::int32_t group : {-2, -1, 1}) {  // none, nor group movement; none; one
     for (const std::int32_t entity : {0, 1, -1}) {
       for (const CommandId tool : {kCamera, kMove, kScale, kShear, kEntity, kBox}) {
-        for (const ViewKind kind : {kTop, kSide, kFront, kSolid}) {
-          state.GroupMovementMode = group == -2 ? 0 : 1;
-          state.CurrentGroup = group;
-          state.CurrentEntity = entity;
-          Use(tool, kind);
-          document.SetModifiedFlag(false);
-          const Level before = level;
-          const CCamera camera = view.Camera();
-          const auto expectUntouched = [&](const char* what) {
-            EXPECT_TRUE(level == before) << what << " with tool " << tool;
-            EXPECT_FALSE(document.IsModified()) << what << " with tool " << tool;
-            EXPECT_EQ(brush.DragMatrix(), Transform::Identity());
-            EXPECT_EQ(view.Camera().Position, camera.Position);
-            EXPECT_EQ(view.Camera().Yaw, camera.Yaw);
-            EXPECT_EQ(view.Camera().Pitch, camera.Pitch);
-            EXPECT_EQ(view.Zoom(), camera.Zoom());
-          };
-          Play("L l R r L 0,0 R 0,0 r l");
-          expectUntouched("no motion");
-          settings.ActiveAxisMask = 0;
-          if (tool != kCamera) Play("L 9,7 l R 9,7 r L R 9,7 r l");
-          expectUntouched("no axis");
-          settings.ActiveAxisMask = kAllAxes;
-          const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
-          if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
-            state.CurrentEntity = entity;  // a right press may have picked another
-            if (ofBrush) view.Rotate90();
-            Play("L 9,7 l L 3,2 R 9,7 r l");
-            expectUntouched("nothing to drag");
-          }
-          for (const char* press : {"L", "R"}) {
-            Play(std::string(press) + " 9,7 3,4");
-            view.CancelDrag();
-            ExpectAtRest();
-            expectUntouched("given up");
-            Play("5,5 l r");
-            expectUntouched("released later");
-          }
+        state.GroupMovementMode = group == -2 ? 0 : 1;
+        state.CurrentGroup = group;
+        state.CurrentEntity = entity;
+        Use(tool, group == 1 ? kSolid : kTop);
+        document.SetModifiedFlag(false);
+        const Level before = level;
+        const auto expectUntouched = [&, camera = view.Camera()](const char* what) {
+          SCOPED_TRACE(::testing::Message() << what << " with tool " << tool);
+          EXPECT_TRUE(level == before);
+          EXPECT_FALSE(document.IsModified());
+          EXPECT_EQ(view.Camera().Position, camera.Position);
+          EXPECT_EQ(view.Camera().Yaw, camera.Yaw);
+          EXPECT_EQ(view.Camera().Pitch, camera.Pitch);
+          EXPECT_EQ(view.Zoom(), camera.Zoom());
+        };
+        Play("L l R r L 0,0 R 0,0 r l");
+        expectUntouched("no motion");
+        const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
+        if (ofBrush ? group == -1 : tool == kEntity && entity != 0) {
+          state.CurrentEntity = entity;  // a right press may have picked another
+          if (ofBrush) view.Rotate90();
+          Play("L 9,7 l L 3,2 R 9,7 r l");
+          expectUntouched("nothing to drag");
+        }
+        for (const char* press : {"L", "R"}) {
+          Play(std::string(press) + " 9,7 3,4");
+          view.CancelDrag();
+          ExpectAtRest();
+          Play("5,5 l r");
+          expectUntouched("given up");
         }
       }
     }
@@ -542,27 +462,21 @@ TEST_F(MouseTools, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
   EXPECT_EQ(brush.Own().WorkPos.x, 6);
 }
 
-TEST_F(MouseTools, SpaceAndTheMiddleButtonToggleTheCameraUnlessAButtonIsDown) {
-  for (const MouseFlags down : {MouseFlags{.left = true}, MouseFlags{.right = true}}) {
+TEST_F(MouseTools, KeysToggleTheCameraDeleteWhatTheToolWorksOnAndStepTheGrid) {
+  for (const MouseFlags down : {MouseFlags{.left = true}, {.right = true}, {}}) {
+    const bool toggles = !down.left && !down.right;
     view.OnKeyDown(Key::Space, down);
+    EXPECT_EQ(state.ToolMode, toggles ? kCamera : kMove);
     view.OnButtonUp(Button::Middle, down, {});
     EXPECT_EQ(state.ToolMode, kMove);
   }
-  view.OnKeyDown(Key::Space, {});
-  EXPECT_EQ(state.ToolMode, kCamera);
-  view.OnButtonUp(Button::Middle, {}, {});
-  EXPECT_EQ(state.ToolMode, kMove);
-}
-
-TEST_F(MouseTools, KeysDeleteWhatTheToolWorksOnAndStepTheGrid) {
   for (const CommandId tool : {kMove, kScale, kShear, kEntity, kBox, kCamera}) {
     level.Entities.resize(1);
     state.CurrentEntity = 0;
     SetCurrentBrush(document, AddBox(kZero).BBid);
     state.ToolMode = tool;
     view.OnKeyDown(Key::Delete, {});
-    const bool ofBrush = tool == kMove || tool == kScale || tool == kShear;
-    EXPECT_EQ(!document.BrushPicked(), ofBrush) << tool;
+    EXPECT_EQ(!document.BrushPicked(), tool == kMove || tool == kScale || tool == kShear) << tool;
     EXPECT_EQ(level.Entities.empty(), tool == kEntity) << tool;
   }
   view.OnKeyDown(Key::KeypadMinus, {});
