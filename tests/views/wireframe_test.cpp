@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 #include <string>
+#include <tuple>
 
 #include "document/brush_edits.h"
 #include "support/edit_level.h"
@@ -73,24 +74,19 @@ class Wireframe : public ::testing::Test {
 };
 
 TEST_F(Wireframe, BrushesAreOutlinesWithHandlesOpenInFlatViewsAndClosedInPerspective) {
-  struct Row {
-    ViewKind kind;
-    double zoom;
-    std::string outline;
-  };
   AddTurnedTriangle();
   view.Camera().Position = {0, 0, -500};
-  for (const Row& row :
-       {Row{ViewKind::Top, 0.1,
-            "poly 200,90 200,106 194,100; "
-            "fill 198,88 4x4 FFFFFF; fill 198,104 4x4 FFFFFF; fill 192,98 4x4 FFFFFF; "},
-        {ViewKind::Side, 1,
+  for (const auto& [kind, zoom, outline] :
+       {std::tuple{ViewKind::Top, 0.1,
+                   "poly 200,90 200,106 194,100; "
+                   "fill 198,88 4x4 FFFFFF; fill 198,104 4x4 FFFFFF; fill 192,98 4x4 FFFFFF; "},
+        {ViewKind::Side, 1.0,
          "poly 805,130 644,130 700,180; "
          "fill 803,128 4x4 FFFFFF; fill 642,128 4x4 FFFFFF; fill 698,178 4x4 FFFFFF; "},
-        {ViewKind::Wireframe, 2,
+        {ViewKind::Wireframe, 2.0,
          "move 199,143; line 199,140; line 175,162; line 199,143; "
          "fill 197,141 4x4 FFFFFF; fill 197,138 4x4 FFFFFF; fill 173,160 4x4 FFFFFF; "}}) {
-    EXPECT_EQ(DrawContent(row.kind, row.zoom), "pen FFFFFF 1; " + row.outline + "pen 000000 1; ");
+    EXPECT_EQ(DrawContent(kind, zoom), std::string("pen FFFFFF 1; ") + outline + "pen 000000 1; ");
   }
   view.Camera().Position = {0, 0, 100};
   EXPECT_EQ(DrawContent(ViewKind::Wireframe, 1), "pen FFFFFF 1; pen 000000 1; ") << "behind";
@@ -127,12 +123,12 @@ TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
   picked.BFlags |= BF_SELECTED;
   state.CurrentBrush = picked.BBid;
   state.ShowBrush = 1;
+  view.Camera().Position = {0, 0, -500};
   for (const ViewKind kind : {ViewKind::Side, ViewKind::Wireframe}) {
-    view.Camera().Position = {0, 0, kind == ViewKind::Side ? 0.0 : -500.0};
-    const testing::CRecordingDC& drawn = Draw(kind, 1);
-    EXPECT_EQ(drawn.Count("pen 00FFFF 2"), 1);
-    EXPECT_EQ(drawn.Count("4x4 00FFFF"), 3);
-    EXPECT_TRUE(drawn.Text.ends_with("pen 000000 1; fill 198,148 4x4 FF0000; "));
+    Draw(kind, 1);
+    EXPECT_EQ(dc.Count("pen 00FFFF 2"), 1);
+    EXPECT_EQ(dc.Count("4x4 00FFFF"), 3);
+    EXPECT_EQ(dc.Count("4x4 FF0000"), 1);
   }
 }
 
