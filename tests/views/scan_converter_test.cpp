@@ -31,35 +31,31 @@ CProjectedPoly Polygon(const Points& points) {
 
 TEST(ScanConverter, FillsThePixelsWhoseTopLeftCornerIsWithin) {
   struct Case {
-    const char* name;
     Points points;
     std::string rows;  ///< of 4, 8 pixels wide: "row: from-to; "
   };
   CScanConverter converter;
   CSpanBuffer spans;
   for (const Case& c : std::vector<Case>{
-           {"on whole pixels, right and bottom edge outside",
-            {{1, 1, 1}, {4, 1, 1}, {4, 3, 1}, {1, 3, 1}},
-            "1: 1-4; 2: 1-4; "},
-           {"between pixels",
-            {{0.1, 0.1, 1}, {2.1, 0.1, 1}, {2.1, 1.1, 1}, {0.1, 1.1, 1}},
-            "1: 1-3; "},
-           {"slopes", {{0, 0, 1}, {8, 0, 1}, {0, 4, 1}}, "0: 0-8; 1: 0-6; 2: 0-4; 3: 0-2; "},
-           {"cut by every side",
-            {{-5, -5, 1}, {5, -5, 1}, {15, 5, 1}, {5, 15, 1}, {-5, 5, 1}},
+           // On whole pixels the right and the bottom edge are outside.
+           {{{1, 1, 1}, {4, 1, 1}, {4, 3, 1}, {1, 3, 1}}, "1: 1-4; 2: 1-4; "},
+           {{{0.1, 0.1, 1}, {2.1, 0.1, 1}, {2.1, 1.1, 1}, {0.1, 1.1, 1}}, "1: 1-3; "},
+           {{{0, 0, 1}, {8, 0, 1}, {0, 4, 1}}, "0: 0-8; 1: 0-6; 2: 0-4; 3: 0-2; "},
+           // Cut by every side.
+           {{{-5, -5, 1}, {5, -5, 1}, {15, 5, 1}, {5, 15, 1}, {-5, 5, 1}},
             "0: 0-8; 1: 0-8; 2: 0-8; 3: 0-8; "},
-           {"the other way round", {{1, 1, 1}, {1, 3, 1}, {4, 3, 1}, {4, 1, 1}}, ""},
-           {"between two rows", {{0, 0.2, 1}, {7, 0.4, 1}, {3, 0.9, 1}}, ""},
-           {"between two columns", {{0.2, 0, 1}, {0.9, 2, 1}, {0.4, 3, 1}}, ""},
-           {"one y", {{0, 1, 1}, {7, 1, 1}, {3, 1, 1}}, ""},
-           {"one x", {{1, 0, 1}, {1, 3, 1}, {1, 2, 1}}, ""},
-           {"two points", {{0, 0, 1}, {7, 3, 1}}, ""},
-           {"left of it", {{-9, 0, 1}, {-0.5, 0, 1}, {-0.5, 4, 1}}, ""},
-           {"right of it", {{8, 0, 1}, {12, 0, 1}, {8, 4, 1}}, ""},
-           {"above it", {{0, -9, 1}, {8, -9, 1}, {0, -0.5, 1}}, ""},
-           {"below it", {{0, 4, 1}, {8, 4, 1}, {0, 9, 1}}, ""},
-           {"not a number", {{0, 0, 1}, {8, kNaN, 1}, {0, 4, 1}}, ""},
-           {"infinite", {{0, 0, 1}, {kInf, 0, 1}, {0, 4, 1}}, ""}}) {
+           // The other way round; between two rows, two columns; on one line; beside it.
+           {{{1, 1, 1}, {1, 3, 1}, {4, 3, 1}, {4, 1, 1}}, ""},
+           {{{0, 0.2, 1}, {7, 0.4, 1}, {3, 0.9, 1}}, ""},
+           {{{0.2, 0, 1}, {0.9, 2, 1}, {0.4, 3, 1}}, ""},
+           {{{0, 1, 1}, {7, 1, 1}, {3, 1, 1}}, ""},
+           {{{1, 0, 1}, {1, 3, 1}, {1, 2, 1}}, ""},
+           {{{-9, 0, 1}, {-0.5, 0, 1}, {-0.5, 4, 1}}, ""},
+           {{{8, 0, 1}, {12, 0, 1}, {8, 4, 1}}, ""},
+           // Two points; no numbers.
+           {{{0, 0, 1}, {7, 3, 1}}, ""},
+           {{{0, 0, 1}, {8, kNaN, 1}, {0, 4, 1}}, ""},
+           {{{0, 0, 1}, {kInf, 0, 1}, {0, 4, 1}}, ""}}) {
     spans.ResetSpans(8, 4);
     converter.ScanConvert(Polygon(c.points), nullptr, spans);
     std::string rows;
@@ -67,7 +63,7 @@ TEST(ScanConverter, FillsThePixelsWhoseTopLeftCornerIsWithin) {
       rows += std::to_string(span.y) + ": " + std::to_string(span.x0) + "-" +
               std::to_string(span.x1) + "; ";
     }
-    EXPECT_EQ(rows, c.rows) << c.name;
+    EXPECT_EQ(rows, c.rows) << c.points[0].x << " " << c.points[0].y;
   }
 }
 
