@@ -216,42 +216,31 @@ TEST_F(MouseTools, TheCameraFliesTurnsPansAndZooms) {
 }
 
 TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
-  const struct {
+  struct Case {
     CommandId tool;
-    ViewKind kind;
     std::string script;
     Vector at, turned{0, 0, 0};
     double x = 0;  ///< each coordinate of the brush before
-  } cases[] = {
+  };
+  const Case cases[] = {
       // Halves are snapped up, to whole units without a grid; what is not moved is left.
-      {kMove, kTop, "grid=16 L 23,0 l", {16, 0.6, 0.6}, kZero, 0.6},
-      {kMove, kTop, "grid=16 L -24,24 l", {-16, 0, -16}},
-      {kMove, kTop, "L 5,0 l", {6, 0.5, 0.5}, kZero, 0.5},
-      {kMove, kTop, "grid=0 L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
-      {kMove, kTop, "grid=inf L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
-      {kMove,
-       kSolid,
-       "R -2,0 r",
-       kZero,
-       {8192.0 / 360, 0,
-        0}},  // a degree
-              // Shift keeps the largest change, and of equal ones that along the last axis.
-      {kMove, kSolid, "shift L 50,50 l", {0, 0, -50}},
-      {kMove,
-       kSolid,
-       "shift step=6 R -10,-10 r",
-       kZero,
-       {60, 0, 0}},  // yaw is about y
-                     // The last button up ends a drag, in whatever order.
-      {kMove, kTop, "L 4,0 R 4,0 l r", {8, 0, 0}},
-      {kMove, kTop, "L 4,0 R 4,0 r l", {8, 0, 0}},
-      {kMove, kTop, "L 5,0 lost R 9,9 r l L 5,0 L 2,0 l", {12, 0, 0}},
-      {kMove, kTop, "step=6 L 7,0 R 2,0 l -5,0 r", {9, 0, 0}, {30, 0, 0}},
-      {kEntity, kFront, "grid=8 shift L 9,16 l", {10, 8, 30}},
-      {kEntity, kFront, "grid=8 L R 8,0 r l", {16, 20, 30}}};
+      {kMove, "grid=16 L 23,0 l", {16, 0.6, 0.6}, kZero, 0.6},
+      {kMove, "grid=16 L -24,24 l", {-16, 0, -16}},
+      {kMove, "L 5,0 l", {6, 0.5, 0.5}, kZero, 0.5},
+      {kMove, "grid=0 L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
+      {kMove, "grid=inf L 5,0 l", {5, 0.4, 0.4}, kZero, 0.4},
+      // Shift keeps the largest change, and of equal ones that along the last axis.
+      {kMove, "shift L 50,50 l", {0, 0, -50}},
+      // The last button up ends a drag, in whatever order.
+      {kMove, "L 4,0 R 4,0 l r", {8, 0, 0}},
+      {kMove, "L 4,0 R 4,0 r l", {8, 0, 0}},
+      {kMove, "L 5,0 lost R 9,9 r l L 5,0 L 2,0 l", {12, 0, 0}},
+      {kMove, "step=6 L 7,0 R 2,0 l -5,0 r", {9, 0, 0}, {30, 0, 0}},
+      {kEntity, "grid=8 shift L 9,16 l", {10, 20, 16}},
+      {kEntity, "grid=8 L R 8,0 r l", {16, 20, 30}}};
   AddEntitiesAt({"10 20 30"});
   const Level before = level;
-  for (const auto& c : cases) {
+  for (const Case& c : cases) {
     SCOPED_TRACE(c.script);
     level = before;
     brush.MoveTo({c.x, c.x, c.x});
@@ -259,7 +248,7 @@ TEST_F(MouseTools, AFinishedDragSnapsAndCommits) {
     state.UseGrid = state.UseRotationSnap = 0;
     document.SetModifiedFlag(false);
     desktop.ShiftDown = false;
-    Use(c.tool, c.kind);
+    Use(c.tool, kTop);
     Play(c.script);
     ExpectNear(c.tool == kEntity ? level.Entities[0].eOrigin : brush.Own().Pos, c.at, "at");
     ExpectNear(brush.Own().Rot, c.turned, "turned");

@@ -36,26 +36,24 @@ TEST(ScanConverter, FillsThePixelsWhoseTopLeftCornerIsWithin) {
   };
   CScanConverter converter;
   CSpanBuffer spans;
-  for (const Case& c : std::vector<Case>{
-           // On whole pixels the right and the bottom edge are outside.
-           {{{1, 1, 1}, {4, 1, 1}, {4, 3, 1}, {1, 3, 1}}, "1: 1-4; 2: 1-4; "},
-           {{{0.1, 0.1, 1}, {2.1, 0.1, 1}, {2.1, 1.1, 1}, {0.1, 1.1, 1}}, "1: 1-3; "},
-           {{{0, 0, 1}, {8, 0, 1}, {0, 4, 1}}, "0: 0-8; 1: 0-6; 2: 0-4; 3: 0-2; "},
-           // Cut by every side.
-           {{{-5, -5, 1}, {5, -5, 1}, {15, 5, 1}, {5, 15, 1}, {-5, 5, 1}},
-            "0: 0-8; 1: 0-8; 2: 0-8; 3: 0-8; "},
-           // The other way round; between two rows, two columns; on one line; beside it.
-           {{{1, 1, 1}, {1, 3, 1}, {4, 3, 1}, {4, 1, 1}}, ""},
-           {{{0, 0.2, 1}, {7, 0.4, 1}, {3, 0.9, 1}}, ""},
-           {{{0.2, 0, 1}, {0.9, 2, 1}, {0.4, 3, 1}}, ""},
-           {{{0, 1, 1}, {7, 1, 1}, {3, 1, 1}}, ""},
-           {{{1, 0, 1}, {1, 3, 1}, {1, 2, 1}}, ""},
-           {{{-9, 0, 1}, {-0.5, 0, 1}, {-0.5, 4, 1}}, ""},
-           {{{8, 0, 1}, {12, 0, 1}, {8, 4, 1}}, ""},
-           // Two points; no numbers.
-           {{{0, 0, 1}, {7, 3, 1}}, ""},
-           {{{0, 0, 1}, {8, kNaN, 1}, {0, 4, 1}}, ""},
-           {{{0, 0, 1}, {kInf, 0, 1}, {0, 4, 1}}, ""}}) {
+  for (const Case& c :
+       {// On whole pixels the right and the bottom edge are outside.
+        Case{{{1, 1, 1}, {4, 1, 1}, {4, 3, 1}, {1, 3, 1}}, "1: 1-4; 2: 1-4; "},
+        Case{{{0.1, 0.1, 1}, {2.1, 0.1, 1}, {2.1, 1.1, 1}, {0.1, 1.1, 1}}, "1: 1-3; "},
+        Case{{{0, 0, 1}, {8, 0, 1}, {0, 4, 1}}, "0: 0-8; 1: 0-6; 2: 0-4; 3: 0-2; "},
+        // Cut by every side.
+        Case{{{-5, -5, 1}, {5, -5, 1}, {15, 5, 1}, {5, 15, 1}, {-5, 5, 1}},
+             "0: 0-8; 1: 0-8; 2: 0-8; 3: 0-8; "},
+        // The other way round; between two rows, two columns; on one line; beside it.
+        Case{{{1, 1, 1}, {1, 3, 1}, {4, 3, 1}, {4, 1, 1}}, ""},
+        Case{{{0, 0.2, 1}, {7, 0.4, 1}, {3, 0.9, 1}}, ""},
+        Case{{{0.2, 0, 1}, {0.9, 2, 1}, {0.4, 3, 1}}, ""},
+        Case{{{0, 1, 1}, {7, 1, 1}, {3, 1, 1}}, ""}, Case{{{1, 0, 1}, {1, 3, 1}, {1, 2, 1}}, ""},
+        Case{{{-9, 0, 1}, {-0.5, 0, 1}, {-0.5, 4, 1}}, ""},
+        Case{{{8, 0, 1}, {12, 0, 1}, {8, 4, 1}}, ""},
+        // Two points; no numbers.
+        Case{{{0, 0, 1}, {7, 3, 1}}, ""}, Case{{{0, 0, 1}, {8, kNaN, 1}, {0, 4, 1}}, ""},
+        Case{{{0, 0, 1}, {kInf, 0, 1}, {0, 4, 1}}, ""}}) {
     spans.ResetSpans(8, 4);
     converter.ScanConvert(Polygon(c.points), nullptr, spans);
     std::string rows;

@@ -89,27 +89,20 @@ TEST_F(TextureView, ARowEndsBehindTheTextureThatReachesPastTheWindow) {
 
 TEST_F(TextureView, AClickWithinATextureSelectsItAndNamesTheCurrentBrush) {
   ShowFourInTwoRows();
-  constexpr std::int32_t kNone = -1;
-  for (const auto& [point, texture] : {std::pair{ScreenPoint{1, 1}, 0},
-                                       {{127, 127}, 0},
-                                       {{0, 64}, kNone},
-                                       {{64, 0}, kNone},
-                                       {{128, 64}, kNone},
-                                       {{64, 128}, kNone},
-                                       {{145, 1}, 1},
-                                       {{100, 150}, 3},
-                                       {{64, 100000}, kNone}}) {
-    const bool hit = texture != kNone;
+  using Case = std::pair<ScreenPoint, std::optional<std::int32_t>>;
+  for (const auto& [point, hit] :
+       {Case{{1, 1}, 0}, Case{{127, 127}, 0}, Case{{0, 64}, {}}, Case{{64, 0}, {}},
+        Case{{128, 64}, {}}, Case{{64, 128}, {}}, Case{{145, 1}, 1}, Case{{100, 150}, 3},
+        Case{{64, 100000}, {}}}) {
     view.OnLeftButtonUp({350, 64});
     testing::Edit(document).WorkingBrush.Name = "before";
     document.SetModifiedFlag(false);
     window.Redraws = other.Updates = 0;
     view.OnLeftButtonUp(point);
-    EXPECT_EQ(view.TextureAt(point), hit ? std::optional(texture) : std::nullopt)
-        << point.x << "," << point.y;
-    EXPECT_EQ(view.Selected(), hit ? texture : 2);
-    EXPECT_EQ(document.CurrentBrush().Name, hit ? "t" + std::to_string(texture) : "before");
-    EXPECT_EQ(document.IsModified(), hit);
+    EXPECT_EQ(view.TextureAt(point), hit) << point.x << "," << point.y;
+    EXPECT_EQ(view.Selected(), hit.value_or(2));
+    EXPECT_EQ(document.CurrentBrush().Name, hit ? "t" + std::to_string(*hit) : "before");
+    EXPECT_EQ(document.IsModified(), hit.has_value());
     EXPECT_EQ(window.Redraws, hit ? 1 : 0);
     EXPECT_EQ(other.Updates, hit ? 1 : 0);
   }

@@ -92,7 +92,7 @@ TEST_F(Wireframe, BrushesAreOutlinesWithHandlesOpenInFlatViewsAndClosedInPerspec
   EXPECT_EQ(DrawContent(ViewKind::Wireframe, 1), "pen FFFFFF 1; pen 000000 1; ") << "behind";
 }
 
-TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
+TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursCyanWhenSelectedWithARedOrigin) {
   AddTurnedTriangle().BFlags = 0;  // hidden
   CZandoBrush& picked = AddTurnedTriangle();
   CZandoBrush& grouped = AddTurnedTriangle();
@@ -111,25 +111,15 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
       "fill 208,108 4x4 FF0000; fill 208,108 4x4 FF0000; fill 149,157 4x4 FF0000; pen 000000 1; ";
   const std::string origin = "fill 208,128 4x4 FF0000; ";
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + entity + current + origin);
+  picked.BFlags |= BF_SELECTED;
+  EXPECT_EQ(Draw(ViewKind::Front, 1).Count("pen 00FFFF 2"), 1);
+  EXPECT_EQ(dc.Count("4x4 00FFFF"), 3);
+  EXPECT_TRUE(dc.Text.ends_with(origin));
   state.ShowEntities = 0;
   picked.BFlags = 0;  // a filter takes its outline, not its origin
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + origin);
   state.ShowBrush = 0;
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others);
-}
-
-TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
-  CZandoBrush& picked = AddTurnedTriangle();
-  picked.BFlags |= BF_SELECTED;
-  state.CurrentBrush = picked.BBid;
-  state.ShowBrush = 1;
-  view.Camera().Position = {0, 0, -500};
-  for (const ViewKind kind : {ViewKind::Side, ViewKind::Wireframe}) {
-    Draw(kind, 1);
-    EXPECT_EQ(dc.Count("pen 00FFFF 2"), 1);
-    EXPECT_EQ(dc.Count("4x4 00FFFF"), 3);
-    EXPECT_EQ(dc.Count("4x4 FF0000"), 1);
-  }
 }
 
 TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
