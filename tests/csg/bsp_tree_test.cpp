@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "csg/csg_world.h"
@@ -17,38 +18,13 @@ namespace {
 /// A level square at height z, facing up or down. Its nPolNum names it by its height.
 CBspNode* SquareNode(CConstructiveBsp& tree, double z, bool up = true) {
   CZandoPoly square;
-  square.Append({-4.0, -4.0, z});
-  square.Append({4.0, -4.0, z});
-  square.Append({4.0, 4.0, z});
-  square.Append({-4.0, 4.0, z});
+  for (const auto& [x, y] : {std::pair{-4.0, -4.0}, {4.0, -4.0}, {4.0, 4.0}, {-4.0, 4.0}}) {
+    square.Append({x, y, z});
+  }
   CBspNode* node = tree.NewNode();
   node->TakePolygon(up ? square : ReverseCopy(square).polygon);
   node->nPolNum = static_cast<std::int32_t>(z);
   return node;
-}
-
-TEST(BspTree, LinkingAfterADeletionFindsOwnersAgainAndDropsLostOnes) {
-  constexpr std::int32_t kUnused = 9;
-  CBrushList level =
-      LevelOfBoxes({Solid({{0, 0, 0}, {8, 8, 8}}), Solid({{4, 4, 4}, {12, 12, 12}})});
-  CZandoBrush* const first = &level[0];
-  CZandoBrush* const second = &level[1];
-  CConstructiveBsp world;
-  BuildWorld(world, level, Build::StepByStep);
-  ASSERT_GT(world.coplanar, 0);
-  const auto expectOwners = [&](const CZandoBrush* of0, const CZandoBrush* of1) {
-    world.LinkBrushes(first);
-    for (const CBspNode* node : VisiblePolygons(world)) {
-      EXPECT_EQ(node->pBrush, node->nBid == 0 ? of0 : of1);
-      EXPECT_EQ(node->Face() == nullptr, node->pBrush == nullptr);
-    }
-  };
-  expectOwners(first, second);
-  second->BBid = 0;  // of two brushes with one id the first is meant
-  expectOwners(first, nullptr);
-  first->BBid = kUnused;
-  second->BBid = 1;
-  expectOwners(nullptr, second);
 }
 
 TEST(BspTree, StatisticsCountHiddenNodesAndChainMembersApart) {
@@ -65,36 +41,27 @@ TEST(BspTree, StatisticsCountHiddenNodesAndChainMembersApart) {
 }
 
 /// A head at 0 with a chain of its kind, the splitter between them; then what lies on its sides.
-TEST(BspTree, PartitioningDissolvesChainsAndALeafKeepsTheSplittersPlaneInItsOwn) {
-  for (const bool leaf : {false, true}) {
-    CConstructiveBsp tree;
-    CBspNode* splitter = SquareNode(tree, 0.0);
-    CBspNode* const own = SquareNode(tree, 0.0);
-    CBspNode* const head = SquareNode(tree, 0.0);
-    CBspNode* const member = SquareNode(tree, 0.0);
-    CBspNode* const before = SquareNode(tree, 5.0);
-    CBspNode* const opposite = SquareNode(tree, 0.0, false);
-    splitter->chain = own;
-    head->chain = before;
-    before->chain = member;
-    CNodeList list;
-    for (CBspNode* node : {head, splitter, opposite}) list.Append(node);
-    const Partitioned sides =
-        leaf ? PartitionLeaf(tree, splitter, list) : Partition(tree, splitter, list, nullptr);
-
-    const auto nodes = [](const CBspNode* first, CBspNode* CBspNode::*next) {
-      std::vector<const CBspNode*> all;
-      for (; first != nullptr; first = first->*next) all.push_back(first);
-      return all;
-    };
-    using Nodes = std::vector<const CBspNode*>;
-    EXPECT_EQ(nodes(sides.front.head, &CBspNode::link),
-              leaf ? Nodes{before} : (Nodes{head, before, member, own}));
-    EXPECT_EQ(nodes(sides.back.head, &CBspNode::link), Nodes{opposite});
-    EXPECT_EQ(nodes(splitter, &CBspNode::chain),
-              leaf ? (Nodes{splitter, head, member, own}) : Nodes{splitter});
-    EXPECT_EQ(before->chain, nullptr);
-  }
+TEST(BspTree, ALeafKeepsTheSplittersPlaneInItsChainAndDissolvesOtherChains) {
+  CConstructiveBsp tree;
+  CBspNode* const splitter = SquareNode(tree, 0.0);
+  CBspNode* const own = splitter->chain = SquareNode(tree, 0.0);
+  CBspNode* const head = SquareNode(tree, 0.0);
+  CBspNode* const before = head->chain = SquareNode(tree, 5.0);
+  CBspNode* const member = before->chain = SquareNode(tree, 0.0);
+  CBspNode* const opposite = SquareNode(tree, 0.0, false);
+  CNodeList list;
+  for (CBspNode* node : {head, splitter, opposite}) list.Append(node);
+  const Partitioned sides = PartitionLeaf(tree, splitter, list);
+  const auto nodes = [](const CBspNode* first, CBspNode* CBspNode::*next) {
+    std::vector<const CBspNode*> all;
+    for (; first != nullptr; first = first->*next) all.push_back(first);
+    return all;
+  };
+  using Nodes = std::vector<const CBspNode*>;
+  EXPECT_EQ(nodes(sides.front.head, &CBspNode::link), Nodes{before});
+  EXPECT_EQ(nodes(sides.back.head, &CBspNode::link), Nodes{opposite});
+  EXPECT_EQ(nodes(splitter, &CBspNode::chain), (Nodes{splitter, head, member, own}));
+  EXPECT_EQ(before->chain, nullptr);
 }
 
 /// Root at 0, facing up; in front of it 10 up and, in front of that, 12 down; behind it -10 up.
@@ -104,22 +71,21 @@ TEST(BspTree, TheWalkVisitsWhatFacesTheEyeNearestFirst) {
   tree.root->front = SquareNode(tree, 10.0);
   tree.root->front->front = SquareNode(tree, 12.0, false);
   tree.root->back = SquareNode(tree, -10.0);
-  const struct {
-    double eye;
-    std::vector<std::int32_t> heights;
-  } cases[] = {
-      {20.0, {10, 0, -10}}, {11.0, {12, 10, 0, -10}}, {5.0, {12, 0, -10}}, {0.0, {-10, 12}},
-      {0.0009, {-10, 12}},  {0.0011, {12, 0, -10}},   {-5.0, {-10, 12}},   {-20.0, {12}},
-  };
-  for (const auto& [eye, heights] : cases) {
+  using Heights = std::vector<std::int32_t>;
+  for (const auto& [eye, heights] : {std::pair{20.0, Heights{10, 0, -10}},
+                                     {11.0, {12, 10, 0, -10}},
+                                     {0.0, {-10, 12}},
+                                     {0.0009, {-10, 12}},
+                                     {0.0011, {12, 0, -10}},
+                                     {-20.0, {12}}}) {
     for (std::size_t limit = 1; limit <= heights.size(); ++limit) {
-      std::vector<std::int32_t> seen;
+      Heights seen;
       CWalkStack stack;
       WalkFrontToBack(tree.root, {1.0, 2.0, eye}, stack, [&](const CBspNode* node) {
         seen.push_back(node->nPolNum);
         return seen.size() == limit;
       });
-      EXPECT_EQ(seen, std::vector(heights.begin(), heights.begin() + std::ptrdiff_t(limit))) << eye;
+      EXPECT_EQ(seen, Heights(heights.begin(), heights.begin() + std::ptrdiff_t(limit))) << eye;
     }
   }
 }

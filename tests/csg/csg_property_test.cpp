@@ -76,23 +76,5 @@ TEST(CsgProperties, OptimalRebuildShowsExactlyTheSurfaceOfBoxes) {
   }
 }
 
-/// The visible polygons of turned brushes bound a volume: their areas, as vectors, add up to
-/// nothing. A polygon missing or too many would leave its own area.
-TEST(CsgProperties, OptimalRebuildOfSlopedAndTurnedBrushesIsAClosedSurface) {
-  for (std::uint64_t seed = 1; seed <= 40; ++seed) {
-    CConstructiveBsp world;
-    const CBrushList level = RandomLevel(
-        seed, {.brushes = 20, .extent = 160, .tapered = 30, .turned = seed % 2 == 0 ? 0 : 80});
-    BuildWorld(world, level, Build::Optimal);
-    Vector sum{0.0, 0.0, 0.0};
-    double area = 0.0;
-    for (const CBspNode* node : VisiblePolygons(world)) {
-      sum = sum + node->plane.normal * Area(node->polygon);
-      area += Area(node->polygon);
-    }
-    EXPECT_LT(Length(sum), 1e-4 * area) << "seed " << seed;
-  }
-}
-
 }  // namespace
 }  // namespace zando::testing

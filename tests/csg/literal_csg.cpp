@@ -76,19 +76,22 @@ void Insert(Tree& tree, CBspNode* at, CBspNode* piece, Rule rule, bool keepInFro
   }
 }
 
-void InsertAdd(Tree& tree, CBspNode* node) {
+/// A carver finds nothing to carve where there is no world yet.
+void InsertFace(Tree& tree, CBspNode* node, bool adds) {
+  if (tree.root == nullptr && !adds) return;
   ++tree.inserted;
   if (tree.root == nullptr) {
     tree.root = node;
-    return;
+  } else {
+    Insert(tree, tree.root, node, {adds, !adds}, adds);
   }
-  Insert(tree, tree.root, node, {true, false}, true);
 }
 
-void InsertSubtract(Tree& tree, CBspNode* node) {
-  if (tree.root == nullptr) return;
-  ++tree.inserted;
-  Insert(tree, tree.root, node, {false, true}, false);
+void InsertCopy(Tree& tree, const CZandoPoly& face) {
+  if (face.count == 0) return;
+  CBspNode* node = tree.NewNode();
+  node->TakePolygon(face);
+  InsertFace(tree, node, true);
 }
 
 /// Hide: what is inside a brush is hidden and the rest is shown. Show: what is inside is shown.
@@ -143,12 +146,7 @@ void ClipWorldByBrush(Tree& world, CBspNode* node, const Tree& clipper, Rule rul
 }
 
 void BuildFullTree(Tree& tree, const CZandoBrush& brush) {
-  for (const CZandoPoly& face : brush.WorldPolys()) {
-    if (face.count == 0) continue;
-    CBspNode* node = tree.NewNode();
-    node->TakePolygon(face);
-    InsertAdd(tree, node);
-  }
+  for (const CZandoPoly& face : brush.WorldPolys()) InsertCopy(tree, face);
 }
 
 /// The faces that bound the brush within a plane. One that merely touches it bounds nothing there.
@@ -172,10 +170,7 @@ void BuildClipTree(Tree& tree, const CZandoBrush& brush, const Plane& plane) {
       if (ClassifyPoint(plane, vertex) == PointClass::On) ++on;
     }
     const bool aside = kind == PolygonClass::Front || kind == PolygonClass::Back;
-    if (face.count == 0 || (aside && on < 2)) continue;
-    CBspNode* node = tree.NewNode();
-    node->TakePolygon(face);
-    InsertAdd(tree, node);
+    if (!aside || on >= 2) InsertCopy(tree, face);
   }
 }
 
@@ -223,15 +218,13 @@ CBspNode* FaceNode(Tree& tree, const CZandoBrush& brush, std::size_t face, std::
 /// A solid brush's new face against another brush.
 void ClipSolidFace(Tree& world, CBspNode* f, const CZandoBrush& other, bool otherIsEarlier) {
   const bool carves = other.TranT != kAddToWorld;
+  const bool shows = carves && otherIsEarlier;
+  if (f->nValid == 0 && !shows) return;
   Tree clip;
-  if (f->nValid == 0 && !(carves && otherIsEarlier)) return;
   BuildClipTree(clip, other, f->plane);
   world.refused += clip.refused;
-  if (carves && otherIsEarlier) {
-    ClipBy(clip, world, f, kAsGiven, Mode::Show);
-  } else {
-    ClipBy(clip, world, f, carves ? kAllInside : kAsGiven, Mode::Hide);
-  }
+  const Rule rule = carves && !shows ? kAllInside : kAsGiven;
+  ClipBy(clip, world, f, rule, shows ? Mode::Show : Mode::Hide);
 }
 
 /// A carver's new face against the full tree of another brush.
@@ -317,12 +310,7 @@ void InsertBrush(Tree& world, const CZandoBrush& brush, std::int32_t id) {
   if (!brush.HasVolume()) return;
   for (std::size_t k = 0; k < brush.WorldPolys().size(); ++k) {
     if (brush.WorldPolys()[k].count == 0) continue;
-    CBspNode* node = FaceNode(world, brush, k, id);
-    if (brush.TranT == kAddToWorld) {
-      InsertAdd(world, node);
-    } else {
-      InsertSubtract(world, node);
-    }
+    InsertFace(world, FaceNode(world, brush, k, id), brush.TranT == kAddToWorld);
   }
   Tree own;
   BuildFullTree(own, brush);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "document/brush_edits.h"
@@ -130,54 +131,46 @@ TEST_F(Picking, AFlatViewPicksTheLeastVolumeInItsOwnPlaneEvenWhereACoordinateIsZ
   AddBox({{-32, 500, -32}, {32, 700, 32}});  // tall
   AddBox({{-50, 500, -50}, {50, 510, 50}});  // less of it, though wider
   AddBox({{-5, 500, -5}, {5, 501, 5}}).BFlags = 0;
-  for (const auto& [kind, pixel, id] : {std::tuple{ViewKind::Top, ScreenPoint{200, 150}, 1},
-                                        {ViewKind::Top, {251, 150}, -1},
-                                        {ViewKind::Top, {250, 200}, 1},
-                                        {ViewKind::Side, {200, 150}, -1},
-                                        {ViewKind::Front, {200, 150}, -1}}) {
-    Look(kind, {0, 0, 0});
-    EXPECT_EQ(PickedBrush(pixel), id) << pixel.x;
-  }
-  Look(ViewKind::Front, {0, 600, 0});
-  EXPECT_EQ(PickedBrush({200, 150}), 0);
+  const auto picked = [&](ViewKind kind, double y, ScreenPoint pixel) {
+    Look(kind, {0, y, 0});
+    return PickedBrush(pixel);
+  };
+  EXPECT_EQ(picked(ViewKind::Top, 0, {200, 150}), 1);
+  EXPECT_EQ(picked(ViewKind::Top, 0, {251, 150}), kWorkingBrush);
+  EXPECT_EQ(picked(ViewKind::Side, 0, {200, 150}), kWorkingBrush);
+  EXPECT_EQ(picked(ViewKind::Front, 0, {200, 150}), kWorkingBrush);
+  EXPECT_EQ(picked(ViewKind::Front, 600, {200, 150}), 0);
 }
 
 TEST_F(Picking, TheNearestShownEntityIsPickedWithinItsReach) {
-  struct Case {
-    ViewKind kind;
-    ScreenPoint pixel;
-    std::int32_t entity;  ///< -1 for the one before
-  };
   AddEntity("");                  // without an origin it is nowhere
   AddEntity("0 0 0").eFlags = 0;  // hidden
   AddEntity("-3 9 0");
   AddEntity("17 9 0");
   AddEntity("0 0 -300");
-  for (const Case& c :
-       std::vector<Case>{{ViewKind::Top, {207, 150}, 2},  // as near as the other, and first
-                         {ViewKind::Top, {208, 150}, 3},
-                         {ViewKind::Top, {317, 150}, 3},
-                         {ViewKind::Top, {318, 150}, -1},
-                         {ViewKind::Top, {277, 230}, 3},
-                         {ViewKind::Top, {278, 230}, -1},
-                         {ViewKind::Side, {200, 241}, 2},
-                         {ViewKind::Side, {200, 242}, -1},
-                         // A unit is a pixel at this depth.
-                         {ViewKind::Wireframe, {207, 141}, 2},
-                         {ViewKind::Solid, {208, 141}, 3},
-                         {ViewKind::Texture, {229, 141}, 3},
-                         {ViewKind::Solid, {230, 141}, -1},
-                         {ViewKind::Solid, {200, 150}, 2},
-                         {ViewKind::Solid, {189, 132}, -1},
-                         {ViewKind::Solid, {189, 133}, 2},
-                         {ViewKind::Solid, {-32, -32}, -1}}) {
-    Look(c.kind, {0, 0, IsOrthographic(c.kind) ? 0.0 : -200.0});
+  for (const auto& [kind, pixel, entity] :
+       {std::tuple{ViewKind::Top, ScreenPoint{207, 150}, 2},  // as near as the other, and first
+        {ViewKind::Top, {208, 150}, 3},
+        {ViewKind::Top, {317, 150}, 3},
+        {ViewKind::Top, {318, 150}, 7},
+        {ViewKind::Top, {278, 230}, 7},
+        {ViewKind::Side, {200, 241}, 2},
+        {ViewKind::Side, {200, 242}, 7},
+        // A unit is a pixel at this depth.
+        {ViewKind::Wireframe, {207, 141}, 2},
+        {ViewKind::Solid, {208, 141}, 3},
+        {ViewKind::Texture, {229, 141}, 3},
+        {ViewKind::Solid, {230, 141}, 7},
+        {ViewKind::Solid, {189, 132}, 7},
+        {ViewKind::Solid, {189, 133}, 2},
+        {ViewKind::Solid, {-32, -32}, 7}}) {
+    Look(kind, {0, 0, IsOrthographic(kind) ? 0.0 : -200.0});
     for (const std::int32_t shown : {1, 0}) {
       state.ShowEntities = shown;
       state.CurrentEntity = 7;
-      PickEntityAt(document, camera, c.pixel);
-      EXPECT_EQ(state.CurrentEntity, shown == 1 && c.entity >= 0 ? c.entity : 7)
-          << static_cast<int>(c.kind) << ": " << c.pixel.x << "," << c.pixel.y;
+      PickEntityAt(document, camera, pixel);
+      EXPECT_EQ(state.CurrentEntity, shown == 1 ? entity : 7)
+          << static_cast<int>(kind) << ": " << pixel.x << "," << pixel.y;
     }
   }
   EXPECT_FALSE(document.IsModified());
@@ -194,38 +187,30 @@ TEST_F(Picking, AFrameTakesWhatIsShownWhollyInItAndBeforeTheEye) {
   AddBox({}).SetPolyCount(0);
   for (const char* origin : {"50 40 0", "51 0 0", "0 0 -300", "0 999 0", ""}) AddEntity(origin);
   AddEntity("0 0 0").eFlags = 0;
-  struct Case {
-    ViewKind kind;
-    std::string selected;  ///< brushes, entities
-  };
-  const ScreenRect frame{150, 110, 250, 190};
   document.SetModifiedFlag(false);
-  for (const Case& c : {Case{ViewKind::Wireframe, "01000100 100000"},
-                        {ViewKind::Solid, "01000100 100000"},
-                        {ViewKind::Texture, "01000100 100000"},
-                        {ViewKind::Front, "01011100 101000"},
-                        {ViewKind::Side, "00000100 110000"},
-                        {ViewKind::Top, "00000100 100100"}}) {
-    SCOPED_TRACE(static_cast<int>(c.kind));
-    Look(c.kind, {0, 0, IsOrthographic(c.kind) ? 0.0 : -200.0});
-    const auto selected = [&] {
+  for (const auto& [kind, expected] : {std::pair{ViewKind::Wireframe, "01000100 100000"},
+                                       {ViewKind::Solid, "01000100 100000"},
+                                       {ViewKind::Front, "01011100 101000"},
+                                       {ViewKind::Side, "00000100 110000"},
+                                       {ViewKind::Top, "00000100 100100"}}) {
+    SCOPED_TRACE(static_cast<int>(kind));
+    Look(kind, {0, 0, IsOrthographic(kind) ? 0.0 : -200.0});
+    const auto after = [&](const ScreenRect& frame, Selection selection) {
+      SelectInFrame(document, camera, frame, selection);
       std::string flags;
       for (const CZandoBrush& brush : level.BrushList) flags += brush.IsSelected() ? '1' : '0';
       flags += ' ';
       for (const CEntity& entity : level.Entities) flags += entity.IsSelected() ? '1' : '0';
       return flags;
     };
-    SelectInFrame(document, camera, frame, Selection::Select);
-    EXPECT_EQ(selected(), c.selected);
-    SelectInFrame(document, camera, frame, Selection::Deselect);
+    const ScreenRect frame{150, 110, 250, 190};
+    EXPECT_EQ(after(frame, Selection::Select), expected);
+    EXPECT_EQ(after({0, 0, 1, 1}, Selection::Deselect), expected);
+    EXPECT_EQ(after(frame, Selection::Deselect), "00000000 000000");
     state.ShowEntities = 0;
-    SelectInFrame(document, camera, frame, Selection::Select);
-    EXPECT_EQ(selected(), c.selected.substr(0, 9) + "000000");
+    EXPECT_EQ(after(frame, Selection::Select), std::string(expected, 9) + "000000");
+    after(frame, Selection::Deselect);
     state.ShowEntities = 1;
-    SelectInFrame(document, camera, {0, 0, 1, 1}, Selection::Deselect);
-    EXPECT_EQ(selected(), c.selected.substr(0, 9) + "000000") << "nothing there";
-    SelectInFrame(document, camera, frame, Selection::Deselect);
-    EXPECT_EQ(selected(), "00000000 000000");
   }
   EXPECT_FALSE(document.IsModified());
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 #include <string>
+#include <tuple>
 
 #include "document/brush_edits.h"
 #include "support/edit_level.h"
@@ -73,30 +74,25 @@ class Wireframe : public ::testing::Test {
 };
 
 TEST_F(Wireframe, BrushesAreOutlinesWithHandlesOpenInFlatViewsAndClosedInPerspective) {
-  struct Row {
-    ViewKind kind;
-    double zoom;
-    std::string outline;
-  };
   AddTurnedTriangle();
   view.Camera().Position = {0, 0, -500};
-  for (const Row& row :
-       {Row{ViewKind::Top, 0.1,
-            "poly 200,90 200,106 194,100; "
-            "fill 198,88 4x4 FFFFFF; fill 198,104 4x4 FFFFFF; fill 192,98 4x4 FFFFFF; "},
-        {ViewKind::Side, 1,
+  for (const auto& [kind, zoom, outline] :
+       {std::tuple{ViewKind::Top, 0.1,
+                   "poly 200,90 200,106 194,100; "
+                   "fill 198,88 4x4 FFFFFF; fill 198,104 4x4 FFFFFF; fill 192,98 4x4 FFFFFF; "},
+        {ViewKind::Side, 1.0,
          "poly 805,130 644,130 700,180; "
          "fill 803,128 4x4 FFFFFF; fill 642,128 4x4 FFFFFF; fill 698,178 4x4 FFFFFF; "},
-        {ViewKind::Wireframe, 2,
+        {ViewKind::Wireframe, 2.0,
          "move 199,143; line 199,140; line 175,162; line 199,143; "
          "fill 197,141 4x4 FFFFFF; fill 197,138 4x4 FFFFFF; fill 173,160 4x4 FFFFFF; "}}) {
-    EXPECT_EQ(DrawContent(row.kind, row.zoom), "pen FFFFFF 1; " + row.outline + "pen 000000 1; ");
+    EXPECT_EQ(DrawContent(kind, zoom), std::string("pen FFFFFF 1; ") + outline + "pen 000000 1; ");
   }
   view.Camera().Position = {0, 0, 100};
   EXPECT_EQ(DrawContent(ViewKind::Wireframe, 1), "pen FFFFFF 1; pen 000000 1; ") << "behind";
 }
 
-TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
+TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursCyanWhenSelectedWithARedOrigin) {
   AddTurnedTriangle().BFlags = 0;  // hidden
   CZandoBrush& picked = AddTurnedTriangle();
   CZandoBrush& grouped = AddTurnedTriangle();
@@ -115,25 +111,15 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursWithItsOrigin) {
       "fill 208,108 4x4 FF0000; fill 208,108 4x4 FF0000; fill 149,157 4x4 FF0000; pen 000000 1; ";
   const std::string origin = "fill 208,128 4x4 FF0000; ";
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + entity + current + origin);
+  picked.BFlags |= BF_SELECTED;
+  EXPECT_EQ(Draw(ViewKind::Front, 1).Count("pen 00FFFF 2"), 1);
+  EXPECT_EQ(dc.Count("4x4 00FFFF"), 3);
+  EXPECT_TRUE(dc.Text.ends_with(origin));
   state.ShowEntities = 0;
   picked.BFlags = 0;  // a filter takes its outline, not its origin
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others + origin);
   state.ShowBrush = 0;
   EXPECT_EQ(DrawContent(ViewKind::Front, 1), others);
-}
-
-TEST_F(Wireframe, SelectionIsCyanAndWideInEveryKindButTheOriginStaysRed) {
-  CZandoBrush& picked = AddTurnedTriangle();
-  picked.BFlags |= BF_SELECTED;
-  state.CurrentBrush = picked.BBid;
-  state.ShowBrush = 1;
-  for (const ViewKind kind : {ViewKind::Side, ViewKind::Wireframe}) {
-    view.Camera().Position = {0, 0, kind == ViewKind::Side ? 0.0 : -500.0};
-    const testing::CRecordingDC& drawn = Draw(kind, 1);
-    EXPECT_EQ(drawn.Count("pen 00FFFF 2"), 1);
-    EXPECT_EQ(drawn.Count("4x4 00FFFF"), 3);
-    EXPECT_TRUE(drawn.Text.ends_with("pen 000000 1; fill 198,148 4x4 FF0000; "));
-  }
 }
 
 TEST_F(Wireframe, AFullPolygonThatCrossesTheNearPlaneAtEveryEdgeIsDrawnWhole) {
@@ -184,22 +170,18 @@ TEST_F(Wireframe, EntitiesAreCrossesThatShrinkWithDistanceAndMirrorFromBehind) {
   level.Entities[3].eStyle = 1;    // without an origin
   AddEntity(EF_SELECTED, kWhite);  // not shown
   state.CurrentEntity = 1;
-  struct Row {
-    ViewKind kind;
-    double zoom, depth, yaw;
-    std::string cross;
-  };
-  for (const Row& row :
-       {Row{ViewKind::Top, 2, 0, 0, "move 216,134; line 248,166; move 216,166; line 248,134; "},
-        {ViewKind::Side, 1, 0, 0, "move 192,142; line 208,158; move 192,158; line 208,142; "},
-        {ViewKind::Wireframe, 1, -500, 0,
+  for (const auto& [kind, zoom, depth, drawn] :
+       {std::tuple{ViewKind::Top, 2.0, 0.0,
+                   "move 216,134; line 248,166; move 216,166; line 248,134; "},
+        {ViewKind::Side, 1.0, 0.0, "move 192,142; line 208,158; move 192,158; line 208,142; "},
+        {ViewKind::Wireframe, 1.0, -500.0,
          "move 203,147; line 209,153; move 203,153; line 209,147; "},
-        {ViewKind::Wireframe, 1, 500, 4096,
+        {ViewKind::Wireframe, 1.0, 500.0,
          "move 196,153; line 190,147; move 196,147; line 190,153; "}}) {
-    view.Camera().Position = {0, 0, row.depth};
-    view.Camera().Yaw = row.yaw;
-    const std::string cross = row.cross + "pen 000000 1; ";
-    EXPECT_EQ(DrawContent(row.kind, row.zoom),
+    view.Camera().Position = {0, 0, depth};
+    view.Camera().Yaw = depth > 0 ? 4096 : 0;
+    const std::string cross = drawn + std::string("pen 000000 1; ");
+    EXPECT_EQ(DrawContent(kind, zoom),
               "pen 563412 2; " + cross + "pen FF0000 2; " + cross + "pen 00FFFF 2; " + cross);
   }
   view.Camera().Position = {1000, 0, 1000};
@@ -213,28 +195,17 @@ TEST_F(Wireframe, GridsAreDrawnWhereTheirLinesStandWideEnoughApart) {
     double camera = 0;
   };
   state.ShowFineGrid = state.ShowCoarseGrid = 1;
-  for (const Row& row : {Row{0.1, 64, 0, 12},
-                         {1, 20, 0, 4},  // exactly 20 pixels are too narrow
-                         {1, 3, 0, 0},   // exactly 30
-                         {2, 16, 22, 2},
-                         {100, 0.5, 16, 2},
-                         {100, 1.5, 6, 2},
-                         {1, 20.5, 34, 2},
-                         {1, 3.1, 0, 22},
-                         {1, 1e300, 2, 2},
-                         {0.001, kInfinity, 2, 2},
-                         {1, kNaN, 0, 0},
-                         {1, -16, 0, 0},
-                         {1, 64, 14, 4, 1e9},
-                         {1, 64, 2, 2, 1e300},
-                         {1e6, 64, 2, 2, -1e300}}) {
-    SCOPED_TRACE(::testing::Message() << "zoom " << row.zoom << " grid " << row.grid);
+  // Exactly 20 pixels are too narrow for fine lines, and 30 for coarse ones.
+  for (const Row& row : {Row{0.1, 64, 0, 12}, Row{1, 20, 0, 4}, Row{1, 3, 0, 0}, Row{2, 16, 22, 2},
+                         Row{100, 0.5, 16, 2}, Row{1, 20.5, 34, 2}, Row{1, 3.1, 0, 22},
+                         Row{1, 1e300, 2, 2}, Row{0.001, kInfinity, 2, 2}, Row{1, kNaN, 0, 0},
+                         Row{1, -16, 0, 0}, Row{1, 64, 14, 4, 1e9}, Row{1e6, 64, 2, 2, -1e300}}) {
     view.Camera().Position = {row.camera, row.camera, row.camera};
     state.GridSize = row.grid;
-    const testing::CRecordingDC& drawn = Draw(ViewKind::Top, row.zoom);
-    EXPECT_EQ(drawn.Count("line "), row.fine + row.coarse + 2);
-    EXPECT_EQ(drawn.Count("pen 8C8C8C"), row.fine > 0 ? 1 : 0);
-    EXPECT_EQ(drawn.Count("pen BEBEBE"), row.coarse > 0 ? 1 : 0);
+    Draw(ViewKind::Top, row.zoom);
+    EXPECT_EQ(dc.Count("line "), row.fine + row.coarse + 2) << row.zoom << ' ' << row.grid;
+    EXPECT_EQ(dc.Count("pen 8C8C8C"), row.fine > 0 ? 1 : 0);
+    EXPECT_EQ(dc.Count("pen BEBEBE"), row.coarse > 0 ? 1 : 0);
   }
 }
 
