@@ -26,14 +26,11 @@ struct Bounds {
     high = {std::max(high.x, other.high.x), std::max(high.y, other.high.y),
             std::max(high.z, other.high.z)};
   }
-<<<<<<< HEAD
 
   /// Whether nothing has been included.
   [[nodiscard]] constexpr bool IsEmpty() const { return low.x > high.x; }
 
   friend constexpr bool operator==(const Bounds&, const Bounds&) = default;
-=======
->>>>>>> h-csg
 };
 
 /// Whether two boxes overlap; touching counts.
