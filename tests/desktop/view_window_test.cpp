@@ -213,19 +213,5 @@ TEST_F(ViewWindow, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
   EXPECT_EQ(Document().GetLevel().BrushList.BrushCount(), 0);
 }
 
-TEST_F(EditorTest, ALevelIsDrawnOnBlackAfterEveryKindOfChange) {
-  ASSERT_TRUE(app_.Start(ZANDO_EXAMPLES "/keep.3dz"));
-  Choose(static_cast<CommandId>(ViewKind::Top));
-  const auto grab = [this] { return ActiveWidget().grab().toImage(); };
-  const QImage top = grab();
-  EXPECT_EQ(top.pixel(0, 0), qRgb(0, 0, 0));
-  Choose(static_cast<CommandId>(ViewKind::Front));
-  EXPECT_NE(grab(), top);
-  Choose(static_cast<CommandId>(ViewKind::Top));
-  EXPECT_EQ(grab(), top);
-  ActiveEditingView().SetZoom(0.2);
-  EXPECT_NE(grab(), top);
-}
-
 }  // namespace
 }  // namespace zando::testing

@@ -17,116 +17,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kLevel = R"(CZandoBrush
-TranT 1
-Name tech05_1
-BGroup -1
-BFlags 1
-BEnt 0
-BBid 7
-Pos 0 0 0
-Rot 0 0 0
-Scl 1 1 1
-Shr 0 0 0
-NumfBPolys 0
-End CZandoBrush
-Class CBrushList
-BrushCount 2
-CZandoBrush
-TranT 0
-Name a b
-BGroup 0
-BFlags 1
-BEnt 0
-BBid 0
-Pos 1 2 3
-Rot 5 6 7
-Scl 2 2 2
-Shr 0.5 0 0
-NumfBPolys 1
-CZandoPoly
-NumVrts 3
-V 0 0 0
-V 64 0 0
-V 64 -0.123457 1.23457e+06
-End CZandoPoly
-End CZandoBrush
-CZandoBrush
-TranT 0
-Name *water
-BGroup -1
-BFlags 5
-BEnt 1
-BBid 1
-Pos 0 0 0
-Rot 0 0 0
-Scl 1 1 1
-Shr 0 0 0
-NumfBPolys 0
-BMatrix 0 0 1 8 0 1 0 0 -1 0 0 0 0 0 0 1
-End CZandoBrush
-End Class CBrushList
-CConstructiveBsp1
-CoCount 2
-CZandoPoly
-NumVrts 1
-V 1 2 3
-End CZandoPoly
-nValid 1
-nBid 0
-nPolNum 5
-CZandoPoly
-NumVrts 0
-End CZandoPoly
-nValid 0
-nBid 1
-nPolNum 1
-nB 1
-CoCount 1
-CZandoPoly
-NumVrts 0
-End CZandoPoly
-nValid 1
-nBid -1
-nPolNum 3
-nB 0
-nF 0
-nF 0
-End CConstructiveBsp
-Class CEntList
-EntCount 2
-CurEnt 1
-CEntity
-eStyle 0
-eOrigin 8 16 -24
-eFlags 2
-eGroup 0
-ePairCount 2
-K classname
-V light
-K origin
-V 8 16 -24
-End CEntity
-CEntity
-eStyle 1
-eOrigin 0 0 0
-eFlags 3
-eGroup -1
-ePairCount 1
-K classname
-V func_door
-End CEntity
-End CEntList
-Class CGroupList
-CurGroup 0
-GroupCount 1
-CBGroup
-gVis 0
-gName Unnamed Group
-gCol 255
-End CBGroup
-End CGroupList
-)";
+std::string Lines(std::string text) {
+  std::ranges::replace(text, '|', '\n');
+  return text;
+}
+
+/// A level with a bar behind each line.
+const std::string kLevel = Lines(
+    "CZandoBrush|TranT 1|Name tech05_1|BGroup -1|BFlags 1|BEnt 0|BBid 7|Pos 0 0 0|Rot 0 0 0|"
+    "Scl 1 1 1|Shr 0 0 0|NumfBPolys 0|End CZandoBrush|Class CBrushList|BrushCount 2|CZandoBrush|"
+    "TranT 0|Name a b|BGroup 0|BFlags 1|BEnt 0|BBid 0|Pos 1 2 3|Rot 5 6 7|Scl 2 2 2|Shr 0.5 0 0|"
+    "NumfBPolys 1|CZandoPoly|NumVrts 3|V 0 0 0|V 64 0 0|V 64 -0.123457 1.23457e+06|"
+    "End CZandoPoly|End CZandoBrush|CZandoBrush|TranT 0|Name *water|BGroup -1|BFlags 5|BEnt 1|"
+    "BBid 1|Pos 0 0 0|Rot 0 0 0|Scl 1 1 1|Shr 0 0 0|NumfBPolys 0|"
+    "BMatrix 0 0 1 8 0 1 0 0 -1 0 0 0 0 0 0 1|End CZandoBrush|End Class CBrushList|"
+    "CConstructiveBsp1|CoCount 2|CZandoPoly|NumVrts 1|V 1 2 3|End CZandoPoly|nValid 1|nBid 0|"
+    "nPolNum 5|CZandoPoly|NumVrts 0|End CZandoPoly|nValid 0|nBid 1|nPolNum 1|nB 1|CoCount 1|"
+    "CZandoPoly|NumVrts 0|End CZandoPoly|nValid 1|nBid -1|nPolNum 3|nB 0|nF 0|nF 0|"
+    "End CConstructiveBsp|Class CEntList|EntCount 2|CurEnt 1|CEntity|eStyle 0|eOrigin 8 16 -24|"
+    "eFlags 2|eGroup 0|ePairCount 2|K classname|V light|K origin|V 8 16 -24|End CEntity|CEntity|"
+    "eStyle 1|eOrigin 0 0 0|eFlags 3|eGroup -1|ePairCount 1|K classname|V func_door|End CEntity|"
+    "End CEntList|Class CGroupList|CurGroup 0|GroupCount 1|CBGroup|gVis 0|gName Unnamed Group|"
+    "gCol 255|End CBGroup|End CGroupList|");
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to) {
   const std::size_t at = text.find(from);
