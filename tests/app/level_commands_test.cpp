@@ -82,11 +82,9 @@ TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
 }
 
 TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
-  struct Case {
-    CommandId id;
-    std::string course;  ///< state before, who is told, state after
-  };
-  for (const Case& c :
+  // State before, who is told, state after.
+  using Case = std::pair<CommandId, std::string>;
+  for (const auto& [id, expected] :
        {Case{ID_ADD_TO_WORLD, "enabled: redraw modified: enabled"},
         Case{ID_SUBTRACT_FROM_WORLD, "enabled: redraw modified: enabled"},
         Case{ID_CUBE, "enabled: redraw modified: enabled"},
@@ -110,13 +108,13 @@ TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
     bench.Prepare();
     bench.recorder.told.clear();
     bench.level.SetModifiedFlag(false);
-    const bool asks = c.id == ID_CUBE || c.id == ID_CREATE_GROUP || c.id == ID_GROUP_EDITOR;
+    const bool asks = id == ID_CUBE || id == ID_CREATE_GROUP || id == ID_GROUP_EDITOR;
     if (asks) bench.Answer(IDOK);
-    std::string course = bench.State(c.id) + ": ";
-    bench.commands.OnCommand(c.id);
+    std::string course = bench.State(id) + ": ";
+    bench.commands.OnCommand(id);
     course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
-    EXPECT_EQ(course + ": " + bench.State(c.id), c.course) << c.id;
-    EXPECT_TRUE(bench.desktop.Dialogs.empty()) << c.id;
+    EXPECT_EQ(course + ": " + bench.State(id), expected) << id;
+    EXPECT_TRUE(bench.desktop.Dialogs.empty()) << id;
   }
 }
 
