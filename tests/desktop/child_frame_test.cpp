@@ -16,12 +16,12 @@ TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   second->close();
   second->CloseNow();
   EXPECT_EQ(app_.Documents().size(), 1U);
-  EXPECT_TRUE(desktop_.SaveQuestions.empty()) << "only the last window of a level asks";
+  EXPECT_TRUE(desktop_.Script.Calls.empty()) << "only the last window of a level asks";
 
   // While the last window asks, the same window and the program are closed once more.
   PlaceLight(Document());
   CChildFrame* last = Frames().front();
-  desktop_.SaveAnswers = {SaveAnswer::Discard};
+  desktop_.Script.SaveAnswers = {SaveAnswer::Discard};
   desktop_.WhileAsking = [last] {
     last->close();
     last->CloseNow();

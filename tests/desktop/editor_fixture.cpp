@@ -1,16 +1,13 @@
 #include "desktop/editor_fixture.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QTest>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
 #include "desktop/qt_text.h"
-#include "platform/file_io.h"
 
 namespace zando::testing {
 namespace {
@@ -26,26 +23,7 @@ QAction* FindIn(const QList<QAction*>& actions, CommandId id) {
   return nullptr;
 }
 
-template <typename Answer, typename Otherwise>
-Answer Next(std::deque<Answer>& answers, Otherwise otherwise) {
-  EXPECT_FALSE(answers.empty()) << "nobody expected to be asked";
-  if (answers.empty()) return otherwise;
-  Answer answer = answers.front();
-  answers.pop_front();
-  return answer;
-}
-
 }  // namespace
-
-SaveAnswer CAnsweringDesktop::AskSaveChanges(std::string_view name) {
-  SaveQuestions.emplace_back(name);
-  if (WhileAsking) WhileAsking();
-  return Next(SaveAnswers, SaveAnswer::Cancel);
-}
-
-std::optional<std::filesystem::path> CAnsweringDesktop::ChooseFile(const FileRequest& /*request*/) {
-  return Next(Files, std::nullopt);
-}
 
 EditorTest::EditorTest() {
   window_.SetApplication(app_);
@@ -96,22 +74,6 @@ void EditorTest::WithNextDialog(std::function<void(QDialog&)> act) {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     dialog != nullptr ? act(*dialog) : WithNextDialog(act);
   });
-}
-
-void EditorTest::CreateBox(const QString& height) {
-  constexpr int kHeight = 1017;
-  WithNextDialog([height](QDialog& dialog) {
-    for (QWidget* control : dialog.findChildren<QWidget*>()) {
-      const int id = control->property("controlId").toInt();
-      if (id == kHeight) qobject_cast<QLineEdit*>(control)->setText(height);
-    }
-    QTest::keyClick(&dialog, Qt::Key_Return);
-  });
-  Choose(ID_CUBE);
-}
-
-std::string BytesOf(const std::filesystem::path& path) {
-  return ReadWholeFile(path).ValueOr("no such file");
 }
 
 }  // namespace zando::testing

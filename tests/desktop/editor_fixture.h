@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QDialog>
 #include <QTemporaryDir>
-#include <deque>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -17,30 +16,26 @@
 #include "desktop/qt_desktop.h"
 #include "desktop/qt_main_window.h"
 #include "desktop/view_widget.h"
+#include "support/fake_main_window.h"
 
 namespace zando::testing {
 
-/// Answers the choosers and boxes that would wait for a person; forms and cursor are the real ones.
+/// Asks a script what would wait for a person; forms and cursor are the real ones.
 class CAnsweringDesktop : public CQtDesktop {
  public:
   using CQtDesktop::CQtDesktop;
 
-  std::deque<std::optional<std::filesystem::path>> Files;
-  std::deque<SaveAnswer> SaveAnswers;
+  CScriptedDesktop Script;
   std::function<void()> WhileAsking;  ///< what happens while the question stands
-  std::vector<std::string> Messages;
-  std::vector<std::string> SaveQuestions;
 
-  void ShowMessage(std::string_view text) override { Messages.emplace_back(text); }
-  SaveAnswer AskSaveChanges(std::string_view name) override;
-  std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
-};
-
-class CMemoryRecentFiles : public CRecentFileStore {
- public:
-  std::vector<std::filesystem::path> Files;
-  std::vector<std::filesystem::path> Load() override { return Files; }
-  void Save(const std::vector<std::filesystem::path>& files) override { Files = files; }
+  void ShowMessage(std::string_view text) override { Script.ShowMessage(text); }
+  SaveAnswer AskSaveChanges(std::string_view name) override {
+    if (WhileAsking) WhileAsking();
+    return Script.AskSaveChanges(name);
+  }
+  std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override {
+    return Script.ChooseFile(request);
+  }
 };
 
 /// The editor with its real main window.
@@ -63,9 +58,6 @@ class EditorTest : public ::testing::Test {
   /// Calls this with the next modal dialog, once that runs.
   static void WithNextDialog(std::function<void(QDialog&)> act);
 
-  /// Fills in "Create Box", which the command opens, and presses OK.
-  void CreateBox(const QString& height);
-
   QTemporaryDir folder_;
   CMemoryRecentFiles recent_;
   CQtMainWindow window_;
@@ -78,7 +70,5 @@ class LevelTest : public EditorTest {
  protected:
   LevelTest() { app_.Start({}); }
 };
-
-[[nodiscard]] std::string BytesOf(const std::filesystem::path& path);
 
 }  // namespace zando::testing
