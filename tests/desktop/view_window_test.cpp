@@ -196,12 +196,11 @@ TEST_F(ViewWindow, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
     QKeyEvent event(QEvent::KeyPress, key, keys, {}, repeated);
     QApplication::sendEvent(&widget, &event);
   };
-  press(Qt::Key_Space);
-  EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
-  press(Qt::Key_Space, {}, true);
-  EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  for (const bool repeated : {false, true}) {
+    press(Qt::Key_Space, {}, repeated);
+    EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  }
   press(Qt::Key_Plus);
-  EXPECT_EQ(Document().State().GridSize, 64.0);
   press(Qt::Key_Plus, Qt::KeypadModifier);
   EXPECT_EQ(Document().State().GridSize, 128.0);
   press(Qt::Key_Minus, Qt::KeypadModifier);
