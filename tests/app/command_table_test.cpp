@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 #include <set>
-#include <string>
 #include <string_view>
 
 #include "support/given_texts.h"
@@ -30,39 +28,7 @@ TEST(CommandTable, EveryCommandOfMenusToolbarsAndKeysHasOneFullRow) {
   }
 }
 
-/// A menu of the program's table as the given texts spell it.
-std::string TextOf(std::span<const MenuLine> menu) {
-  std::string text;
-  for (const MenuLine& line : menu) {
-    text.append(static_cast<std::size_t>(line.depth), '>');
-    switch (line.kind) {
-      case MenuLine::Kind::Separator:
-        text += "-";
-        break;
-      case MenuLine::Kind::RecentFiles:
-        text += "recent files";
-        break;
-      case MenuLine::Kind::OpenWindows:
-        text += "open windows";
-        break;
-      case MenuLine::Kind::Submenu:
-        text += line.text;
-        break;
-      case MenuLine::Kind::Command:
-        text += std::to_string(line.id) + ' ';
-        text += line.text.empty() ? FindCommand(line.id)->menuText : line.text;
-        break;
-    }
-    text += '|';
-  }
-  return text;
-}
-
-TEST(CommandTable, MenusToolbarsKeysAndPromptsAreAsTheyAreGiven) {
-  EXPECT_EQ(TextOf(EmptyMenu()), testing::kGivenEmptyMenu);
-  EXPECT_EQ(TextOf(DocumentMenu()), testing::kGivenDocumentMenu);
-  EXPECT_TRUE(std::ranges::equal(MainToolbar(), testing::kGivenMainToolbar));
-  EXPECT_TRUE(std::ranges::equal(SecondToolbar(), testing::kGivenSecondToolbar));
+TEST(CommandTable, KeysAndPromptsAreAsTheyAreGiven) {
   std::map<std::string_view, CommandId> keys;
   for (const Accelerator& key : Accelerators()) EXPECT_TRUE(keys.emplace(key.keys, key.id).second);
   std::map<std::string_view, CommandId> given;

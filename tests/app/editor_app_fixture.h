@@ -15,13 +15,6 @@
 
 namespace zando::testing {
 
-class CMemoryStore : public CRecentFileStore {
- public:
-  std::vector<std::filesystem::path> files;
-  std::vector<std::filesystem::path> Load() override { return files; }
-  void Save(const std::vector<std::filesystem::path>& saved) override { files = saved; }
-};
-
 class EditorAppTest : public ::testing::Test {
  protected:
   EditorAppTest() {
@@ -66,7 +59,7 @@ class EditorAppTest : public ::testing::Test {
       ::testing::TempDir() + "zando_app_test_" + std::to_string(::getpid());
   CFakeMainWindow window;
   CScriptedDesktop desktop;
-  CMemoryStore store;
+  CMemoryRecentFiles store;
   std::unique_ptr<CEditorApp> app;
 };
 

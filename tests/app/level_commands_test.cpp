@@ -82,41 +82,35 @@ TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
 }
 
 TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
-  struct Case {
-    CommandId id;
-    std::string course;  ///< state before, who is told, state after
-  };
-  for (const Case& c :
-       {Case{ID_ADD_TO_WORLD, "enabled: redraw modified: enabled"},
-        Case{ID_SUBTRACT_FROM_WORLD, "enabled: redraw modified: enabled"},
-        Case{ID_CUBE, "enabled: redraw modified: enabled"},
-        Case{ID_QUICK_BSP, "enabled: redraw modified: enabled"},
-        Case{ID_USE_GRID, "enabled: grid redraw : checked"},
-        Case{ID_PLACE_LIGHT, "enabled: redraw modified: enabled"},
-        Case{ID_COPY_ENTITY, "enabled: redraw modified: enabled"},
-        Case{ID_SHOW_ENTITIES, "checked: redraw : enabled"},
-        Case{ID_SHOW_BRUSH, "checked: redraw : enabled"},
-        Case{ID_SHOW_VISIBLE_GROUPS, "enabled: redraw : checked"},
-        Case{ID_ADD_TO_GROUP, "enabled: groups redraw modified: disabled"},
-        Case{ID_REMOVE_FROM_GROUP, "enabled: groups redraw modified: disabled"},
-        Case{ID_CREATE_GROUP, "enabled: groups redraw groups redraw modified: disabled"},
-        Case{ID_GROUP_EDITOR, "enabled: groups redraw modified: enabled"},
-        Case{ID_GROUP_MOVEMENT, "enabled: : checked"},
-        Case{ID_RESET_BRUSH, "enabled: redraw modified: enabled"},
-        Case{ID_DELETE_BRUSH, "enabled: redraw modified: disabled"},
-        Case{ID_NEXT_BRUSH, "enabled: redraw : enabled"},
-        Case{ID_COPY_TO_CURRENT, "enabled: redraw : disabled"}}) {
-    Bench bench;
-    bench.Prepare();
-    bench.recorder.told.clear();
-    bench.level.SetModifiedFlag(false);
-    const bool asks = c.id == ID_CUBE || c.id == ID_CREATE_GROUP || c.id == ID_GROUP_EDITOR;
-    if (asks) bench.Answer(IDOK);
-    std::string course = bench.State(c.id) + ": ";
-    bench.commands.OnCommand(c.id);
-    course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
-    EXPECT_EQ(course + ": " + bench.State(c.id), c.course) << c.id;
-    EXPECT_TRUE(bench.desktop.Dialogs.empty()) << c.id;
+  // State before, who is told, state after.
+  using Case = std::pair<std::string, std::vector<CommandId>>;
+  for (const auto& [expected, ids] :
+       {Case{"enabled: redraw modified: enabled",
+             {ID_ADD_TO_WORLD, ID_SUBTRACT_FROM_WORLD, ID_CUBE, ID_QUICK_BSP, ID_PLACE_LIGHT,
+              ID_COPY_ENTITY, ID_RESET_BRUSH}},
+        Case{"enabled: grid redraw : checked", {ID_USE_GRID}},
+        Case{"checked: redraw : enabled", {ID_SHOW_ENTITIES, ID_SHOW_BRUSH}},
+        Case{"enabled: redraw : checked", {ID_SHOW_VISIBLE_GROUPS}},
+        Case{"enabled: groups redraw modified: disabled", {ID_ADD_TO_GROUP, ID_REMOVE_FROM_GROUP}},
+        Case{"enabled: groups redraw groups redraw modified: disabled", {ID_CREATE_GROUP}},
+        Case{"enabled: groups redraw modified: enabled", {ID_GROUP_EDITOR}},
+        Case{"enabled: : checked", {ID_GROUP_MOVEMENT}},
+        Case{"enabled: redraw modified: disabled", {ID_DELETE_BRUSH}},
+        Case{"enabled: redraw : enabled", {ID_NEXT_BRUSH}},
+        Case{"enabled: redraw : disabled", {ID_COPY_TO_CURRENT}}}) {
+    for (const CommandId id : ids) {
+      Bench bench;
+      bench.Prepare();
+      bench.recorder.told.clear();
+      bench.level.SetModifiedFlag(false);
+      const bool asks = id == ID_CUBE || id == ID_CREATE_GROUP || id == ID_GROUP_EDITOR;
+      if (asks) bench.Answer(IDOK);
+      std::string course = bench.State(id) + ": ";
+      bench.commands.OnCommand(id);
+      course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
+      EXPECT_EQ(course + ": " + bench.State(id), expected) << id;
+      EXPECT_TRUE(bench.desktop.Dialogs.empty()) << id;
+    }
   }
 }
 

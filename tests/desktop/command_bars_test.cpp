@@ -1,4 +1,4 @@
-// Menus, toolbars, keys and status bar of the real main window against the command table.
+// Menus, toolbars, keys and status bar of the real main window against what is given.
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -22,77 +22,58 @@
 #include "document/brush_edits.h"
 #include "document/entity_edits.h"
 #include "document/group_edits.h"
+#include "support/given_texts.h"
 
 namespace zando::testing {
 namespace {
 
-/// What a menu offers, a text for each line: those of its submenus follow their own.
-void AppendLines(const QList<QAction*>& actions, int depth, std::vector<std::string>& lines) {
-  for (QAction* action : actions) {
-    const std::string indent(static_cast<std::size_t>(depth), '>');
-    if (action->isSeparator()) {
-      lines.push_back(indent + "-");
-    } else if (action->menu() != nullptr) {
-      lines.push_back(indent + TextFromQt(action->text()));
+/// The lines of a menu as the given texts spell them; each shows its first key, its prompt and its
+/// state.
+std::string LinesOf(CEditorApp& app, const QList<QAction*>& actions, const std::string& indent) {
+  std::string lines;
+  for (const QAction* action : actions) {
+    const std::string text = TextFromQt(action->text());
+    if (action->menu() != nullptr) {
       emit action->menu()->aboutToShow();
-      AppendLines(action->menu()->actions(), depth + 1, lines);
-    } else if (!action->data().isValid()) {
-      lines.push_back(indent + "open windows");
-    } else if (action->data().toInt() == ID_FILE_MRU_FIRST) {
-      lines.push_back(indent + "recent files");
-    } else if (action->isVisible()) {
-      lines.push_back(indent + TextFromQt(action->text()) + '|' + TextFromQt(action->statusTip()) +
-                      (action->isEnabled() ? "" : "|greyed") +
-                      (action->isChecked() ? "|checked" : ""));
+      lines += indent + text + '|' + LinesOf(app, action->menu()->actions(), indent + '>');
+      continue;
     }
-  }
-}
-
-/// The same of the table, and of the states that the commands have now.
-std::vector<std::string> ExpectedLines(CEditorApp& app, std::span<const MenuLine> menu) {
-  std::vector<std::string> lines;
-  for (const MenuLine& line : menu) {
-    std::string text(static_cast<std::size_t>(line.depth), '>');
-    if (line.kind == MenuLine::Kind::Separator) text += "-";
-    if (line.kind == MenuLine::Kind::RecentFiles) text += "recent files";
-    if (line.kind == MenuLine::Kind::OpenWindows) text += "open windows";
-    if (line.kind == MenuLine::Kind::Submenu) text += line.text;
-    if (line.kind == MenuLine::Kind::Command) {
-      const CommandRow* row = FindCommand(line.id);
-      text += line.text.empty() ? row->menuText : line.text;
-      const auto keys = Accelerators();
-      const auto key = std::find_if(keys.begin(), keys.end(),
-                                    [&](const Accelerator& a) { return a.id == line.id; });
-      if (key != keys.end()) text.append("\t").append(key->keys);
-      const CCmdUI ui = app.Query(line.id);
-      text.append("|").append(row->prompt).append(ui.IsEnabled() ? "" : "|greyed");
-      text += ui.IsChecked() ? "|checked" : "";
+    const CommandId id = action->data().toInt();
+    const bool isRecent = id == ID_FILE_MRU_FIRST;
+    if (!action->isVisible() && !isRecent) continue;
+    lines += indent;
+    if (action->isSeparator() || isRecent || id == 0) {
+      lines += action->isSeparator() ? "-|" : isRecent ? "recent files|" : "open windows|";
+      continue;
     }
-    lines.push_back(text);
+    const auto key = std::ranges::find(kGivenKeys, id, &GivenKey::id);
+    const std::string keys = key != kGivenKeys.end() ? "\t" + std::string(key->keys) : "";
+    EXPECT_TRUE(text.ends_with(keys)) << text;
+    lines += std::to_string(id) + ' ' + text.substr(0, text.size() - keys.size()) + '|';
+    EXPECT_EQ(TextFromQt(action->statusTip()), FindCommand(id)->prompt);
+    const CCmdUI ui = app.Query(id);
+    EXPECT_EQ(action->isEnabled(), ui.IsEnabled()) << text;
+    EXPECT_EQ(action->isChecked(), ui.IsChecked()) << text;
   }
   return lines;
 }
 
-TEST_F(EditorTest, EveryMenuLineOfTheTableIsThereWithKeyPromptAndState) {
-  const auto shown = [this] {
-    std::vector<std::string> lines;
-    AppendLines(window_.menuBar()->actions(), 0, lines);
-    return lines;
-  };
-  EXPECT_EQ(shown(), ExpectedLines(app_, EmptyMenu()));
+TEST_F(EditorTest, EveryMenuLineThatIsGivenIsThereWithKeyPromptAndState) {
+  const auto shown = [this] { return LinesOf(app_, window_.menuBar()->actions(), ""); };
+  EXPECT_EQ(shown(), kGivenEmptyMenu);
   app_.Start({});
   PlaceLight(Document());
-  EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
+  EXPECT_EQ(shown(), kGivenDocumentMenu);
 
   // A picked brush enables more; the menus follow.
   AddToWorld(Document());
   SetCurrentBrush(Document(), 0);
-  EXPECT_EQ(shown(), ExpectedLines(app_, DocumentMenu()));
+  EXPECT_EQ(shown(), kGivenDocumentMenu);
   EXPECT_TRUE(MenuItem(ID_DELETE_BRUSH)->isEnabled());
 
   Document().SetModifiedFlag(false);
   Choose(ID_FILE_CLOSE);
-  EXPECT_EQ(shown(), ExpectedLines(app_, EmptyMenu()));
+  EXPECT_EQ(shown(), kGivenEmptyMenu);
 }
 
 void ExpectButtons(const QToolBar& bar, std::span<const CommandId> expected) {
@@ -104,23 +85,53 @@ void ExpectButtons(const QToolBar& bar, std::span<const CommandId> expected) {
     EXPECT_EQ(TextFromQt(action->toolTip()), FindCommand(action->data().toInt())->tip);
     EXPECT_FALSE(action->icon().pixmap(16).isNull()) << action->data().toInt();
   }
-  EXPECT_EQ(buttons, std::vector<CommandId>(expected.begin(), expected.end()));
+  EXPECT_TRUE(std::ranges::equal(buttons, expected));
 }
 
-TEST_F(EditorTest, ToolbarsShowTheTablesButtonsWithPicturesAfterTheGroupBox) {
-  ExpectButtons(*window_.findChild<QToolBar*>(QStringLiteral("mainToolbar")), MainToolbar());
+TEST_F(EditorTest, ToolbarsShowTheGivenButtonsWithPicturesAfterTheGroupBox) {
+  ExpectButtons(*window_.findChild<QToolBar*>(QStringLiteral("mainToolbar")), kGivenMainToolbar);
   const auto* second = window_.findChild<QToolBar*>(QStringLiteral("secondToolbar"));
   std::vector<CommandId> expected{0};  // the gap after the box
-  for (const CommandId id : SecondToolbar()) expected.push_back(id);
+  expected.insert(expected.end(), kGivenSecondToolbar.begin(), kGivenSecondToolbar.end());
   ExpectButtons(*second, expected);
-
-  const auto* box = second->findChild<QComboBox*>(QStringLiteral("104"));
-  EXPECT_EQ(second->widgetForAction(second->actions().front()), box);
+  EXPECT_EQ(second->widgetForAction(second->actions().front())->objectName(), "104");
   app_.Run(ID_VIEW_TOOLBAR);
   EXPECT_TRUE(second->isHidden());
 }
 
-TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
+TEST_F(LevelTest, ALetterOfTwoLinesWalksThemAndTheBarOpensByItsKeys) {
+  const auto press = [](const char* keys) {
+    const QKeyCombination key = QKeySequence(QLatin1String(keys))[0];
+    QWidget* menu = QApplication::activePopupWidget();
+    QTest::keyClick(menu != nullptr ? menu : QApplication::focusWidget(), key.key(),
+                    key.keyboardModifiers());
+  };
+  /// The line that has the keys, or the menu while no line has.
+  const auto chosen = [this] {
+    const QAction* action = window_.menuBar()->activeAction();
+    if (const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+      if (menu->activeAction() != nullptr) action = menu->activeAction();
+    }
+    return action == nullptr ? std::string() : TextFromQt(action->text());
+  };
+  ActiveWidget().setFocus();
+  std::string walk;
+  for (const char* keys : {"Alt+E", "Alt+E", "Alt+E", "Esc", "Esc", "Alt+V", "T", "T", "T",
+                           "Return", "Alt+B", "A", "A", "Esc", "Esc", "F10", "Esc", "Esc"}) {
+    press(keys);
+    walk += chosen() + ' ';
+  }
+  EXPECT_EQ(walk,
+            "&Edit Place &Light &Edit &Edit  Texture &Browser &Toolbar &Tools &Toolbar  "
+            "&Select Brush &Add to World &Add to World &Brush  &File &File  ");
+  EXPECT_FALSE(window_.AreToolbarsVisible());
+  const QImage before = window_.menuBar()->grab().toImage();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Alt);
+  EXPECT_EQ(chosen(), "&File");
+  EXPECT_NE(window_.menuBar()->grab().toImage(), before) << "and shows that it has the keys";
+}
+
+TEST_F(LevelTest, TheGroupBoxSetsTheCurrentGroupByMouseKeysAndWheelAndGivesTheKeysBack) {
   for (const char* name : {"Walls", "Arches"}) {
     CreateEmptyGroup(Document());
     SetGroupLook(Document(), Document().State().CurrentGroup, {name, 0, true});
@@ -129,95 +140,32 @@ TEST_F(LevelTest, GroupBoxListsTheGroupsInOrderAndSetsTheCurrentOne) {
   auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
   EXPECT_EQ(box->currentText(), QStringLiteral("No Group"));
   EXPECT_EQ(box->itemText(2), QStringLiteral("Arches"));
-
-  for (const int index : {2, 0}) {
-    box->setCurrentIndex(index);
-    emit box->activated(index);
-    EXPECT_EQ(Document().State().CurrentGroup, index - 1);
-    EXPECT_EQ(box->currentIndex(), index);
-  }
-}
-
-TEST_F(LevelTest, ALetterOfTwoLinesWalksThemAndTheBarOpensByItsKeys) {
-  const auto press = [](int key, Qt::KeyboardModifiers keys = {}) {
-    QWidget* menu = QApplication::activePopupWidget();
-    QTest::keyClick(menu != nullptr ? menu : QApplication::focusWidget(), static_cast<Qt::Key>(key),
-                    keys);
-  };
-  const auto chosen = [] {
-    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    return menu == nullptr || menu->activeAction() == nullptr
-               ? std::string()
-               : TextFromQt(menu->activeAction()->text());
-  };
-  const auto open = [this] {
-    const QAction* title = window_.menuBar()->activeAction();
-    return title == nullptr ? std::string() : TextFromQt(title->text());
-  };
-  ActiveWidget().setFocus();
-  for (const char* title : {"&Edit", "&Entities", "&Edit"}) {
-    press(Qt::Key_E, Qt::AltModifier);
-    EXPECT_EQ(open(), title);
-  }
-  press(Qt::Key_Escape);
-  press(Qt::Key_Escape);
-  press(Qt::Key_V, Qt::AltModifier);
-  for (const char* line : {"&Toolbar", "&Tools", "&Toolbar"}) {
-    press(Qt::Key_T);
-    EXPECT_EQ(chosen(), line);
-  }
-  press(Qt::Key_Return);
-  EXPECT_FALSE(window_.AreToolbarsVisible());
-  press(Qt::Key_B, Qt::AltModifier);
-  for (int i = 0; i < 2; ++i) {
-    press(Qt::Key_A);
-    EXPECT_EQ(chosen(), "&Add to World") << "the other line with this letter is greyed";
-  }
-  press(Qt::Key_Escape);
-  press(Qt::Key_Escape);
-  press(Qt::Key_F10);
-  EXPECT_NE(QApplication::activePopupWidget(), nullptr);
-  EXPECT_EQ(open(), "&File");
-  press(Qt::Key_Escape);
-  press(Qt::Key_Escape);
-  EXPECT_EQ(open(), "");
-  const QImage before = window_.menuBar()->grab().toImage();
-  press(Qt::Key_Alt);
-  EXPECT_EQ(open(), "&File");
-  EXPECT_NE(window_.menuBar()->grab().toImage(), before) << "and shows that it has the keys";
-}
-
-TEST_F(LevelTest, TheGroupBoxGivesTheKeysBackAndTurnsOnlyWithTheFocus) {
-  CreateEmptyGroup(Document());
-  CreateEmptyGroup(Document());
-  SetCurrentGroup(Document(), -1);
-  auto* box = window_.findChild<QComboBox*>(QStringLiteral("104"));
   const auto turn = [box] {
     QWheelEvent wheel({9, 9}, box->mapToGlobal(QPointF(9, 9)), {}, {0, -120}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(box, &wheel);
   };
+  const auto expect = [this](std::int32_t group) {
+    EXPECT_EQ(Document().State().CurrentGroup, group);
+  };
   ActiveWidget().setFocus();
-  for (const bool byMouse : {true, false}) {
-    turn();
-    EXPECT_EQ(Document().State().CurrentGroup, byMouse ? -1 : 1);
-    if (byMouse) {
-      QTest::mouseClick(box, Qt::LeftButton);
-      for (const int key : {Qt::Key_Down, Qt::Key_Return}) {
-        QTest::keyClick(box->view(), static_cast<Qt::Key>(key));
-      }
-    } else {
-      box->setFocus(Qt::TabFocusReason);
-      turn();
-      EXPECT_EQ(Document().State().CurrentGroup, 1);
-      QTest::keyClick(box, Qt::Key_Up);
-      EXPECT_TRUE(box->hasFocus()) << "the next step may follow";
-      QTest::keyClick(box, Qt::Key_Return);
-    }
-    EXPECT_EQ(Document().State().CurrentGroup, 0);
-    EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
-    if (byMouse) SetCurrentGroup(Document(), 1);
-  }
+  turn();
+  expect(-1);
+  QTest::mouseClick(box, Qt::LeftButton);
+  QTest::keyClick(box->view(), Qt::Key_Down);
+  QTest::keyClick(box->view(), Qt::Key_Return);
+  expect(0);
+  EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
+  turn();
+  expect(0);
+  box->setFocus(Qt::TabFocusReason);
+  turn();
+  expect(1);
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_TRUE(box->hasFocus()) << "the next step may follow";
+  QTest::keyClick(box, Qt::Key_Return);
+  expect(0);
+  EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
   box->setFocus(Qt::TabFocusReason);
   QTest::keyClick(box, Qt::Key_F4);
   QTest::keyClick(box->view(), Qt::Key_Return);
@@ -266,12 +214,10 @@ TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPro
   desktop_.SetStatusText("Saved");
   desktop_.ShowFailure("Cannot save");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
-  for (const char* covering : {"Create a new level", "Open a level"}) {
-    hover(covering);
-    EXPECT_EQ(prompt(), QLatin1String(covering));
-    hover("");
-    EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
-  }
+  hover("Create a new level");
+  hover("");
+  hover("");
+  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
   desktop_.SetStatusText("Opened");
   EXPECT_EQ(prompt(), QStringLiteral("Opened"));
   desktop_.ClearFailure();

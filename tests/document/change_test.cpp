@@ -54,6 +54,10 @@ void Drag(CZANDODoc& d) {
   drag.End(kAxisX, Commit::AllAxes);
 }
 
+constexpr Vector kVector{1, 2, 3};
+constexpr ViewRect kNoArea{{}, {}, kTopAxes};
+const GroupLook kLook{"x", 1, true};
+
 const struct {
   std::string told;
   std::string toldIfEmpty;  ///< by a level without brushes, entities and groups
@@ -62,50 +66,29 @@ const struct {
     {"rm", "rm", [](CZANDODoc& d) { AddBrush(d, d.CurrentBrush()); }},
     {"rm", "rm", AddToWorld},
     {"rm", "", DeleteCurrentBrush},
-    {"r", "",
-     [](CZANDODoc& d) {
-       PickBrush(d, {0, 0, 0}, kTopAxes);
-     }},
+    {"r", "", [](CZANDODoc& d) { PickBrush(d, kVector, kTopAxes); }},
     {"r", "", [](CZANDODoc& d) { StepCurrentBrush(d, ListStep::Next); }},
     {"r", "", CopyToCurrent},
     {"rm", "rm", [](CZANDODoc& d) { GeneratePrimitive(d, BoxParameters{.YSize = 9}); }},
     {"", "", [](CZANDODoc& d) { SetBrushName(d, "tech05_1"); }},
-    {"rm", "rm",
-     [](CZANDODoc& d) {
-       PlaceBrush(d, {1, 2, 3});
-     }},
-    {"rm", "rm",
-     [](CZANDODoc& d) {
-       SetBrushScale(d, {1, 2, 3});
-     }},
+    {"rm", "rm", [](CZANDODoc& d) { PlaceBrush(d, kVector); }},
+    {"rm", "rm", [](CZANDODoc& d) { SetBrushScale(d, kVector); }},
     {"rm", "rm", PlaceLight},
     {"rm", "", CopyCurrentEntity},
     {"rm", "", DeleteCurrentEntity},
-    {"r", "",
-     [](CZANDODoc& d) {
-       PickEntity(d, {0, 0, 0}, kTopAxes);
-     }},
+    {"r", "", [](CZANDODoc& d) { PickEntity(d, kVector, kTopAxes); }},
     {"rm", "", [](CZANDODoc& d) { SetEntityKey(d, 0, "light", "1"); }},
     {"grm", "", [](CZANDODoc& d) { AssociateSelectedBrushes(d, 0); }},
     {"grm", "", [](CZANDODoc& d) { DisassociateBrushes(d, 0); }},
     {"grm", "", CreateNewGroup},
     {"grm", "", RemoveSelectedFromGroup},
     {"gr", "gr", [](CZANDODoc& d) { SetCurrentGroup(d, -1); }},
-    {"grm", "",
-     [](CZANDODoc& d) {
-       SetGroupLook(d, 0, {"x", 1, true});
-     }},
+    {"grm", "", [](CZANDODoc& d) { SetGroupLook(d, 0, kLook); }},
     {"", "", [](CZANDODoc& d) { SetGroupLook(d, 0, LookOf(CBGroup())); }},
-    {"rm", "",
-     [](CZANDODoc& d) {
-       MoveGroup(d, 0, {1, 2, 3});
-     }},
+    {"rm", "", [](CZANDODoc& d) { MoveGroup(d, 0, kVector); }},
     {"rm", "", [](CZANDODoc& d) { TransformGroup(d, 0, Transform::Identity()); }},
     {"r", "r", SelectAll},
-    {"r", "r",
-     [](CZANDODoc& d) {
-       BoxSelect(d, {{}, {}, kTopAxes}, Selection::Deselect);
-     }},
+    {"r", "r", [](CZANDODoc& d) { BoxSelect(d, kNoArea, Selection::Deselect); }},
     {"r", "r", [](CZANDODoc& d) { SetShowFilter(d, ID_SHOW_CURRENT_GROUP); }},
     {"r", "r", ToggleShowEntities},
     {"sr", "sr", [](CZANDODoc& d) { StepGrid(d, GridStep::Up); }},

@@ -5,6 +5,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/text.h"
@@ -57,10 +58,7 @@ TEST(FileContext, FindsTheLinesThatAPlainSearchFinds) {
 }
 
 TEST(FileContext, ReadsNumbersAsTheFormatSpellsThem) {
-  struct Case {
-    std::string line;
-    std::string read;
-  };
+  using Case = std::pair<std::string, std::string>;  // a line, and what is read of it
   for (const auto& [line, read] :
        std::vector<Case>{{"P\t+1 -2.50 .5e1 4", "1 -2.5 5"},
                          {"P  1\v\f2\r3", "1 2 3"},

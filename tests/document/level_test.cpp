@@ -51,16 +51,12 @@ TEST(LevelTest, ACopyIsEqualAndNamesItsOwnBrushes) {
 TEST(LevelTest, LevelsThatDifferInAnythingThatIsKeptAreUnequal) {
   const Level level = SmallLevel();
   void (*const changes[])(Level&) = {
-      [](Level& l) { l.NextBrushId = 9; },
       [](Level& l) { l.WorkingBrush.Name = "other"; },
       [](Level& l) { l.BrushList[1].BBid = 9; },
       [](Level& l) { l.BrushList[1].BFlags ^= BF_SELECTED; },
       [](Level& l) { l.BrushList[1].BGroup = 0; },
       [](Level& l) { l.BrushList[1].TranT = kSubtractFromWorld; },
       [](Level& l) { Place(l.BrushList[1], [](Placement& own) { own.WorkRot.z = 1.0; }); },
-      [](Level& l) {
-        l.BrushList[1].BeginGroupOperation({0.0, 1.0, 0.0});
-      },
       [](Level& l) { l.BrushList[1].SetBMatrix(Transform::Identity()); },
       [](Level& l) { l.BrushList[1].UpdateGroupOperation(l.BrushList[1].BMatrix()); },
       [](Level& l) { l.BrushList[1].EditPoly(5)[3].z += 1.0; },
@@ -68,7 +64,6 @@ TEST(LevelTest, LevelsThatDifferInAnythingThatIsKeptAreUnequal) {
       [](Level& l) { l.AddBrush(l.WorkingBrush), l.NextBrushId = 2; },
       [](Level& l) { l.Entities[0].Pairs[0].value = "lamp"; },
       [](Level& l) { l.Entities[0].WorkOrigin.y = 1.0; },
-      [](Level& l) { l.Groups[0].Centre.z = 1.0; },
       [](Level& l) { l.World.root->nValid ^= 1; },
       [](Level& l) { l.World.root->nPolNum = 9; },
       [](Level& l) { l.World.root->polygon[0].x += 1.0; },

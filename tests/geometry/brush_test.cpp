@@ -59,28 +59,18 @@ TEST(BrushTest, WhatIsReadOfTheWorldIsCurrentAfterEveryEdit) {
   turn.RotateY(100);
   CZandoBrush dragged = BoxBrush();
   dragged.UpdateMove({64, 0, 0});
+  const Vector v{1, 2, 3};
+  const CZandoPoly point = MakePolygon({{0, 0, 999}});
   const std::pair<const char*, std::function<void(CZandoBrush&)>> edits[] = {
-      {"poly count", [](CZandoBrush& b) { b.SetPolyCount(2); }},
-      {"polygon", [](CZandoBrush& b) { b.EditPoly(0)[0].y += 32; }},
-      {"another polygon",
-       [](CZandoBrush& b) {
-         b.AppendPoly(MakePolygon({{0, 0, 999}}));
-       }},
-      {"slot", [](CZandoBrush& b) { b.SetSlot(kOwnSlot, Placement()); }},
-      {"BMatrix",
-       [](CZandoBrush& b) {
-         b.SetBMatrix(Shift({0, 9, 0}));
-       }},
-      {"reset", [](CZandoBrush& b) { b.ResetSlot(kOwnSlot); }},
-      {"drag",
-       [](CZandoBrush& b) {
-         b.UpdateMove({1, 2, 3});
-       }},
-      {"end of a drag",
-       [](CZandoBrush& b) {
-         b.MoveTo({1, 2, 3});
-       }},
-      {"cancel", [](CZandoBrush& b) { b.CancelDrag(b.Slots()); }},
+      {"poly count", [&](CZandoBrush& b) { b.SetPolyCount(2); }},
+      {"polygon", [&](CZandoBrush& b) { b.EditPoly(0)[0].y += 32; }},
+      {"another polygon", [&](CZandoBrush& b) { b.AppendPoly(point); }},
+      {"slot", [&](CZandoBrush& b) { b.SetSlot(kOwnSlot, Placement()); }},
+      {"BMatrix", [&](CZandoBrush& b) { b.SetBMatrix(Shift(v)); }},
+      {"reset", [&](CZandoBrush& b) { b.ResetSlot(kOwnSlot); }},
+      {"drag", [&](CZandoBrush& b) { b.UpdateMove(v); }},
+      {"end of a drag", [&](CZandoBrush& b) { b.MoveTo(v); }},
+      {"cancel", [&](CZandoBrush& b) { b.CancelDrag(b.Slots()); }},
       {"group drag", [&](CZandoBrush& b) { b.UpdateGroupOperation(turn); }},
       {"group operation", [&](CZandoBrush& b) { b.EndGroupOperation(turn); }},
       {"assignment", [&](CZandoBrush& b) { b = dragged; }},

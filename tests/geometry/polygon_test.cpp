@@ -108,17 +108,6 @@ TEST(PolygonTest, ASplitThatWouldNeedThirtyThreeVerticesIsRefused) {
   }
 }
 
-TEST(PolygonTest, ReverseCopyTurnsTheFaceAround) {
-  CZandoPoly polygon = MakePolygon({{0, 0, 5}, {1, 0, 5}, {1, 1, 5}, {0, 1, 5}});
-  polygon.tag = 12;
-  const ReversedPolygon reversed = ReverseCopy(polygon);
-  EXPECT_TRUE(
-      SameVertices(reversed.polygon, MakePolygon({{0, 1, 5}, {1, 1, 5}, {1, 0, 5}, {0, 0, 5}})));
-  EXPECT_EQ(reversed.polygon.tag, 12U);
-  EXPECT_PRED2(Near, reversed.plane.normal, (Vector{0, 0, -1}));
-  EXPECT_NEAR(reversed.plane.d, 5, 1e-12);
-}
-
 TEST(PolygonTest, BasePolygonsLieOnTheirPlaneAndFaceAsItDoes) {
   const double s = 1 / std::sqrt(2.0);
   const Plane tie{{0, s, -s}, 5};

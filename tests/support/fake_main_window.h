@@ -14,6 +14,13 @@
 
 namespace zando::testing {
 
+class CMemoryRecentFiles : public CRecentFileStore {
+ public:
+  std::vector<std::filesystem::path> files;
+  std::vector<std::filesystem::path> Load() override { return files; }
+  void Save(const std::vector<std::filesystem::path>& saved) override { files = saved; }
+};
+
 /// A main frame without a desktop: keeps the child frames in the order of opening and remembers
 /// what it was told to show. As the real one it tells the application of views that are gone.
 class CFakeMainWindow : public CMainWindow {

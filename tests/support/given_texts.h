@@ -52,28 +52,26 @@ struct GivenKey {
   std::string_view keys;
   std::int32_t id;
 };
-inline constexpr auto kGivenKeys = std::to_array<GivenKey>({
-    {"Ctrl+N", 57600},
-    {"Ctrl+O", 57601},
-    {"Ctrl+S", 57603},
-    {"Ctrl+Z", 57643},
-    {"Alt+Backspace", 57643},
-    {"Alt+Z", 57644},
-    {"Ctrl+X", 57635},
-    {"Shift+Delete", 57635},
-    {"Ctrl+C", 57634},
-    {"Ctrl+Insert", 57634},
-    {"Ctrl+V", 57637},
-    {"Shift+Insert", 57637},
-    {"X", 32781},
-    {"Y", 32782},
-    {"Z", 32783},
-    {"G", 32870},
-    {"F1", 57670},
-    {"Shift+F1", 57669},
-    {"F6", 57680},
-    {"Shift+F6", 57681},
-});
+inline constexpr auto kGivenKeys = std::to_array<GivenKey>({{"Ctrl+N", 57600},
+                                                            {"Ctrl+O", 57601},
+                                                            {"Ctrl+S", 57603},
+                                                            {"Ctrl+Z", 57643},
+                                                            {"Alt+Backspace", 57643},
+                                                            {"Alt+Z", 57644},
+                                                            {"Ctrl+X", 57635},
+                                                            {"Shift+Delete", 57635},
+                                                            {"Ctrl+C", 57634},
+                                                            {"Ctrl+Insert", 57634},
+                                                            {"Ctrl+V", 57637},
+                                                            {"Shift+Insert", 57637},
+                                                            {"X", 32781},
+                                                            {"Y", 32782},
+                                                            {"Z", 32783},
+                                                            {"G", 32870},
+                                                            {"F1", 57670},
+                                                            {"Shift+F1", 57669},
+                                                            {"F6", 57680},
+                                                            {"Shift+F6", 57681}});
 
 /// The prompts and tips that are laid down.
 struct GivenTip {
