@@ -120,6 +120,10 @@ TEST_F(ViewWindow, ADragCountsPixelsAndEndsWhereItBeganWhenItComesBack) {
                                       : Vector{0, 0, 0}));
   }
   mouse.Release(Qt::LeftButton);
+  mouse.Press({100, 100}, Qt::RightButton);
+  mouse.MoveBy({-50, 0});
+  mouse.Release(Qt::RightButton);
+  EXPECT_NEAR(Document().GetLevel().WorkingBrush.Own().Rot.x, 341.333333, 1e-5);
 }
 
 TEST_F(ViewWindow, ThePictureHasAPixelForEveryPixelOfTheWindow) {
@@ -136,6 +140,28 @@ TEST_F(ViewWindow, ThePictureHasAPixelForEveryPixelOfTheWindow) {
   QImage common = drawn.copy({{}, shown.size()});
   common.setDevicePixelRatio(scale);
   EXPECT_EQ(shown, common);
+}
+
+TEST_F(ViewWindow, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
+  CViewWidget& widget = ActiveWidget();
+  const auto press = [&](int key, Qt::KeyboardModifiers keys = {}, bool repeated = false) {
+    QKeyEvent event(QEvent::KeyPress, key, keys, {}, repeated);
+    QApplication::sendEvent(&widget, &event);
+  };
+  for (const bool repeated : {false, true}) {
+    press(Qt::Key_Space, {}, repeated);
+    EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
+  }
+  press(Qt::Key_Plus);
+  press(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(Document().State().GridSize, 128.0);
+  press(Qt::Key_Minus, Qt::KeypadModifier);
+  press(Qt::Key_Minus, Qt::KeypadModifier, true);
+  EXPECT_EQ(Document().State().GridSize, 32.0);
+  Choose(ID_ADD_TO_WORLD);
+  SetCurrentBrush(Document(), 0);
+  press(Qt::Key_Delete);
+  EXPECT_EQ(Document().GetLevel().BrushList.BrushCount(), 0);
 }
 
 TEST_F(ViewWindow, DraggingInATopViewPansItsCameraUntilTheFocusIsLost) {
@@ -159,57 +185,6 @@ TEST_F(ViewWindow, DraggingInATopViewPansItsCameraUntilTheFocusIsLost) {
   mouse.Press({100, 100}, Qt::LeftButton);
   Choose(ID_FILE_CLOSE);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(ViewWindow, TheMouseMovesTurnsAndSelectsAsTheToolSays) {
-  Choose(static_cast<CommandId>(ViewKind::Top));
-  Choose(ID_TOOL_MOVE_ROTATE_BRUSH);
-  CViewWidget& widget = ActiveWidget();
-  const CZandoBrush& brush = Document().GetLevel().WorkingBrush;
-  Mouse mouse(widget);
-  mouse.Press({100, 100}, Qt::RightButton);
-  mouse.MoveBy({-50, 0});
-  mouse.Release(Qt::RightButton);
-  EXPECT_NEAR(brush.Own().Rot.x, 341.333333, 1e-5);
-  mouse.Press({100, 100}, Qt::LeftButton);
-  mouse.MoveBy({70, -33});
-  Choose(ID_ADD_TO_WORLD);
-  EXPECT_EQ(Document().GetLevel().BrushList.Head()->Own().Pos, (Vector{70.0, 0.0, 33.0}))
-      << "commits the drag";
-  mouse.Release(Qt::LeftButton);
-
-  Choose(ID_TOOL_SELECT_GROUP);
-  const QImage before = widget.grab().toImage();
-  mouse.Press({20, 20}, Qt::LeftButton);
-  mouse.MoveBy(QPoint(before.width(), before.height()) - QPoint(40, 40));
-  const QImage framed = widget.grab().toImage();
-  EXPECT_EQ(framed.pixel(21, 30) & 0xFFFFFFU, ~before.pixel(21, 30) & 0xFFFFFFU);
-  EXPECT_EQ(framed.pixel(22, 30), before.pixel(22, 30));
-  mouse.Release(Qt::LeftButton);
-  EXPECT_TRUE(Document().AnySelected());
-  EXPECT_EQ(widget.grab().toImage().pixel(21, 30), before.pixel(21, 30));
-}
-
-TEST_F(ViewWindow, KeysOfAViewToggleTheCameraStepTheGridAndDelete) {
-  CViewWidget& widget = ActiveWidget();
-  const auto press = [&](int key, Qt::KeyboardModifiers keys = {}, bool repeated = false) {
-    QKeyEvent event(QEvent::KeyPress, key, keys, {}, repeated);
-    QApplication::sendEvent(&widget, &event);
-  };
-  for (const bool repeated : {false, true}) {
-    press(Qt::Key_Space, {}, repeated);
-    EXPECT_EQ(Document().State().ToolMode, ID_TOOL_MOVE_ROTATE_BRUSH);
-  }
-  press(Qt::Key_Plus);
-  press(Qt::Key_Plus, Qt::KeypadModifier);
-  EXPECT_EQ(Document().State().GridSize, 128.0);
-  press(Qt::Key_Minus, Qt::KeypadModifier);
-  press(Qt::Key_Minus, Qt::KeypadModifier, true);
-  EXPECT_EQ(Document().State().GridSize, 32.0);
-  Choose(ID_ADD_TO_WORLD);
-  SetCurrentBrush(Document(), 0);
-  press(Qt::Key_Delete);
-  EXPECT_EQ(Document().GetLevel().BrushList.BrushCount(), 0);
 }
 
 }  // namespace
