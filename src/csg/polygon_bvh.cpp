@@ -29,7 +29,8 @@ double Reach(const CZandoPoly& polygon) {
     if (!IsFinite(v)) return kInfinity;
     reach = std::max({reach, std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
   }
-  return reach <= kTameReach ? reach : kInfinity;
+  if (reach > kTameReach) return kInfinity;
+  return reach;
 }
 
 }  // namespace
