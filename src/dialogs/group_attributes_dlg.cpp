@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "dialogs/brush_attributes_dlg.h"
 #include "document/group_edits.h"
 
 namespace zando {
@@ -48,6 +49,10 @@ void CGroupAttributesDlg::FillFields() {
   Form().SetText(kName, group->gName);
   Form().SetChecked(kVisible, group->gVis != 0);
   Form().SetColor(kColor, group->gCol);
+  FillBrushes();
+}
+
+void CGroupAttributesDlg::FillBrushes() {
   Form().ClearList(kBrushes);
   for (const CZandoBrush& brush : document_.GetLevel().BrushList) {
     if (brush.BGroup == selected_) Form().AddLine(kBrushes, brush.Name, brush.BBid);
@@ -80,7 +85,15 @@ void CGroupAttributesDlg::OnSelectionChange(ControlId list) {
   if (selected_ >= 0) FillGroups();
 }
 
+void CGroupAttributesDlg::EditBrush() {
+  const std::int32_t brush = Form().SelectedLine(kBrushes);
+  if (brush < 0) return;
+  CBrushAttributesDlg(document_, brush, kOwnSlot).Run(desktop_);
+  FillBrushes();
+}
+
 void CGroupAttributesDlg::OnDoubleClick(ControlId list) {
+  if (list == kBrushes) EditBrush();
   if (list != kGroups) return;
   Form().SetChecked(kVisible, !Form().IsChecked(kVisible));
   if (ApplyFields()) {

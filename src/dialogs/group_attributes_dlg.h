@@ -34,7 +34,9 @@ class CGroupAttributesDlg : public CDialog {
   [[nodiscard]] const CBGroup* Selected() const;
   void FillGroups();
   void FillFields();
+  void FillBrushes();
   bool ApplyFields();
+  void EditBrush();
 
   CZANDODoc& document_;
   CDesktop& desktop_;

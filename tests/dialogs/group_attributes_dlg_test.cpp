@@ -48,6 +48,17 @@ class GroupDialog : public ::testing::Test {
   const CGroupList& groups_ = level_.GetLevel().Groups;
 };
 
+TEST_F(GroupDialog, ADoubleClickOnABrushEditsItsAttributes) {
+  Run(0, [&](CFakeForm& form) {
+    desktop_.Dialogs.push_back(testing::InDialog([](CFakeForm& attributes) {
+      attributes.Type(1068, "arc");
+      attributes.Press(IDOK);
+    }));
+    form.DoubleClick(1067, "Arch");
+    EXPECT_EQ(form.LinesOf(1067), (Lines{"arc", "pillar"}));
+  });
+}
+
 TEST_F(GroupDialog, ShowsTheGroupsSortedAndTheChosenOneWithItsBrushes) {
   EXPECT_EQ(Run(0,
                 [](CFakeForm& form) {
