@@ -29,16 +29,11 @@ struct FormRow {
 };
 
 constexpr FormRow kForms[] = {
-    {132, Build<Ui::BrushAttributes>},
-    {133, Build<Ui::CreateBox>},
-    {136, Build<Ui::CreateSpheroid>},
-    {139, Build<Ui::CreateCylinder>},
-    {141, Build<Ui::GridSettings>},
-    {142, Build<Ui::BspManager>},
-    {143, Build<Ui::EntityEditor>},
-    {144, Build<Ui::SelectClassname>},
-    {145, Build<Ui::GroupAttributes>},
-    {146, Build<Ui::CreateStaircase>},
+    {132, Build<Ui::BrushAttributes>}, {133, Build<Ui::CreateBox>},
+    {136, Build<Ui::CreateSpheroid>},  {139, Build<Ui::CreateCylinder>},
+    {141, Build<Ui::GridSettings>},    {142, Build<Ui::BspManager>},
+    {143, Build<Ui::EntityEditor>},    {144, Build<Ui::SelectClassname>},
+    {145, Build<Ui::GroupAttributes>}, {146, Build<Ui::CreateStaircase>},
     {148, Build<Ui::GlobalSettings>},
 };
 
