@@ -8,19 +8,16 @@
 namespace zando {
 
 /// Asks for a box.
-class CCreateBoxDlg : public CPrimitiveDlg<BoxParameters> {
+class CCreateBoxDlg : public CStyledPrimitiveDlg<BoxParameters> {
  public:
-  using CPrimitiveDlg::CPrimitiveDlg;
+  using CStyledPrimitiveDlg::CStyledPrimitiveDlg;
 
   [[nodiscard]] std::int32_t TemplateId() const override { return 133; }
 
  protected:
   void DoDataExchange(CDataExchange& exchange) override;
-  void OnInitDialog() override { ShowPicture(parameters_.Style); }
-  void OnButton(ControlId id) override;
-
- private:
-  void ShowPicture(std::int32_t style);
+  [[nodiscard]] const char* SolidPicture() const override { return "solid_box"; }
+  [[nodiscard]] const char* HollowPicture() const override { return "hollow_box"; }
 };
 
 }  // namespace zando

@@ -3,16 +3,12 @@
 namespace zando {
 namespace {
 
-constexpr ControlId kSolidButton = 1014;
-constexpr ControlId kHollowButton = 1015;
 constexpr ControlId kXSize = 1016;
 constexpr ControlId kYSize = 1017;
 constexpr ControlId kZSize = 1018;
 constexpr ControlId kWallThickness = 1019;
-constexpr ControlId kPicture = 1020;
 constexpr ControlId kVerticalStripes = 1021;
 constexpr ControlId kHorizontalStripes = 1022;
-constexpr ControlId kDefaultsButton = 1043;
 
 }  // namespace
 
@@ -38,28 +34,6 @@ void CCreateSpheroidDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Text(kZSize, p.ZSize);
   exchange.Radio(kSolidButton, 2, p.Style);
   exchange.Text(kWallThickness, p.WallThickness);
-}
-
-void CCreateSpheroidDlg::OnButton(ControlId id) {
-  switch (id) {
-    case kSolidButton:
-      ShowPicture(SpheroidParameters::kSolid);
-      break;
-    case kHollowButton:
-      ShowPicture(SpheroidParameters::kHollow);
-      break;
-    case kDefaultsButton:
-      ShowDefaults();
-      ShowPicture(parameters_.Style);
-      break;
-    default:
-      break;
-  }
-}
-
-void CCreateSpheroidDlg::ShowPicture(std::int32_t style) {
-  Form().SetPicture(kPicture,
-                    style == SpheroidParameters::kSolid ? "solid_spheroid" : "hollow_spheroid");
 }
 
 }  // namespace zando

@@ -9,9 +9,9 @@
 namespace zando {
 
 /// Asks for a spheroid, again and again while it has more horizontal stripes than vertical ones.
-class CCreateSpheroidDlg : public CPrimitiveDlg<SpheroidParameters> {
+class CCreateSpheroidDlg : public CStyledPrimitiveDlg<SpheroidParameters> {
  public:
-  using CPrimitiveDlg::CPrimitiveDlg;
+  using CStyledPrimitiveDlg::CStyledPrimitiveDlg;
 
   [[nodiscard]] std::optional<SpheroidParameters> Run(CDesktop& desktop);
 
@@ -19,11 +19,8 @@ class CCreateSpheroidDlg : public CPrimitiveDlg<SpheroidParameters> {
 
  protected:
   void DoDataExchange(CDataExchange& exchange) override;
-  void OnInitDialog() override { ShowPicture(parameters_.Style); }
-  void OnButton(ControlId id) override;
-
- private:
-  void ShowPicture(std::int32_t style);
+  [[nodiscard]] const char* SolidPicture() const override { return "solid_spheroid"; }
+  [[nodiscard]] const char* HollowPicture() const override { return "hollow_spheroid"; }
 };
 
 }  // namespace zando

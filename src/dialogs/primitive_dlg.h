@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 #include "platform/desktop.h"
@@ -29,6 +30,39 @@ class CPrimitiveDlg : public CDialog {
 
   // NOLINTNEXTLINE(cppcoreguidelines-non-private-member-variables-in-classes): exchanged by name
   Parameters parameters_;
+};
+
+/// The dialog of a primitive that is solid or hollow, with a picture of each.
+template <typename Parameters>
+class CStyledPrimitiveDlg : public CPrimitiveDlg<Parameters> {
+ public:
+  using CPrimitiveDlg<Parameters>::CPrimitiveDlg;
+
+ protected:
+  static constexpr ControlId kSolidButton = 1014;
+  static constexpr ControlId kHollowButton = 1015;
+
+  /// The names of the pictures.
+  [[nodiscard]] virtual const char* SolidPicture() const = 0;
+  [[nodiscard]] virtual const char* HollowPicture() const = 0;
+
+  void OnInitDialog() override { ShowPicture(this->parameters_.Style); }
+
+  void OnButton(ControlId id) override {
+    constexpr ControlId kDefaultsButton = 1043;
+    if (id == kSolidButton) ShowPicture(Parameters::kSolid);
+    if (id == kHollowButton) ShowPicture(Parameters::kHollow);
+    if (id != kDefaultsButton) return;
+    this->ShowDefaults();
+    ShowPicture(this->parameters_.Style);
+  }
+
+ private:
+  void ShowPicture(std::int32_t style) {
+    constexpr ControlId kPicture = 1020;
+    this->Form().SetPicture(kPicture,
+                            style == Parameters::kSolid ? SolidPicture() : HollowPicture());
+  }
 };
 
 }  // namespace zando
