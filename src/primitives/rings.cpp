@@ -10,8 +10,9 @@ namespace zando {
 
 void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_t count) {
   constexpr auto kTurn = static_cast<std::int32_t>(kRotationUnitsPerTurn);
+  const std::int32_t units = kTurn / count;
   Transform step = Transform::Identity();
-  step.RotateY(kTurn / count);
+  step.RotateY(units);
   Vector turned{ellipse.halfX, 0.0, 0.0};
   for (std::int32_t k = 0; k < count; ++k) {
     double z = 0.0;

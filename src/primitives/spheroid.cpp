@@ -26,8 +26,9 @@ struct Sizes {
 std::vector<Vector> PointsOf(const Sizes& sizes, std::int32_t bands, std::int32_t segments) {
   const double h = sizes.y / 2.0;
   const double a = sizes.x / 2.0;
+  const std::int32_t units = kHalfTurn / bands;
   Transform step = Transform::Identity();
-  step.RotateZ(kHalfTurn / bands);
+  step.RotateZ(units);
   std::vector<Vector> points{{0.0, h, 0.0}};
   Vector turned = points.front();
   for (std::int32_t ring = 1; ring < bands; ++ring) {

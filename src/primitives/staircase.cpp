@@ -47,7 +47,7 @@ void GenerateStairs(CZandoBrush& brush, const Half& half, const StaircaseParamet
   for (std::int32_t i = 0; i < stairs; ++i) {
     const double y1 = y0 + rise;
     const double z1 = z0 + run;
-    const auto first = static_cast<std::size_t>(2 + 4 * i);
+    const auto first = std::size_t{2} + 4 * static_cast<std::size_t>(i);
     Write(brush, first, {{-w, y0, z0}, {-w, y1, z0}, {w, y1, z0}, {w, y0, z0}});
     Write(brush, first + 1, {{-w, y1, z0}, {-w, y1, z1}, {w, y1, z1}, {w, y1, z0}});
     Write(brush, first + 2, {{-w, y0, z0}, {-w, y0, l}, {-w, y1, l}, {-w, y1, z0}});
