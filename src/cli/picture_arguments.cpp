@@ -11,8 +11,6 @@ namespace {
 
 constexpr std::int32_t kLargestSide = 16384;
 
-std::string Quoted(std::string_view text) { return '\'' + std::string(text) + '\''; }
-
 std::int32_t ParseSide(std::string_view text) {
   const std::int32_t side = ParseWholeNumber(text).value_or(0);
   return side <= kLargestSide ? side : 0;

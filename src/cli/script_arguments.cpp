@@ -8,8 +8,6 @@
 namespace zando {
 namespace {
 
-std::string Quoted(std::string_view word) { return '\'' + std::string(word) + '\''; }
-
 double Positive(double number, std::string_view word) {
   if (number <= 0.0) throw CScriptError(Quoted(word) + " is not above 0");
   return number;
@@ -26,6 +24,8 @@ std::size_t IndexOf(std::string_view word, std::initializer_list<std::string_vie
 }
 
 }  // namespace
+
+std::string Quoted(std::string_view word) { return '\'' + std::string(word) + '\''; }
 
 double ParseScriptNumber(std::string_view word) {
   const auto number = ParseNumber(word);

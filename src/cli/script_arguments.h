@@ -16,6 +16,9 @@ namespace zando {
 /// exact enough to build with.
 inline constexpr double kLargestScriptNumber = 1000000.0;
 
+/// A word in single quotes, as messages name it.
+[[nodiscard]] std::string Quoted(std::string_view word);
+
 /// The number that the whole word spells, the same in every locale. Throws CScriptError when there
 /// is none, or one that is not finite or too large.
 [[nodiscard]] double ParseScriptNumber(std::string_view word);

@@ -110,7 +110,7 @@ void Select(CScriptContext& context, CScriptArguments& arguments) {
   }
 }
 
-constexpr std::array kCommands{
+constexpr std::array kBrushCommands{
     ScriptCommand{"box", "box [x=] [y=] [z=] [top_x=] [top_z=] [style=solid|hollow] [wall=]", Box},
     ScriptCommand{"position", "position X Y Z", Position},
     ScriptCommand{"rotate", "rotate YAW PITCH ROLL", Rotate},
@@ -128,6 +128,6 @@ constexpr std::array kCommands{
 
 }  // namespace
 
-std::span<const ScriptCommand> BrushCommands() { return kCommands; }
+std::span<const ScriptCommand> BrushCommands() { return kBrushCommands; }
 
 }  // namespace zando

@@ -8,7 +8,7 @@
 namespace zando {
 namespace {
 
-void New(CScriptContext& context, CScriptArguments& arguments) {
+void NewEntity(CScriptContext& context, CScriptArguments& arguments) {
   const std::string& className = arguments.Word();
   const ClassDefaults* defaults = FindClassDefaults(className);
   if (defaults == nullptr) throw CScriptError("unknown class '" + className + "'");
@@ -19,7 +19,7 @@ void Light(CScriptContext& context, CScriptArguments& /*arguments*/) {
   PlaceLight(context.document);
 }
 
-void Copy(CScriptContext& context, CScriptArguments& /*arguments*/) {
+void CopyEntity(CScriptContext& context, CScriptArguments& /*arguments*/) {
   static_cast<void>(context.CurrentEntity());
   CopyCurrentEntity(context.document);
 }
@@ -61,11 +61,11 @@ void Origin(CScriptContext& context, CScriptArguments& arguments) {
   SetCurrentKey(context, "origin", FormatWholeNumbers(x, y, z));
 }
 
-void Select(CScriptContext& context, CScriptArguments& arguments) {
+void SelectEntity(CScriptContext& context, CScriptArguments& arguments) {
   SetCurrentEntity(context.document, context.CheckedEntity(arguments.WholeNumber()));
 }
 
-void Delete(CScriptContext& context, CScriptArguments& /*arguments*/) {
+void RemoveEntity(CScriptContext& context, CScriptArguments& /*arguments*/) {
   static_cast<void>(context.CurrentEntity());
   DeleteEntity(context.document, context.document.State().CurrentEntity);
 }
@@ -95,21 +95,21 @@ void Disown(CScriptContext& context, CScriptArguments& /*arguments*/) {
   DisassociateBrushes(context.document, context.document.State().CurrentEntity);
 }
 
-constexpr std::array kCommands{
-    ScriptCommand{"entity new", "entity new CLASSNAME", New},
+constexpr std::array kEntityCommands{
+    ScriptCommand{"entity new", "entity new CLASSNAME", NewEntity},
     ScriptCommand{"entity light", "entity light", Light},
-    ScriptCommand{"entity copy", "entity copy", Copy},
+    ScriptCommand{"entity copy", "entity copy", CopyEntity},
     ScriptCommand{"entity set", "entity set KEY VALUE", Set},
     ScriptCommand{"entity add-key", "entity add-key KEY VALUE", AddKey},
     ScriptCommand{"entity origin", "entity origin X Y Z", Origin},
-    ScriptCommand{"entity select", "entity select INDEX", Select},
-    ScriptCommand{"entity delete", "entity delete", Delete},
+    ScriptCommand{"entity select", "entity select INDEX", SelectEntity},
+    ScriptCommand{"entity delete", "entity delete", RemoveEntity},
     ScriptCommand{"entity own", "entity own [BRUSH...]", Own},
     ScriptCommand{"entity disown", "entity disown", Disown},
 };
 
 }  // namespace
 
-std::span<const ScriptCommand> EntityCommands() { return kCommands; }
+std::span<const ScriptCommand> EntityCommands() { return kEntityCommands; }
 
 }  // namespace zando

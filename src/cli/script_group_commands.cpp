@@ -18,7 +18,7 @@ void RequireSelection(const CZANDODoc& document) {
 
 /// The selection moves into the new group. Without one the group starts empty, ready for brushes
 /// that are added while it is current.
-void New(CScriptContext& context, CScriptArguments& arguments) {
+void NewGroup(CScriptContext& context, CScriptArguments& arguments) {
   CZANDODoc& document = context.document;
   const std::string& name = CheckedText(arguments.Word(), "a group's name");
   if (std::ranges::find(document.GetLevel().Groups, name, &CBGroup::gName) !=
@@ -70,7 +70,7 @@ void Move(CScriptContext& context, CScriptArguments& arguments) {
   MoveGroup(context.document, group, arguments.Numbers());
 }
 
-void Rotate(CScriptContext& context, CScriptArguments& arguments) {
+void TurnGroup(CScriptContext& context, CScriptArguments& arguments) {
   const std::int32_t group = context.GroupIndex(arguments.Word());
   const Vector degrees = arguments.Numbers();
   Transform rotation = Transform::Identity();
@@ -78,7 +78,7 @@ void Rotate(CScriptContext& context, CScriptArguments& arguments) {
   TransformGroup(context.document, group, rotation);
 }
 
-void Scale(CScriptContext& context, CScriptArguments& arguments) {
+void ResizeGroup(CScriptContext& context, CScriptArguments& arguments) {
   const std::int32_t group = context.GroupIndex(arguments.Word());
   const Vector factors = arguments.PositiveNumbers();
   Transform scale = Transform::Identity();
@@ -86,20 +86,20 @@ void Scale(CScriptContext& context, CScriptArguments& arguments) {
   TransformGroup(context.document, group, scale);
 }
 
-constexpr std::array kCommands{
-    ScriptCommand{"group new", "group new NAME", New},
+constexpr std::array kGroupCommands{
+    ScriptCommand{"group new", "group new NAME", NewGroup},
     ScriptCommand{"group color", "group color NAME RRGGBB", Color},
     ScriptCommand{"group visible", "group visible NAME on|off", Visible},
     ScriptCommand{"group current", "group current NAME|none", Current},
     ScriptCommand{"group add", "group add", AddSelected},
     ScriptCommand{"group remove", "group remove", RemoveSelected},
     ScriptCommand{"group move", "group move NAME X Y Z", Move},
-    ScriptCommand{"group rotate", "group rotate NAME YAW PITCH ROLL", Rotate},
-    ScriptCommand{"group scale", "group scale NAME X Y Z", Scale},
+    ScriptCommand{"group rotate", "group rotate NAME YAW PITCH ROLL", TurnGroup},
+    ScriptCommand{"group scale", "group scale NAME X Y Z", ResizeGroup},
 };
 
 }  // namespace
 
-std::span<const ScriptCommand> GroupCommands() { return kCommands; }
+std::span<const ScriptCommand> GroupCommands() { return kGroupCommands; }
 
 }  // namespace zando

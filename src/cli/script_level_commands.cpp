@@ -55,7 +55,7 @@ void Export(CScriptContext& context, CScriptArguments& arguments) {
   context.notes.push_back(path + ": " + DescribeExport(report));
 }
 
-constexpr std::array kCommands{
+constexpr std::array kLevelCommands{
     ScriptCommand{"show", "show all|visible-groups|current-group", Show},
     ScriptCommand{"show-entities", "show-entities on|off", ShowEntities},
     ScriptCommand{"rebuild", "rebuild quick|optimal [water]", Rebuild},
@@ -65,6 +65,6 @@ constexpr std::array kCommands{
 
 }  // namespace
 
-std::span<const ScriptCommand> LevelCommands() { return kCommands; }
+std::span<const ScriptCommand> LevelCommands() { return kLevelCommands; }
 
 }  // namespace zando

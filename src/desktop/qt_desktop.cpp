@@ -14,8 +14,6 @@
 namespace zando {
 namespace {
 
-constexpr auto kTitle = "ZANDO";
-
 /// Refusals in a row until the desktop is taken not to place the cursor.
 constexpr int kCursorAttempts = 5;
 
@@ -28,7 +26,7 @@ QWidget* Uppermost(QWidget& mainWindow) {
 QMessageBox::StandardButton Ask(QWidget& mainWindow, QMessageBox::Icon icon, const QString& text,
                                 QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton proposed) {
-  QMessageBox box(icon, QLatin1String(kTitle), text, buttons, Uppermost(mainWindow));
+  QMessageBox box(icon, QLatin1String(kProgramName), text, buttons, Uppermost(mainWindow));
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(proposed);
   return static_cast<QMessageBox::StandardButton>(box.exec());

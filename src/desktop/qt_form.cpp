@@ -363,7 +363,7 @@ void CQtForm::SetProgressPos(ControlId id, std::int32_t position) {
 void CQtForm::HandleEvents() { QCoreApplication::processEvents(); }
 
 void CQtForm::ReportError(ControlId id, std::string_view message) {
-  QMessageBox box(QMessageBox::Warning, QStringLiteral("ZANDO"), TextToQt(message), QMessageBox::Ok,
+  QMessageBox box(QMessageBox::Warning, QLatin1String(kProgramName), TextToQt(message), QMessageBox::Ok,
                   window_.get());
   box.setTextFormat(Qt::PlainText);
   box.exec();

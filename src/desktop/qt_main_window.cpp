@@ -21,7 +21,6 @@
 namespace zando {
 namespace {
 
-constexpr auto kTitle = "ZANDO";
 constexpr auto kIdlePrompt = "For Help, press F1";
 constexpr int kGroupBoxId = 104;
 constexpr int kGroupBoxWidth = 130;
@@ -55,7 +54,7 @@ CQtMainWindow::CQtMainWindow()
       windowList_([this](std::size_t index) {
         if (index < frames_.size()) Activate(*frames_[index]->View());
       }) {
-  setWindowTitle(QLatin1String(kTitle));
+  setWindowTitle(QLatin1String(kProgramName));
   setAcceptDrops(true);
   setCentralWidget(area_);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -183,7 +182,7 @@ void CQtMainWindow::RefreshWindowList() {
 }
 
 void CQtMainWindow::UpdateTitle() {
-  QString title = QLatin1String(kTitle);
+  QString title = QLatin1String(kProgramName);
   bool modified = false;
   if (const CChildView* view = ActiveView()) {
     const CZANDODoc& document = view->Document();

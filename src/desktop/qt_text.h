@@ -8,6 +8,9 @@
 
 namespace zando {
 
+/// The title of the main window and of messages.
+inline constexpr auto kProgramName = "ZANDO";
+
 /// Text of the core is 8-bit and crosses byte for character, so that no byte of a level is lost.
 [[nodiscard]] inline QString TextToQt(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));

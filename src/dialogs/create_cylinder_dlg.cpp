@@ -3,10 +3,6 @@
 namespace zando {
 namespace {
 
-constexpr ControlId kSolidButton = 1014;
-constexpr ControlId kYSize = 1017;
-constexpr ControlId kWallThickness = 1019;
-constexpr ControlId kPicture = 1020;
 constexpr ControlId kStripes = 1021;
 constexpr ControlId kTopXSize = 1025;
 constexpr ControlId kTopXOffset = 1026;
@@ -16,11 +12,11 @@ constexpr ControlId kBottomZSize = 1029;
 constexpr ControlId kBottomXOffset = 1030;
 constexpr ControlId kBottomZOffset = 1031;
 constexpr ControlId kTopZSize = 1032;
-constexpr ControlId kDefaultsButton = 1043;
 
 }  // namespace
 
 void CCreateCylinderDlg::DoDataExchange(CDataExchange& exchange) {
+  using namespace primitive_controls;
   CylinderParameters& p = parameters_;
   exchange.Text(kBottomXOffset, p.BottomXOffset);
   exchange.Text(kBottomXSize, p.BottomXSize);
@@ -40,10 +36,10 @@ void CCreateCylinderDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Text(kYSize, p.YSize);
 }
 
-void CCreateCylinderDlg::OnInitDialog() { Form().SetPicture(kPicture, "cylinder_parameters"); }
+void CCreateCylinderDlg::OnInitDialog() { Form().SetPicture(primitive_controls::kPicture, "cylinder_parameters"); }
 
 void CCreateCylinderDlg::OnButton(ControlId id) {
-  if (id == kDefaultsButton) ShowDefaults();
+  if (id == primitive_controls::kDefaultsButton) ShowDefaults();
 }
 
 }  // namespace zando

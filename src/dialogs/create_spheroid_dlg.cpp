@@ -4,9 +4,7 @@ namespace zando {
 namespace {
 
 constexpr ControlId kXSize = 1016;
-constexpr ControlId kYSize = 1017;
 constexpr ControlId kZSize = 1018;
-constexpr ControlId kWallThickness = 1019;
 constexpr ControlId kVerticalStripes = 1021;
 constexpr ControlId kHorizontalStripes = 1022;
 
@@ -22,6 +20,7 @@ std::optional<SpheroidParameters> CCreateSpheroidDlg::Run(CDesktop& desktop) {
 }
 
 void CCreateSpheroidDlg::DoDataExchange(CDataExchange& exchange) {
+  using namespace primitive_controls;
   SpheroidParameters& p = parameters_;
   exchange.Text(kHorizontalStripes, p.HorizontalStripes);
   exchange.MinMax(kHorizontalStripes, p.HorizontalStripes, SpheroidParameters::kFewestHorizontal,

@@ -11,10 +11,10 @@
 namespace zando {
 namespace {
 
-constexpr ControlId kName = 1001;
+constexpr ControlId kGroupName = 1001;
 constexpr ControlId kGroups = 1064;
 constexpr ControlId kColor = 1065;
-constexpr ControlId kVisible = 1066;
+constexpr ControlId kGroupVisible = 1066;
 constexpr ControlId kBrushes = 1067;
 
 std::string LineOf(const CBGroup& group) {
@@ -46,8 +46,8 @@ void CGroupAttributesDlg::FillGroups() {
 void CGroupAttributesDlg::FillFields() {
   const CBGroup* group = Selected();
   if (group == nullptr) return;
-  Form().SetText(kName, group->gName);
-  Form().SetChecked(kVisible, group->gVis != 0);
+  Form().SetText(kGroupName, group->gName);
+  Form().SetChecked(kGroupVisible, group->gVis != 0);
   Form().SetColor(kColor, group->gCol);
   FillBrushes();
 }
@@ -63,14 +63,14 @@ void CGroupAttributesDlg::FillBrushes() {
 /// of a new group.
 bool CGroupAttributesDlg::ApplyFields() {
   if (Selected() == nullptr) return true;
-  std::string name = Form().GetText(kName);
+  std::string name = Form().GetText(kGroupName);
   name.resize(name.find_last_not_of(" \t") + 1);
   if (name.empty()) {
-    Form().ReportError(kName, "Please enter a name for the group.");
+    Form().ReportError(kGroupName, "Please enter a name for the group.");
     return false;
   }
   SetGroupLook(document_, selected_,
-               {std::move(name), Form().GetColor(kColor), Form().IsChecked(kVisible)});
+               {std::move(name), Form().GetColor(kColor), Form().IsChecked(kGroupVisible)});
   return true;
 }
 
@@ -95,11 +95,11 @@ void CGroupAttributesDlg::EditBrush() {
 void CGroupAttributesDlg::OnDoubleClick(ControlId list) {
   if (list == kBrushes) EditBrush();
   if (list != kGroups) return;
-  Form().SetChecked(kVisible, !Form().IsChecked(kVisible));
+  Form().SetChecked(kGroupVisible, !Form().IsChecked(kGroupVisible));
   if (ApplyFields()) {
     FillGroups();
   } else {
-    Form().SetChecked(kVisible, !Form().IsChecked(kVisible));
+    Form().SetChecked(kGroupVisible, !Form().IsChecked(kGroupVisible));
   }
 }
 

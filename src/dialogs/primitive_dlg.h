@@ -8,6 +8,16 @@
 
 namespace zando {
 
+/// Controls that the forms of several primitives have.
+namespace primitive_controls {
+inline constexpr ControlId kSolidButton = 1014;
+inline constexpr ControlId kHollowButton = 1015;
+inline constexpr ControlId kYSize = 1017;
+inline constexpr ControlId kWallThickness = 1019;
+inline constexpr ControlId kPicture = 1020;
+inline constexpr ControlId kDefaultsButton = 1043;
+}  // namespace primitive_controls
+
 /// What the dialogs of all primitives have in common: they start from the parameters last used,
 /// give those that were agreed to, and have a button that brings back the defaults.
 template <typename Parameters>
@@ -39,9 +49,6 @@ class CStyledPrimitiveDlg : public CPrimitiveDlg<Parameters> {
   using CPrimitiveDlg<Parameters>::CPrimitiveDlg;
 
  protected:
-  static constexpr ControlId kSolidButton = 1014;
-  static constexpr ControlId kHollowButton = 1015;
-
   /// The names of the pictures.
   [[nodiscard]] virtual const char* SolidPicture() const = 0;
   [[nodiscard]] virtual const char* HollowPicture() const = 0;
@@ -49,7 +56,7 @@ class CStyledPrimitiveDlg : public CPrimitiveDlg<Parameters> {
   void OnInitDialog() override { ShowPicture(this->parameters_.Style); }
 
   void OnButton(ControlId id) override {
-    constexpr ControlId kDefaultsButton = 1043;
+    using namespace primitive_controls;
     if (id == kSolidButton) ShowPicture(Parameters::kSolid);
     if (id == kHollowButton) ShowPicture(Parameters::kHollow);
     if (id != kDefaultsButton) return;
@@ -59,8 +66,7 @@ class CStyledPrimitiveDlg : public CPrimitiveDlg<Parameters> {
 
  private:
   void ShowPicture(std::int32_t style) {
-    constexpr ControlId kPicture = 1020;
-    this->Form().SetPicture(kPicture,
+    this->Form().SetPicture(primitive_controls::kPicture,
                             style == Parameters::kSolid ? SolidPicture() : HollowPicture());
   }
 };

@@ -5,7 +5,7 @@
 namespace zando {
 namespace {
 
-constexpr ControlId kClasses = 1064;
+constexpr ControlId kClassNames = 1064;
 
 }  // namespace
 
@@ -17,16 +17,16 @@ const ClassDefaults* CSelectClassnameDlg::Run(CDesktop& desktop) {
 void CSelectClassnameDlg::OnInitDialog() {
   std::int32_t index = 0;
   for (const ClassDefaults& record : ClassDefaultTable()) {
-    Form().AddLine(kClasses, record.ClassName(), index++);
+    Form().AddLine(kClassNames, record.ClassName(), index++);
   }
 }
 
 void CSelectClassnameDlg::OnSelectionChange(ControlId list) {
-  if (list == kClasses) chosen_ = Form().SelectedLine(kClasses);
+  if (list == kClassNames) chosen_ = Form().SelectedLine(kClassNames);
 }
 
 void CSelectClassnameDlg::OnDoubleClick(ControlId list) {
-  if (list == kClasses) OnOK();
+  if (list == kClassNames) OnOK();
 }
 
 }  // namespace zando

@@ -27,7 +27,7 @@ constexpr double kLeastCoarseSpacing = 30.0;
 constexpr double kAxisReach = 32000.0;
 
 /// Half the size of an entity's cross, in map units along each axis.
-constexpr double kEntityReach = 8.0;
+constexpr double kEntityMarker = 8.0;
 
 /// Grid lines are counted in 64 bits, and no farther than doubles count whole numbers.
 std::int64_t Truncate(double value) {
@@ -142,7 +142,7 @@ void DrawEntity(const ViewDrawing& drawing, const CEntity& entity, ColorRef colo
   if (entity.eStyle != 0 || !entity.IsShown()) return;
   const ScreenPoint centre = drawing.camera.WorldToScreen(entity.WorkOrigin);
   if (!drawing.dc.PtVisible(centre)) return;
-  const Vector corner = entity.WorkOrigin + Vector{kEntityReach, kEntityReach, kEntityReach};
+  const Vector corner = entity.WorkOrigin + Vector{kEntityMarker, kEntityMarker, kEntityMarker};
   const std::int32_t d = drawing.camera.WorldToScreen(corner).x - centre.x;
   const Pen before = drawing.dc.SelectPen({entity.IsSelected() ? kSelected : color, kEntityWidth});
   DrawLine(drawing.dc, {centre.x - d, centre.y - d}, {centre.x + d, centre.y + d});
