@@ -112,6 +112,7 @@ void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive) {
     Generate(parameters, brush);
   };
   std::visit(generate, primitive);
+  for (BrushFace& face : brush.Faces) face.surface.reset();
   brush.ComputeFacePoints();
 }
 
