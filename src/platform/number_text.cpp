@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kFewDigits = 6;
 
-/// Enough for any number in any of our forms.
-using Buffer = std::array<char, 40>;
+/// Enough for any number in any of our forms: the longest are those of 324 decimals.
+using Buffer = std::array<char, 400>;
 
 template <typename Number, typename... Format>
 std::string_view Print(Buffer& buffer, Number number, Format... format) {
@@ -23,8 +23,17 @@ std::string_view Print(Buffer& buffer, Number number, Format... format) {
 }
 
 std::string_view Print(Buffer& buffer, double number, Digits digits) {
-  return digits == Digits::Six ? Print(buffer, number, std::chars_format::general, kFewDigits)
-                               : Print(buffer, number);
+  switch (digits) {
+    case Digits::Six:
+      return Print(buffer, number, std::chars_format::general, kFewDigits);
+    case Digits::Shortest:
+      return Print(buffer, number);
+    case Digits::Exact:
+      return Print(buffer, number, std::chars_format::fixed);
+    case Digits::SixDecimals:
+      return Print(buffer, number, std::chars_format::fixed, kFewDigits);
+  }
+  return {};
 }
 
 template <typename Number>
