@@ -14,6 +14,8 @@ struct ThreeDmReport {
   std::int32_t vertices = 0;
   std::int32_t polygons = 0;
   std::int32_t ownerless = 0;  ///< visible polygons of brushes that are gone, left out
+
+  [[nodiscard]] bool IsIncomplete() const { return ownerless > 0; }
 };
 
 /// The sentence that tells of an export.
