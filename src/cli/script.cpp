@@ -50,6 +50,7 @@ ScriptResult RunScript(CZANDODoc& document, std::string_view text, std::string_v
       return {{}, {}, std::string(name) + ':' + std::to_string(lineNumber) + ": " + error.what()};
     }
   }
+  context.world.CatchUp();
   return {std::move(context.files), std::move(context.notes), {}};
 }
 
