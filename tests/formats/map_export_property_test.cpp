@@ -10,6 +10,7 @@
 #include "document/level.h"
 #include "formats/brush_carver.h"
 #include "formats/map_writer.h"
+#include "support/csg_testing.h"
 #include "support/map_solids.h"
 #include "support/random_level.h"
 
@@ -168,12 +169,20 @@ TEST_P(MapExport, CellsAreTheSameFarFromTheOrigin) {
       ASSERT_EQ(near[cell].size(), far[cell].size()) << seed;
       for (std::size_t plane = 0; plane < near[cell].size(); ++plane) {
         for (std::size_t i = 0; i < 3; ++i) {
-          strange += Length(near[cell][plane].points[i] - far[cell][plane].points[i]) > 1e-6 ? 1 : 0;
+          strange +=
+              Length(near[cell][plane].points[i] - far[cell][plane].points[i]) < 1e-6 ? 0 : 1;
         }
       }
     }
   }
   EXPECT_EQ(strange, 0);
+}
+
+TEST(MapExportOfAWideBrush, CellsFillWhatIsLeftOfIt) {
+  const CBrushList level = LevelOfBoxes({Solid({{-30000, -30000, -30000}, {30000, 30000, 30000}}),
+                                         Carve({{9000, 9000, 9000}, {29000, 29000, 29000}})});
+  CRandom random(1);
+  EXPECT_EQ(CountMisplacedPoints(level[0], CarvedCells(level)->front(), random), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Levels, MapExport, ::testing::ValuesIn(kKinds),
