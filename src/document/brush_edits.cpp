@@ -1,5 +1,6 @@
 #include "document/brush_edits.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <tuple>
@@ -8,6 +9,7 @@
 #include "document/change.h"
 #include "document/visibility.h"
 #include "platform/bits.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -139,6 +141,10 @@ void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
   placement.Shr = attributes.shear;
   brush.SetSlot(slot, placement);
   brush.Name = attributes.name;
+}
+
+bool IsBrushName(std::string_view name) {
+  return !name.empty() && std::ranges::none_of(name, IsWhiteSpace);
 }
 
 void SetBrushName(CZANDODoc& document, std::string_view name) {

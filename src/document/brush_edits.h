@@ -46,6 +46,10 @@ void CopyToCurrent(CZANDODoc& document);
 template <typename Parameters>
 void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters);
 
+/// Whether a level file and an exported map can hold this name of a brush: neither empty nor with
+/// blanks.
+[[nodiscard]] bool IsBrushName(std::string_view name);
+
 /// Names the current brush, which is the texture of its faces.
 void SetBrushName(CZANDODoc& document, std::string_view name);
 
