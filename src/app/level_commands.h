@@ -21,6 +21,7 @@ void CreateStaircase(ActiveLevel& level);
 void EditAttributes(ActiveLevel& level);
 void EditEntities(ActiveLevel& level);
 void ManageBsp(ActiveLevel& level);
+void RebuildQuickly(ActiveLevel& level);
 void EditGrid(ActiveLevel& level);
 void EditSettings(ActiveLevel& level);
 void EditGroups(ActiveLevel& level);
