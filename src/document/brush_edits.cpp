@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <tuple>
+#include <variant>
 
 #include "csg/csg_world.h"
 #include "document/change.h"
@@ -41,11 +42,11 @@ void CombineWithWorld(CZANDODoc& document, std::int32_t operation) {
 
 template <typename Edit>
 void EditPlacement(CZANDODoc& document, Edit&& edit) {
-  CChange change(document, kTouchedLevel);
-  CZandoBrush& brush = change.CurrentBrush();
-  Placement own = brush.Own();
+  Placement own = document.CurrentBrush().Own();
   edit(own);
-  brush.SetSlot(kOwnSlot, own);
+  if (own == document.CurrentBrush().Own()) return;
+  CChange change(document, kTouchedLevel);
+  change.CurrentBrush().SetSlot(kOwnSlot, own);
 }
 
 }  // namespace
@@ -105,18 +106,17 @@ void CopyToCurrent(CZANDODoc& document) {
   change.state.CurrentBrush = kWorkingBrush;
 }
 
-template <typename Parameters>
-void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters) {
+void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive) {
   CChange change(document, kTouchedLevel);
-  std::get<Parameters>(change.state.LastUsed) = parameters;
   CZandoBrush& brush = change.CurrentBrush();
-  Generate(parameters, brush);
+  const auto generate = [&]<typename Parameters>(const Parameters& parameters) {
+    std::get<Parameters>(change.state.LastUsed) = parameters;
+    Generate(parameters, brush);
+  };
+  std::visit(generate, primitive);
+  for (BrushFace& face : brush.Faces) face.surface.reset();
   brush.ComputeFacePoints();
 }
-template void GeneratePrimitive(CZANDODoc&, const BoxParameters&);
-template void GeneratePrimitive(CZANDODoc&, const SpheroidParameters&);
-template void GeneratePrimitive(CZANDODoc&, const CylinderParameters&);
-template void GeneratePrimitive(CZANDODoc&, const StaircaseParameters&);
 
 BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id, std::size_t slot) {
   const CZandoBrush* listed = document.GetLevel().BrushList.Find(id);

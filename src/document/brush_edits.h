@@ -41,10 +41,8 @@ void StepCurrentBrush(CZANDODoc& document, ListStep step);
 /// The working brush becomes a copy of the picked one, and current. Nothing while it is already.
 void CopyToCurrent(CZANDODoc& document);
 
-/// Generates a primitive into the current brush, and keeps its parameters as those last used. There
-/// is one for the parameters of each primitive.
-template <typename Parameters>
-void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters);
+/// Generates a primitive into the current brush, and keeps its parameters as those last used.
+void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive);
 
 /// Whether a level file and an exported map can hold this name of a brush: neither empty nor with
 /// blanks.
