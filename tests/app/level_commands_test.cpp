@@ -130,15 +130,32 @@ TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
   }
 }
 
-TEST(LevelCommands, QuickBspLeavesWaterOut) {
+TEST(LevelCommands, QuickBspLeavesWaterOutAndEverythingAsItWasWhenItIsCancelled) {
   Bench bench;
   AddToWorld(bench.level);
   SetBrushName(bench.level, "*water");
   PlaceBrush(bench.level, {500, 0, 0});
   AddToWorld(bench.level);
+  bench.level.SetModifiedFlag(false);
+  bench.desktop.CancelAt = 1;
+  bench.commands.OnCommand(ID_QUICK_BSP);
+  EXPECT_FALSE(bench.level.IsModified());
+  EXPECT_NE(bench.desktop.StatusText.find("cancelled"), std::string::npos);
+  bench.desktop.CancelAt.reset();
   for (const std::int32_t nodes : {12, 6}) {
     EXPECT_EQ(bench.level.GetLevel().World.Count().nodes, nodes);
     bench.commands.OnCommand(ID_QUICK_BSP);
+  }
+  EXPECT_GT(bench.desktop.Percent, 0);
+}
+
+TEST(LevelCommands, TheBspManagerMarksTheLevelUnlessItIsCancelledAndRedrawsAnyway) {
+  for (const ControlId answer : {IDOK, IDCANCEL}) {
+    Bench bench;
+    bench.Answer(answer);
+    bench.commands.OnCommand(ID_BSP_MANAGER);
+    EXPECT_EQ(bench.level.IsModified(), answer == IDOK);
+    EXPECT_EQ(bench.recorder.told, "redraw ");
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QStatusTipEvent>
@@ -229,6 +230,43 @@ TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPro
   const auto* grid = window_.findChild<QLabel*>(QStringLiteral("gridPane"));
   Choose(ID_USE_GRID);
   EXPECT_EQ(grid->text(), QStringLiteral("Gridsize: 64 Snap On"));
+}
+
+TEST_F(LevelTest, OfWhatIsDoneWhileABarIsShownOnlyEscapeAndClosingCount) {
+  const auto bar = [this] { return window_.statusBar()->findChild<QProgressBar*>(); };
+  const std::function<void()> cancels[] = {
+      [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); },
+      [this] { window_.close(); }, [] {}};
+  ActiveWidget().setFocus();
+  for (const auto& cancel : cancels) {
+    int meanwhile = 0;
+    QTimer::singleShot(0, [&] {
+      ++meanwhile;
+      EXPECT_TRUE(bar() != nullptr && bar()->isVisible() && bar()->value() > 0);
+      for (const Qt::Key key : {Qt::Key_X, Qt::Key_G}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+      }
+      const auto* toolbar = window_.findChild<QToolBar*>(QStringLiteral("mainToolbar"));
+      QTest::mouseClick(toolbar->widgetForAction(MenuItem(ID_FILE_NEW)), Qt::LeftButton);
+      MenuItem(ID_FILE_NEW)->trigger();
+      cancel();
+    });
+    bool cancelled = false;
+    try {
+      const auto progress = desktop_.ShowProgress("Working");
+      progress->Expect(100);
+      for (int step = 0; step < 100; ++step, QTest::qSleep(1)) progress->StepIt();
+    } catch (const CCancelled&) {
+      cancelled = true;
+    }
+    EXPECT_EQ(cancelled, &cancel != &cancels[2]);
+    EXPECT_EQ(meanwhile, 1);
+    EXPECT_EQ(bar(), nullptr);
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_EQ(app_.Documents().size(), 1U);
+    EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisX | kAxisY | kAxisZ);
+    EXPECT_EQ(Document().State().GroupMovementMode, 0);
+  }
 }
 
 TEST(RecentFiles, AreRememberedWhateverBytesTheirNamesHave) {

@@ -67,8 +67,8 @@ TEST(DataExchange, AFieldThatFailsSaysWhatIsAllowedAndEndsTheExchange) {
       {10, "+-1", "Please enter a number."},
       {10, "inf", "Please enter a number."},
       {10, "1e999", "Please enter a number."},
-      {10, "2e9", "Please enter a number between -1e+09 and 1e+09."},
-      {10, "-2e9", "Please enter a number between -1e+09 and 1e+09."},
+      {10, "2e9", "Please enter a number between -1000000000 and 1000000000."},
+      {10, "-2e9", "Please enter a number between -1000000000 and 1000000000."},
       {11, "5.0", "Please enter an integer."},
       {11, "4294967297", "Please enter an integer."},
       {11, "-1", "Please enter an integer between 0 and 100."},
@@ -97,7 +97,7 @@ TEST(DataExchange, AFieldThatStillShowsItsValueKeepsAllDigits) {
   CSampleDlg dialog;
   dialog.Number = 1000.0 / 3.0;
   testing::CFakeForm form(dialog);
-  EXPECT_EQ(form.Texts[10], "333.333");
+  EXPECT_EQ(form.Texts[10], "333.333333333");
   ASSERT_TRUE(dialog.UpdateData(Direction::FromControls));
   EXPECT_EQ(dialog.Number, 1000.0 / 3.0);
   form.Type(10, "333.3330");
