@@ -73,7 +73,10 @@ const struct {
     {"", "", [](CZANDODoc& d) { SetBrushName(d, "tech05_1"); }},
     {"rm", "rm", [](CZANDODoc& d) { PlaceBrush(d, kVector); }},
     {"rm", "rm", [](CZANDODoc& d) { SetBrushScale(d, kVector); }},
-    {"", "", [](CZANDODoc& d) { SetBrushRotation(d, {0, 0, 0}); }},
+    {"", "",
+     [](CZANDODoc& d) {
+       SetBrushRotation(d, {0, 0, 0});
+     }},
     {"rm", "rm", PlaceLight},
     {"rm", "", CopyCurrentEntity},
     {"rm", "", DeleteCurrentEntity},
