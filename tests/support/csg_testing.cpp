@@ -61,15 +61,6 @@ double Area(const CZandoPoly& polygon) {
   return Length(sum) / 2.0;
 }
 
-void Hollow(CZandoBrush& box) {
-  std::vector<CZandoPoly> faces = box.Polys();
-  for (const CZandoPoly& outer : box.Polys()) {
-    faces.push_back(ReverseCopy(outer).polygon);
-    for (Vector& v : faces.back().Vertices()) v = v * 0.5;
-  }
-  SetFaces(box, faces);
-}
-
 void AddZigzag(CZandoBrush& box) {
   const Vector half = (box.WorldBounds().high - box.WorldBounds().low) * 0.5;
   std::vector<CZandoPoly> faces = box.Polys();

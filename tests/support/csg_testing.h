@@ -33,9 +33,6 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 
 [[nodiscard]] double Area(const CZandoPoly& polygon);
 
-/// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
-void Hollow(CZandoBrush& box);
-
 /// Gives a box one more face, 100 beyond its last side: it goes to and fro through the plane of the
 /// top, which is refused to cut it.
 void AddZigzag(CZandoBrush& box);
