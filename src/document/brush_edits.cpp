@@ -39,11 +39,11 @@ void CombineWithWorld(CZANDODoc& document, std::int32_t operation) {
 
 template <typename Edit>
 void EditPlacement(CZANDODoc& document, Edit&& edit) {
-  CChange change(document, kTouchedLevel);
-  CZandoBrush& brush = change.CurrentBrush();
-  Placement own = brush.Own();
+  Placement own = document.CurrentBrush().Own();
   edit(own);
-  brush.SetSlot(kOwnSlot, own);
+  if (own == document.CurrentBrush().Own()) return;
+  CChange change(document, kTouchedLevel);
+  change.CurrentBrush().SetSlot(kOwnSlot, own);
 }
 
 }  // namespace

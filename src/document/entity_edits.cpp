@@ -118,6 +118,8 @@ void PickEntity(CZANDODoc& document, const Vector& point, const ViewAxes& axes) 
 void SetEntityKey(CZANDODoc& document, std::int32_t index, std::string_view key,
                   std::string_view value) {
   if (!document.GetLevel().IsEntity(index)) return;
+  const CEntity& old = document.GetLevel().Entities[static_cast<std::size_t>(index)];
+  if (old.HasKey(key) && old.GetValue(key) == value) return;
   CChange change(document, kTouchedLevel);
   CEntity& entity = change.level.Entities[static_cast<std::size_t>(index)];
   if (entity.HasKey(key)) {

@@ -20,11 +20,17 @@ auto FindPair(Pairs& pairs, std::string_view key) {
                       [key](const EntityPair& pair) { return EqualIgnoringCase(pair.key, key); });
 }
 
-/// Up to three whole numbers; those from the first unreadable one on are 0.
-std::array<std::int32_t, 3> ReadWholeNumbers(std::string_view text) {
+/// Up to three numbers, each cut toward zero; those from the first on that is none, or that is
+/// beyond 32 bits, are 0.
+std::array<std::int32_t, 3> ReadCutNumbers(std::string_view text) {
+  using Limits = std::numeric_limits<std::int32_t>;
   std::array<std::int32_t, 3> numbers{};
   for (std::int32_t& number : numbers) {
-    if (TakeNumber(text, number) != Taken::Number) break;
+    double value = 0.0;
+    if (TakeNumber(text, value) != Taken::Number) break;
+    const double cut = std::trunc(value);
+    if (!(Limits::min() <= cut && cut <= Limits::max())) break;
+    number = static_cast<std::int32_t>(cut);
   }
   return numbers;
 }
@@ -64,7 +70,7 @@ void CEntity::ParseOrigin() {
   const std::string& value = GetValue(kOriginKey);
   eStyle = value.empty() ? 1 : 0;
   if (eStyle != 0) return;
-  const auto [x, y, z] = ReadWholeNumbers(value);
+  const auto [x, y, z] = ReadCutNumbers(value);
   eOrigin = {static_cast<double>(x), static_cast<double>(y), static_cast<double>(z)};
   WorkOrigin = eOrigin;
 }

@@ -57,9 +57,9 @@ class CEntity {
 
   [[nodiscard]] const std::string& GetClassname() const { return GetValue("classname"); }
 
-  /// Reads the origin from its pair: three whole numbers x, y, z. From the first that is missing or
-  /// does not fit 32 bits on they are 0. A missing or empty value gives eStyle 1 and leaves the
-  /// origin.
+  /// Reads the origin from its pair: three numbers x, y, z, each cut toward zero. From the first
+  /// that is missing or beyond 32 bits on they are 0. A missing or empty value gives eStyle 1 and
+  /// leaves the origin.
   void ParseOrigin();
 
   /// As ParseOrigin, with the numbers in the game's order x, z, y; rewrites the pair in ours.

@@ -34,7 +34,7 @@ TEST(Entity, KeysMatchInAnyCaseAndTheFirstOfEqualOnesIsUsed) {
             (std::vector<EntityPair>{{"target", "t3"}, {"ClassName", "light"}, {"TARGET", "t2"}}));
 }
 
-TEST(Entity, OriginTextIsReadUpToTheFirstThingThatIsNoWholeNumber) {
+TEST(Entity, OriginTextIsReadUpToTheFirstThingThatIsNoNumberAndCutTowardZero) {
   struct Case {
     std::string text;
     Vector origin;
@@ -42,12 +42,16 @@ TEST(Entity, OriginTextIsReadUpToTheFirstThingThatIsNoWholeNumber) {
   const std::vector<Case> cases{
       {"\t+4\n5 \r6 7", {4, 5, 6}},
       {"1-2+3", {1, -2, 3}},
-      {"1.5 2 3", {1, 0, 0}},
+      {"1.5 -2.9 3e1 4", {1, -2, 30}},
+      {"-0.5 .5 0x7", {0, 0, 0}},
+      {"1 inf 3", {1, 0, 0}},
+      {"nan 2 3", {0, 0, 0}},
       {"1 2,3", {1, 2, 0}},
       {"+-5 2 3", {0, 0, 0}},
       {" ", {0, 0, 0}},
       {"-2147483648 2147483647 1", {-2147483648.0, 2147483647.0, 1}},
       {"2147483648 2 3", {0, 0, 0}},
+      {"2147483647.9 2 3", {2147483647.0, 2, 3}},
       {"1 2 99999999999999999999", {1, 2, 0}},
   };
   for (const Case& c : cases) {
