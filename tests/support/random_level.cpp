@@ -162,7 +162,8 @@ CBrushList RandomLevel(std::uint64_t seed, const LevelOptions& options) {
     const double topX = tapers ? random.Real(0.2, 0.9) : 1.0;
     const double topZ = tapers ? random.Real(0.2, 0.9) : 1.0;
     std::unique_ptr<CZandoBrush> brush = MakeFrustum(box, topX, topZ);
-    if (random.Percent(options.shaped)) brush = MakeShape(box, options, random);
+    const bool shaped = options.shaped > 0 && random.Percent(options.shaped);
+    if (shaped) brush = MakeShape(box, options, random);
     if (random.Percent(options.turned)) Turn(*brush, random);
     if (i > 0 && random.Percent(options.carving)) brush->TranT = kSubtractFromWorld;
     if (random.Percent(options.water)) brush->Name = "*water";
