@@ -82,7 +82,7 @@ struct Kind {
 // child for its state, and may be wrong.
 const Kind kKinds[] = {
     {"Boxes", {}, 1},
-    {"BoxesOnGrid", {.layout = Layout::CoarseGrid}, 3},
+    {"BoxesOnGrid", {.layout = Layout::CoarseGrid}, 10},
     {"Turned", {.tapered = 30, .turned = 60}},
     {"Shapes", {.shaped = 60}, 1},
     {"ShapesOnGrid", {.layout = Layout::CoarseGrid, .shaped = 60}, 3},

@@ -198,13 +198,6 @@ TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPro
   };
   hover("Create a new level");
   EXPECT_EQ(prompt(), QStringLiteral("Create a new level"));
-  desktop_.SetStatusText("Cannot save");
-  hover("");
-  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
-  hover("Create a new level");
-  hover("");
-  EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
-
   desktop_.SetStatusText("Saved");
   desktop_.ShowFailure("Cannot save");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));

@@ -191,5 +191,30 @@ TEST(Document, AClickPicksTheSmallestShownBrushAndTheEarlierOfEqualOnes) {
   }
 }
 
+TEST(Document, ACopyOfALevelIsEqualAndNamesItsOwnBrushes) {
+  CZANDODoc document;
+  AddToWorld(document);
+  PlaceBrush(document, {64, 64, 64});
+  AddToWorld(document);
+  PlaceLight(document);
+  CreateEmptyGroup(document);
+  const Level& level = document.GetLevel();
+  ASSERT_GT(level.World.Count().coplanar, 0);
+  const Level copy = level;
+  Level assigned;
+  assigned = copy;
+  EXPECT_TRUE(copy == level && assigned == level);
+  Edit(document).RemoveBrush(0);
+  EXPECT_FALSE(copy == level);
+  for (const Level* each : std::initializer_list<const Level*>{&level, &copy, &assigned}) {
+    EXPECT_EQ(each->World.brushList, each->BrushList.Head());
+    WalkBackFrontNode(each->World.root, [each](const CBspNode* node) {
+      for (; node != nullptr; node = node->chain) {
+        EXPECT_EQ(node->pBrush, each->BrushList.Find(node->nBid));
+      }
+    });
+  }
+}
+
 }  // namespace
 }  // namespace zando

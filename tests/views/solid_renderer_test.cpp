@@ -160,7 +160,7 @@ void CompareWithRays(LevelOptions::Layout layout, Build build) {
       }
     }
   }
-  EXPECT_GT(drawn, 40'000);
+  EXPECT_GT(drawn, 15'000);
   EXPECT_LE(differences * 1000, drawn);
 }
 
