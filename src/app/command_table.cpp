@@ -4,9 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <tuple>
 
 #include "app/editor_app.h"
 #include "app/level_commands.h"
+#include "dialogs/create_box_dlg.h"
+#include "dialogs/create_cylinder_dlg.h"
+#include "dialogs/create_spheroid_dlg.h"
+#include "dialogs/create_staircase_dlg.h"
 #include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/entity_edits.h"
@@ -42,6 +47,12 @@ void Rotate90(CZANDOView& view) { view.Rotate90(); }
 template <void (*Operation)(CZANDODoc&)>
 void Edit(ActiveLevel& level) {
   Operation(level.document);
+}
+
+template <typename Dialog>
+void CreatePrimitive(ActiveLevel& level) {
+  Dialog dialog(std::get<typename Dialog::Parameters>(level.document.State().LastUsed));
+  if (const auto agreed = dialog.Run(level.desktop)) GeneratePrimitive(level.document, *agreed);
 }
 
 template <std::int32_t Wanted>
@@ -252,13 +263,14 @@ constexpr std::array kCommands{
         "Previous Brush", OfLevel{StepBrush<ListStep::Previous>, IsPicked}),
     Row(ID_COPY_TO_CURRENT, "&Copy to Current", "Copy the selected brush to the working brush",
         "Copy to Current", OfLevel{Edit<CopyToCurrent>, IsPicked}),
-    Row(ID_CUBE, "&Cube...", "Create a cube primitive", "Cube ", OfLevel{CreateCube}, "cube"),
-    Row(ID_SPHEROID, "&Spheroid...", "Create a sphere primtive", "Sphere", OfLevel{CreateSpheroid},
-        "spheroid"),
+    Row(ID_CUBE, "&Cube...", "Create a cube primitive", "Cube ",
+        OfLevel{CreatePrimitive<CCreateBoxDlg>}, "cube"),
+    Row(ID_SPHEROID, "&Spheroid...", "Create a sphere primtive", "Sphere",
+        OfLevel{CreatePrimitive<CCreateSpheroidDlg>}, "spheroid"),
     Row(ID_CYLINDER, "C&ylinder...", "Create a Cylinder primitive", "cylinder",
-        OfLevel{CreateCylinder}, "cylinder"),
+        OfLevel{CreatePrimitive<CCreateCylinderDlg>}, "cylinder"),
     Row(ID_STAIRCASE, "S&taircase...", "Create a staircase primitive", "Staircase",
-        OfLevel{CreateStaircase}, "staircase"),
+        OfLevel{CreatePrimitive<CCreateStaircaseDlg>}, "staircase"),
     Row(ID_ADD_TO_WORLD, "&Add to World", "Add the current brush to the world", "Add to World",
         OfLevel{Edit<AddToWorld>}, "add_to_world"),
     Row(ID_SUBTRACT_FROM_WORLD, "&Subtract From &World",

@@ -2,15 +2,10 @@
 
 #include <filesystem>
 #include <string>
-#include <tuple>
 
 #include "app/status_text.h"
 #include "dialogs/brush_attributes_dlg.h"
 #include "dialogs/bsp_manager_dlg.h"
-#include "dialogs/create_box_dlg.h"
-#include "dialogs/create_cylinder_dlg.h"
-#include "dialogs/create_spheroid_dlg.h"
-#include "dialogs/create_staircase_dlg.h"
 #include "dialogs/entity_editor_dlg.h"
 #include "dialogs/global_settings_dlg.h"
 #include "dialogs/grid_settings_dlg.h"
@@ -30,27 +25,7 @@ std::filesystem::path MapNameOf(const CZANDODoc& document) {
   return name;
 }
 
-template <typename Dialog, typename Parameters>
-void CreatePrimitive(ActiveLevel& level) {
-  Dialog dialog(std::get<Parameters>(level.document.State().LastUsed));
-  if (const auto agreed = dialog.Run(level.desktop)) GeneratePrimitive(level.document, *agreed);
-}
-
 }  // namespace
-
-void CreateCube(ActiveLevel& level) { CreatePrimitive<CCreateBoxDlg, BoxParameters>(level); }
-
-void CreateSpheroid(ActiveLevel& level) {
-  CreatePrimitive<CCreateSpheroidDlg, SpheroidParameters>(level);
-}
-
-void CreateCylinder(ActiveLevel& level) {
-  CreatePrimitive<CCreateCylinderDlg, CylinderParameters>(level);
-}
-
-void CreateStaircase(ActiveLevel& level) {
-  CreatePrimitive<CCreateStaircaseDlg, StaircaseParameters>(level);
-}
 
 void EditAttributes(ActiveLevel& level) {
   CBrushAttributesDlg(level.document, level.document.State().CurrentBrush, kOwnSlot)

@@ -14,10 +14,6 @@ struct ActiveLevel {
 };
 
 /// The commands of a level that ask something first, or say something afterwards.
-void CreateCube(ActiveLevel& level);
-void CreateSpheroid(ActiveLevel& level);
-void CreateCylinder(ActiveLevel& level);
-void CreateStaircase(ActiveLevel& level);
 void EditAttributes(ActiveLevel& level);
 void EditEntities(ActiveLevel& level);
 void ManageBsp(ActiveLevel& level);

@@ -118,7 +118,7 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
   const Palette palette = ReadPalette(request.palette, {});
   CCamera camera;
   FrameLevel(*document, request, camera);
-  const PngImage image = PaintPng(request.width, request.height, [&](CDC& dc) {
+  const CResult<std::string> image = PaintPng(request.width, request.height, [&](CDC& dc) {
     const ViewDrawing drawing{dc, camera};
     dc.ResetClip();
     if (request.grid && IsOrthographic(request.kind)) DrawGrid(drawing, *document);
@@ -129,8 +129,8 @@ void RenderLevel(const fs::path& input, const fs::path& output, const PictureReq
     }
     if (document->State().ShowEntities != 0) DrawEntities(drawing, *document);
   });
-  if (!image.bytes) throw CCommandFailure(output, image.error);
-  RequireWritten(WriteFileAtomically(output, *image.bytes), output, warn);
+  if (!image) throw CCommandFailure(output, image.Error());
+  RequireWritten(WriteFileAtomically(output, *image), output, warn);
   out << output.string() << ": " << request.width << 'x' << request.height << " pixels\n";
 }
 

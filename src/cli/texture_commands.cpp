@@ -110,10 +110,10 @@ void WriteTextures(const TextureRequest& request, const fs::path& folder, std::o
   CFileNames names;
   for (const Texture& texture : archive.Textures()) {
     const fs::path path = folder / (names.NameFor(texture.name) + ".png");
-    const PngImage image =
+    const CResult<std::string> image =
         PackPng({texture.width, texture.height, texture.surface.Pixels(), palette.colors});
-    if (!image.bytes) throw CCommandFailure(path, image.error);
-    RequireWritten(WriteFileAtomically(path, *image.bytes), path, request.warn);
+    if (!image) throw CCommandFailure(path, image.Error());
+    RequireWritten(WriteFileAtomically(path, *image), path, request.warn);
   }
   out << folder.string() << ": " << Counted(archive.Textures().size()) << " written\n";
 }

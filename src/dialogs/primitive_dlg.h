@@ -20,9 +20,11 @@ inline constexpr ControlId kDefaultsButton = 1043;
 
 /// What the dialogs of all primitives have in common: they start from the parameters last used,
 /// give those that were agreed to, and have a button that brings back the defaults.
-template <typename Parameters>
+template <typename Primitive>
 class CPrimitiveDlg : public CDialog {
  public:
+  using Parameters = Primitive;
+
   explicit CPrimitiveDlg(const Parameters& lastUsed) : parameters_(lastUsed) {}
 
   /// Asks for the parameters; none when the user cancelled.

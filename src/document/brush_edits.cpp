@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <tuple>
+#include <variant>
 
 #include "csg/csg_world.h"
 #include "document/change.h"
@@ -103,18 +104,17 @@ void CopyToCurrent(CZANDODoc& document) {
   change.state.CurrentBrush = kWorkingBrush;
 }
 
-template <typename Parameters>
-void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters) {
+void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive) {
   CChange change(document, kTouchedLevel);
-  std::get<Parameters>(change.state.LastUsed) = parameters;
   CZandoBrush& brush = change.CurrentBrush();
-  Generate(parameters, brush);
+  const auto generate = [&]<typename Parameters>(const Parameters& parameters) {
+    std::get<Parameters>(change.state.LastUsed) = parameters;
+    Generate(parameters, brush);
+  };
+  std::visit(generate, primitive);
+  for (BrushFace& face : brush.Faces) face.surface.reset();
   brush.ComputeFacePoints();
 }
-template void GeneratePrimitive(CZANDODoc&, const BoxParameters&);
-template void GeneratePrimitive(CZANDODoc&, const SpheroidParameters&);
-template void GeneratePrimitive(CZANDODoc&, const CylinderParameters&);
-template void GeneratePrimitive(CZANDODoc&, const StaircaseParameters&);
 
 BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id, std::size_t slot) {
   const CZandoBrush* listed = document.GetLevel().BrushList.Find(id);

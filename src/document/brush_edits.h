@@ -41,10 +41,8 @@ void StepCurrentBrush(CZANDODoc& document, ListStep step);
 /// The working brush becomes a copy of the picked one, and current. Nothing while it is already.
 void CopyToCurrent(CZANDODoc& document);
 
-/// Generates a primitive into the current brush, and keeps its parameters as those last used. There
-/// is one for the parameters of each primitive.
-template <typename Parameters>
-void GeneratePrimitive(CZANDODoc& document, const Parameters& parameters);
+/// Generates a primitive into the current brush, and keeps its parameters as those last used.
+void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive);
 
 /// Names the current brush, which is the texture of its faces.
 void SetBrushName(CZANDODoc& document, std::string_view name);

@@ -10,6 +10,7 @@ Level::Level(const Level& source)
       World(source.World),
       Entities(source.Entities),
       Groups(source.Groups),
+      WorldKeys(source.WorldKeys),
       NextBrushId(source.NextBrushId) {
   WorkingBrush.CopyWhole(source.WorkingBrush);
   LinkWorld();
@@ -21,6 +22,7 @@ Level& Level::operator=(Level source) {
   World.Swap(source.World);
   Entities.swap(source.Entities);
   Groups.swap(source.Groups);
+  WorldKeys.swap(source.WorldKeys);
   NextBrushId = source.NextBrushId;
   return *this;
 }

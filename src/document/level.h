@@ -22,6 +22,7 @@ struct Level {
   CConstructiveBsp World;
   CEntList Entities;
   CGroupList Groups;
+  std::vector<EntityPair> WorldKeys;  ///< of worldspawn, beside those that every map is given
   std::int32_t NextBrushId = 0;
 
   Level() = default;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,18 @@ inline constexpr std::int32_t kSubtractFromWorld = 1;
 
 inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 
+/// How a face is covered in a map: a texture, and the five numbers of its plane line.
+struct FaceSurface {
+  std::string texture;
+  double offsetX = 0.0;
+  double offsetY = 0.0;
+  double rotation = 0.0;  ///< degrees
+  double scaleX = 1.0;
+  double scaleY = 1.0;
+
+  friend bool operator==(const FaceSurface&, const FaceSurface&) = default;
+};
+
 /// What a brush knows of one of its faces beside the polygon.
 struct BrushFace {
   std::int32_t tag = 0;  ///< texture reference
@@ -32,6 +45,8 @@ struct BrushFace {
   std::int32_t userData1 = 0;  ///< carried with the face; nothing here reads it
   std::int32_t userData2 = 0;
   std::array<Vector, 3> points{};  ///< local vertices 1, 0 and 2 of the face's polygon
+  /// Its own; a face without one is covered with the brush's Name and the numbers given above.
+  std::optional<FaceSurface> surface;
 
   friend bool operator==(const BrushFace&, const BrushFace&) = default;
 };

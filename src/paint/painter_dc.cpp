@@ -71,6 +71,39 @@ Interval Limit(std::int64_t begin, std::int64_t length, int limit) {
           static_cast<int>(std::clamp<std::int64_t>(end, 0, top))};
 }
 
+/// The way of a line along one side of a surface: from where to where in pixels, how many pixels
+/// the side has, and how far apart they lie.
+struct Course {
+  std::int64_t from;
+  std::int64_t to;
+  std::int64_t limit;
+  std::int64_t stride;
+};
+
+double SlopeOf(const Course& along, const Course& beside) {
+  const auto length = static_cast<double>(along.to - along.from);
+  return length > 0.0 ? static_cast<double>(beside.to - beside.from) / length : 0.0;
+}
+
+struct Steps {
+  double first;
+  double last;
+};
+
+/// The steps along a line that may lie on the surface; the first is beyond the last when none does.
+Steps StepsWithin(const Course& along, const Course& beside, double slope) {
+  Steps steps{static_cast<double>(std::max<std::int64_t>(along.from, 0)),
+              static_cast<double>(std::min(along.to, along.limit - 1))};
+  if (slope == 0.0) return 0 <= beside.from && beside.from < beside.limit ? steps : Steps{1.0, 0.0};
+  // Where the line enters and leaves the rows of the surface, with a step to spare.
+  const double enter = (-1.0 - static_cast<double>(beside.from)) / slope;
+  const double leave = static_cast<double>(beside.limit - beside.from) / slope;
+  const auto start = static_cast<double>(along.from);
+  steps.first = std::max(steps.first, std::floor(start + std::min(enter, leave)) - 1.0);
+  steps.last = std::min(steps.last, std::ceil(start + std::max(enter, leave)) + 1.0);
+  return steps;
+}
+
 }  // namespace
 
 CPainterDC::CPainterDC(QPainter& painter, QSize size)
@@ -197,54 +230,33 @@ void CPainterDC::DrawLine(ScreenPoint from, ScreenPoint to) {
 /// One pixel for every step along the longer of the two extents. The pixels of a line do not depend
 /// on how much of it lies within the surface, nor on its direction.
 void CPainterDC::DrawThinLine(ScreenPoint from, ScreenPoint to) {
-  std::int64_t along = std::int64_t{from.x} + origin_.x;
-  std::int64_t beside = std::int64_t{from.y} + origin_.y;
-  std::int64_t alongEnd = std::int64_t{to.x} + origin_.x;
-  std::int64_t besideEnd = std::int64_t{to.y} + origin_.y;
-  std::int64_t alongLimit = surface_.width();
-  std::int64_t besideLimit = surface_.height();
-  std::int64_t alongStride = 1;
-  std::int64_t besideStride = pixels_.stride;
-  if (std::abs(besideEnd - beside) > std::abs(alongEnd - along)) {
-    std::swap(along, beside);
-    std::swap(alongEnd, besideEnd);
-    std::swap(alongLimit, besideLimit);
-    std::swap(alongStride, besideStride);
+  Course x{std::int64_t{from.x} + origin_.x, std::int64_t{to.x} + origin_.x, surface_.width(), 1};
+  Course y{std::int64_t{from.y} + origin_.y, std::int64_t{to.y} + origin_.y, surface_.height(),
+           pixels_.stride};
+  const bool isSteep = std::abs(y.to - y.from) > std::abs(x.to - x.from);
+  Course& along = isSteep ? y : x;
+  Course& beside = isSteep ? x : y;
+  if (along.from > along.to) {
+    std::swap(along.from, along.to);
+    std::swap(beside.from, beside.to);
   }
-  if (along > alongEnd) {
-    std::swap(along, alongEnd);
-    std::swap(beside, besideEnd);
-  }
-
-  const auto length = static_cast<double>(alongEnd - along);
-  const double slope = length > 0.0 ? static_cast<double>(besideEnd - beside) / length : 0.0;
-  double first = static_cast<double>(std::max<std::int64_t>(along, 0));
-  double last = static_cast<double>(std::min(alongEnd, alongLimit - 1));
-  if (slope != 0.0) {
-    // Where the line enters and leaves the rows of the surface, with a step to spare.
-    const double enter = (-1.0 - static_cast<double>(beside)) / slope;
-    const double leave = static_cast<double>(besideLimit - beside) / slope;
-    const auto start = static_cast<double>(along);
-    first = std::max(first, std::floor(start + std::min(enter, leave)) - 1.0);
-    last = std::min(last, std::ceil(start + std::max(enter, leave)) + 1.0);
-  } else if (beside < 0 || beside >= besideLimit) {
-    return;
-  }
+  const double slope = SlopeOf(along, beside);
+  const auto [first, last] = StepsWithin(along, beside, slope);
   if (first > last) return;
 
   // The place beside the line in 32 binary digits after the point.
   constexpr double kOne = 4294967296.0;
-  const double offset = (first - static_cast<double>(along)) * slope;
-  const double start = static_cast<double>(beside) + offset + 0.5;
+  const double offset = (first - static_cast<double>(along.from)) * slope;
+  const double start = static_cast<double>(beside.from) + offset + 0.5;
   auto place = static_cast<std::int64_t>(std::floor(start * kOne));
   const auto step = static_cast<std::int64_t>(std::floor(slope * kOne));
   const std::uint32_t pixel = ToPixel(pen_.color);
   const auto end = static_cast<std::int64_t>(last);
-  std::uint32_t* at = pixels_.first + static_cast<std::int64_t>(first) * alongStride;
+  std::uint32_t* at = pixels_.first + static_cast<std::int64_t>(first) * along.stride;
   for (auto i = static_cast<std::int64_t>(first); i <= end; ++i) {
     const std::int64_t row = place >> 32;
-    if (row >= 0 && row < besideLimit) at[row * besideStride] = pixel;
-    at += alongStride;
+    if (row >= 0 && row < beside.limit) at[row * beside.stride] = pixel;
+    at += along.stride;
     place += step;
   }
 }

@@ -12,18 +12,19 @@
 namespace zando {
 namespace {
 
-PngImage NoMemory() { return {std::nullopt, "there is no memory for a picture of this size"}; }
+Failure NoMemory() { return {"there is no memory for a picture of this size"}; }
 
-PngImage Pack(const QImage& image) {
+CResult<std::string> Pack(const QImage& image) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  if (!image.save(&buffer, "PNG")) return {std::nullopt, "the picture cannot be packed"};
-  return {bytes.toStdString(), ""};
+  if (!image.save(&buffer, "PNG")) return Failure{"the picture cannot be packed"};
+  return bytes.toStdString();
 }
 
 }  // namespace
 
-PngImage PaintPng(std::int32_t width, std::int32_t height, const std::function<void(CDC&)>& paint) {
+CResult<std::string> PaintPng(std::int32_t width, std::int32_t height,
+                              const std::function<void(CDC&)>& paint) {
   QImage image(width, height, QImage::Format_RGB32);
   if (image.isNull()) return NoMemory();
   image.fill(Qt::black);
@@ -35,7 +36,7 @@ PngImage PaintPng(std::int32_t width, std::int32_t height, const std::function<v
   return Pack(image);
 }
 
-PngImage PackPng(const IndexedPicture& picture) {
+CResult<std::string> PackPng(const IndexedPicture& picture) {
   QImage image(picture.width, picture.height, QImage::Format_Indexed8);
   if (image.isNull()) return NoMemory();
   image.setColorCount(static_cast<int>(picture.colors.size()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <tuple>
+#include <variant>
 
 #include "primitives/box.h"
 #include "primitives/cylinder.h"
@@ -9,8 +10,14 @@
 
 namespace zando {
 
-/// The parameters of every primitive, as the dialogs keep those last used.
-using PrimitiveParameters =
-    std::tuple<BoxParameters, SpheroidParameters, CylinderParameters, StaircaseParameters>;
+/// The list of all primitives, by their parameters.
+template <template <typename...> typename Of>
+using OfPrimitives = Of<BoxParameters, SpheroidParameters, CylinderParameters, StaircaseParameters>;
+
+/// The parameters of every primitive, as those last used are kept.
+using PrimitiveParameters = OfPrimitives<std::tuple>;
+
+/// The parameters of one primitive.
+using AnyPrimitive = OfPrimitives<std::variant>;
 
 }  // namespace zando
