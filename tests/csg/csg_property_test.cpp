@@ -14,16 +14,6 @@ namespace {
 
 using Layout = LevelOptions::Layout;
 
-bool Contains(const CBspNode& node, const Vector& p) {
-  if (std::abs(SignedDistance(node.plane, p)) > PLANE_EPSILON) return false;
-  const CZandoPoly& polygon = node.polygon;
-  for (std::int32_t i = 0; i < polygon.count; ++i) {
-    const Vector edge = polygon[(i + 1) % polygon.count] - polygon[i];
-    if (Dot(Cross(edge, p - polygon[i]), node.plane.normal) < 0.0) return false;
-  }
-  return true;
-}
-
 /// What lies just beside a face at a point, in a direction, and a little around there. Nothing
 /// where that differs: an edge or another face is near.
 std::optional<bool> StateBeside(const CBrushList& level, const Vector& point,
@@ -60,7 +50,9 @@ int WrongPoints(const CBrushList& level, const std::vector<const CBspNode*>& vis
         int right = 0;
         int wrong = 0;
         for (const CBspNode* node : visible) {
-          if (std::abs(Dot(node->plane.normal, normal)) < 0.99 || !Contains(*node, point)) continue;
+          const bool isInPlane = std::abs(Dot(node->plane.normal, normal)) > 0.99 &&
+                                 std::abs(SignedDistance(node->plane, point)) <= PLANE_EPSILON;
+          if (!isInPlane || !Contains(*node, point)) continue;
           const bool emptyBefore = Dot(node->plane.normal, normal) > 0.0 ? !*before : !*behind;
           ++(before != behind && emptyBefore ? right : wrong);
         }
@@ -84,8 +76,8 @@ const Kind kKinds[] = {
     {"Boxes", {}, 1},
     {"BoxesOnGrid", {.layout = Layout::CoarseGrid}, 10},
     {"Turned", {.tapered = 30, .turned = 60}},
-    {"Shapes", {.shaped = 60}, 1},
-    {"ShapesOnGrid", {.layout = Layout::CoarseGrid, .shaped = 60}, 3},
+    {"Shapes", {.shaped = 60}, 2},
+    {"ShapesOnGrid", {.layout = Layout::CoarseGrid, .shaped = 60}, 5},
     {"SquareShapesOnGrid",
      {.layout = Layout::CoarseGrid, .shaped = 50, .shapes = LevelOptions::Shapes::Square},
      9},

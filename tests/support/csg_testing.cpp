@@ -53,6 +53,15 @@ std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree) {
   return visible;
 }
 
+bool Contains(const CBspNode& node, const Vector& point) {
+  const CZandoPoly& polygon = node.polygon;
+  for (std::int32_t i = 0; i < polygon.count; ++i) {
+    const Vector edge = polygon[(i + 1) % polygon.count] - polygon[i];
+    if (Dot(Cross(edge, point - polygon[i]), node.plane.normal) < 0.0) return false;
+  }
+  return true;
+}
+
 double Area(const CZandoPoly& polygon) {
   Vector sum{0.0, 0.0, 0.0};
   for (std::int32_t i = 2; i < polygon.count; ++i) {

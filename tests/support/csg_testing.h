@@ -30,6 +30,9 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 /// Every visible polygon of the tree, chain members included.
 [[nodiscard]] std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree);
 
+/// Whether a point of the polygon's plane lies within the polygon.
+[[nodiscard]] bool Contains(const CBspNode& node, const Vector& point);
+
 [[nodiscard]] double Area(const CZandoPoly& polygon);
 
 /// Gives a box one more face, 100 beyond its last side: it goes to and fro through the plane of the

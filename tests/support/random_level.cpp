@@ -54,43 +54,22 @@ std::unique_ptr<CZandoBrush> MakeShape(const GridBox& box, const LevelOptions& o
   if (std::min({size.x, size.y, size.z}) < 16.0) return MakeFrustum(box, 1.0, 1.0);
   auto brush = std::make_unique<CZandoBrush>();
   const std::int32_t kinds = options.shapes == LevelOptions::Shapes::Any ? 4 : 1;
-  switch (random.Between(0, kinds)) {
-    case 0:
-      Generate(BoxParameters{size.y, BoxParameters::kHollow, wall, size.x, size.x, size.z, size.z},
-               *brush);
-      break;
-    case 1:
-      Generate(StaircaseParameters{.Height = size.y,
-                                   .Length = size.z,
-                                   .NumberOfStairs = random.Percent(50) ? 4.0 : 2.0,
-                                   .Width = size.x},
-               *brush);
-      break;
-    case 2:
-      Generate(
-          StaircaseParameters{.Height = size.y, .Length = size.z, .Width = size.x, .MakeRamp = 1},
-          *brush);
-      break;
-    case 3:
-      Generate(CylinderParameters{.BottomXSize = size.x,
-                                  .BottomZSize = size.z,
-                                  .Style = random.Between(0, 1),
-                                  .WallThickness = wall,
-                                  .TopXSize = size.x,
-                                  .TopZSize = size.z,
-                                  .Stripes = double(random.Between(4, 9)),
-                                  .YSize = size.y},
-               *brush);
-      break;
-    default:
-      Generate(SpheroidParameters{.HorizontalStripes = random.Between(2, 4),
-                                  .VerticalStripes = random.Between(4, 8),
-                                  .XSize = size.x,
-                                  .YSize = size.y,
-                                  .ZSize = size.z,
-                                  .Style = random.Between(0, 1),
-                                  .WallThickness = wall},
-               *brush);
+  const std::int32_t kind = random.Between(0, kinds);
+  const std::int32_t style = random.Between(0, 1);
+  if (kind == 0) {
+    Generate(BoxParameters{size.y, BoxParameters::kHollow, wall, size.x, size.x, size.z, size.z},
+             *brush);
+  } else if (kind <= 2) {  // stairs, ramps
+    Generate(StaircaseParameters{size.y, size.z, style == 0 ? 4.0 : 2.0, size.x, kind - 1}, *brush);
+  } else if (kind == 3) {
+    const double sides = random.Between(4, 9);
+    Generate(CylinderParameters{0.0, size.x, 0.0, size.z, style, wall, 0.0, size.x, 0.0, size.z,
+                                sides, size.y},
+             *brush);
+  } else {
+    Generate(SpheroidParameters{random.Between(2, 4), random.Between(4, 8), size.x, size.y, size.z,
+                                style, wall},
+             *brush);
   }
   brush->ComputeFacePoints();
   brush->MoveTo((AsVector(box.low) + AsVector(box.high)) * 0.5);

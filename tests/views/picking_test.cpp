@@ -132,6 +132,7 @@ TEST_F(Picking, TheNearestShownEntityIsPickedWithinItsReach) {
         {ViewKind::Solid, {230, 141}, 7},
         {ViewKind::Solid, {189, 132}, 7},
         {ViewKind::Solid, {189, 133}, 2},
+        {ViewKind::Solid, {200, 151}, 2},
         {ViewKind::Solid, {-32, -32}, 7}}) {
     Look(kind, {0, 0, IsOrthographic(kind) ? 0.0 : -200.0});
     for (const std::int32_t shown : {1, 0}) {

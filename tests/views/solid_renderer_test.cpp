@@ -95,12 +95,7 @@ double Meets(const CBspNode& node, const Vector& eye, const Vector& direction) {
   if (before <= PLANE_EPSILON) return kNever;
   const double depth = -before / Dot(node.plane.normal, direction);
   if (!(depth >= kNearDepth)) return kNever;
-  const Vector at = eye + direction * depth;
-  for (std::int32_t i = 0; i < node.polygon.count; ++i) {
-    const Vector edge = node.polygon[(i + 1) % node.polygon.count] - node.polygon[i];
-    if (Dot(Cross(edge, at - node.polygon[i]), node.plane.normal) < 0.0) return kNever;
-  }
-  return depth;
+  return testing::Contains(node, eye + direction * depth) ? depth : kNever;
 }
 
 /// The tag of the visible polygon that a ray through the corner of each pixel meets first, row by
