@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/script.h"
+#include "document/world_edits.h"
 #include "document/zando_doc.h"
 
 namespace zando {
@@ -14,10 +15,11 @@ namespace zando {
 class CScriptContext {
  public:
   CZANDODoc& document;
+  CDeferredWorld world;  ///< to be caught up with before anybody reads it
   std::vector<PendingFile> files;
   std::vector<std::string> notes;
 
-  explicit CScriptContext(CZANDODoc& level) : document(level) {}
+  explicit CScriptContext(CZANDODoc& level) : document(level), world(level) {}
 
   /// The listed brush that a word names: its index in the list, `last`, or the first shown brush of
   /// that name. A hidden brush cannot be named.

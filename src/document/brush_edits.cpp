@@ -5,9 +5,9 @@
 #include <tuple>
 #include <variant>
 
-#include "csg/csg_world.h"
 #include "document/change.h"
 #include "document/visibility.h"
+#include "document/world_edits.h"
 #include "platform/bits.h"
 
 namespace zando {
@@ -33,9 +33,8 @@ void CombineWithWorld(CZANDODoc& document, std::int32_t operation) {
   CZandoBrush& working = change.level.WorkingBrush;
   working.BGroup = change.state.CurrentGroup;
   working.SetFaceTextures(document.Textures().TextureCount() > 0 ? kFirstTexture : kNoTexture);
-  // The listed copy owns the new nodes, so that they survive what happens to the working brush.
-  const CZandoBrush& listed = change.level.BrushList[AddBrush(document, working)];
-  InsertBrush(change.level.World, listed, listed.BBid);
+  // The listed copy, so that the world survives what happens to the working brush.
+  InsertIntoWorld(document, change.level.BrushList[AddBrush(document, working)]);
 }
 
 template <typename Edit>
