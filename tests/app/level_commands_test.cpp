@@ -148,7 +148,7 @@ TEST(LevelCommands, TheBspManagerMarksTheLevelUnlessItIsCancelledAndRedrawsAnywa
     bench.Answer(answer);
     bench.commands.OnCommand(ID_BSP_MANAGER);
     EXPECT_EQ(bench.level.IsModified(), answer == IDOK);
-    EXPECT_EQ(bench.recorder.told, "redraw ");
+    EXPECT_EQ(bench.listener.told, "r");
   }
 }
 

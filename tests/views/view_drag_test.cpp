@@ -68,9 +68,9 @@ TEST_F(ViewDrag, EveryStepChangesWhatItsViewAndButtonsSayUnderEveryAxisMask) {
                    {allowed & x ? by.x : 0, allowed & y ? by.y : 0, allowed & kAxisZ ? by.z : 0},
                    buttons);
       };
-      const Placement& own = brush.Own();
+      const Placement& own = working.Own();
       expect(own.WorkPos, row.tool == kMove && !turns);
-      expect(brush.WorldOrigin(), row.tool == kMove && !turns);
+      expect(working.WorldOrigin(), row.tool == kMove && !turns);
       expect(own.WorkRot, turns, kAxisY, kAxisX);  // yaw is about y
       expect(own.Scl - fresh.WorkingBrush.Own().Scl, row.tool == kScale);
       expect(own.Shr, row.tool == kShear);
@@ -156,18 +156,18 @@ TEST_F(ViewDrag, AFinishedDragSnapsAndCommits) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.script);
     level = before;
-    brush.MoveTo({c.x, c.x, c.x});
+    working.MoveTo({c.x, c.x, c.x});
     state.CurrentEntity = 0;
     state.UseGrid = state.UseRotationSnap = 0;
     document.SetModifiedFlag(false);
     desktop.ShiftDown = false;
     Use(c.tool, c.kind, c.axes);
     Play(c.script);
-    ExpectNear(c.tool == kEntity ? level.Entities[0].eOrigin : brush.Own().Pos, c.at, "at");
-    ExpectNear(brush.Own().Rot, c.turned, "turned");
+    ExpectNear(c.tool == kEntity ? level.Entities[0].eOrigin : working.Own().Pos, c.at, "at");
+    ExpectNear(working.Own().Rot, c.turned, "turned");
     EXPECT_TRUE(document.IsModified());
-    EXPECT_EQ(brush.Own().WorkPos, brush.Own().Pos);
-    EXPECT_EQ(brush.Own().WorkRot, brush.Own().Rot);
+    EXPECT_EQ(working.Own().WorkPos, working.Own().Pos);
+    EXPECT_EQ(working.Own().WorkRot, working.Own().Rot);
   }
 }
 
@@ -190,7 +190,7 @@ TEST_F(ViewDrag, AGroupMovesByOneStepOfTheGridAndTurnsScalesAndShearsAboutItsCen
     Play(script);
     ExpectNear(cornerOf(member), corner + pivot, script);
     EXPECT_EQ(cornerOf(other), untouched);
-    EXPECT_EQ(brush.Own().WorkPos, kZero);
+    EXPECT_EQ(working.Own().WorkPos, kZero);
     const auto& m = member.BMatrix().m;
     ExpectNear(member.Own().Pos, {m[0][3], m[1][3], m[2][3]}, script);
   };
@@ -214,17 +214,17 @@ TEST_F(ViewDrag, ADragIsCapturedAndNotCommittedUntilItsLastButtonGoesNorChangesT
   Play("R 4,0 l");
   EXPECT_TRUE(window.Captured);
   EXPECT_EQ(desktop.CursorHidden, 1);
-  EXPECT_EQ(brush.Own().Pos, kZero);
+  EXPECT_EQ(working.Own().Pos, kZero);
   EXPECT_EQ(siblingWindow.Invalidations, 0);
   window.Captured = false;
   Play("9,9");
-  EXPECT_EQ(brush.Own().WorkPos, (Vector{8, 0, 0}));
+  EXPECT_EQ(working.Own().WorkPos, (Vector{8, 0, 0}));
   desktop.Cursor.x += 7;  // on its way when the button goes
   Play("r");
   EXPECT_EQ(desktop.Cursor, (ScreenPoint{500, 400}));
   EXPECT_EQ(siblingWindow.Invalidations, 1);
-  EXPECT_EQ(brush.Own().Pos, (Vector{8, 0, 0}));
-  EXPECT_EQ(brush.Own().Scl, (Vector{1, 1, 1}));
+  EXPECT_EQ(working.Own().Pos, (Vector{8, 0, 0}));
+  EXPECT_EQ(working.Own().Scl, (Vector{1, 1, 1}));
   EXPECT_EQ(listed.Own().Pos, (Vector{10, 0, 0}));
 }
 
@@ -236,7 +236,7 @@ TEST_F(ViewDrag, ADragEndsWithADeletionOrItsView) {
   ExpectAtRest();
   Play("5,0 l L 5,0");
   view.SetWindow(nullptr);
-  EXPECT_EQ(brush.Own().Pos, (Vector{5, 0, 0}));
+  EXPECT_EQ(working.Own().Pos, (Vector{5, 0, 0}));
   ExpectAtRest();
   {
     CZANDOView closing(document, settings, desktop);
@@ -249,7 +249,7 @@ TEST_F(ViewDrag, ADragEndsWithADeletionOrItsView) {
 TEST_F(ViewDrag, ADragThatIsGivenUpOrHasNothingToDragLeavesEverythingAsItWas) {
   AddEntity("10 20 30");
   AddEntity("");
-  brush.MoveTo({0.3, 0.4, 0.5});
+  working.MoveTo({0.3, 0.4, 0.5});
   const Level before = level;
   const CCamera camera = view.Camera();
   for (const CommandId tool : {kCamera, kMove, kScale, kShear, kEntity, kBox}) {
@@ -292,7 +292,7 @@ TEST_F(ViewDrag, AStepCountsOnceWhenTheCursorTurnsOutNotToBePlaceable) {
     other.OnMouseMove({.left = true}, {});
     EXPECT_EQ(window.Redraws, 1 + (i + 1) / 2);  // the first for the kind of view
   }
-  EXPECT_EQ(brush.Own().WorkPos.x, 6);
+  EXPECT_EQ(working.Own().WorkPos.x, 6);
 }
 
 }  // namespace

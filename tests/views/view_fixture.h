@@ -52,10 +52,10 @@ class ViewTest : public ::testing::Test {
       bool& isHeld = isLeft ? held.left : held.right;
       if (word == "L" || word == "R") {
         isHeld = true;
-        view.OnButtonDown(button, held, at);
+        view.OnButtonDown(button, held, mouse);
       } else if (word == "l" || word == "r") {
         isHeld = false;
-        view.OnButtonUp(button, held, at);
+        view.OnButtonUp(button, held, mouse);
         if (!held.left && !held.right) ExpectAtRest();
       } else if (word == "lost") {
         view.EndDrag();
@@ -68,7 +68,7 @@ class ViewTest : public ::testing::Test {
       } else {
         desktop.Cursor.x += std::stoi(word);
         desktop.Cursor.y += std::stoi(word.substr(word.find(',') + 1));
-        view.OnMouseMove(held, at);
+        view.OnMouseMove(held, mouse);
       }
     }
   }
@@ -97,13 +97,13 @@ class ViewTest : public ::testing::Test {
   CZANDODoc document;
   Level& level = Edit(document);
   EditingState& state = EditState(document);
-  CZandoBrush& brush = level.WorkingBrush;
+  CZandoBrush& working = level.WorkingBrush;
   CEditorSettings settings;
   CScriptedDesktop desktop;
   CFakeViewWindow window;
   CZANDOView view{document, settings, desktop};
   MouseFlags held;
-  ScreenPoint at{200, 150};  ///< where buttons are pressed and released, and moves lead
+  ScreenPoint mouse{200, 150};  ///< where buttons are pressed and released, and moves lead
 };
 
 }  // namespace zando::testing

@@ -44,10 +44,10 @@ TEST_F(View, AFrameFollowsTheMouseSelectsByItsButtonAndGoesWithItsDrag) {
   Use(kBox, kTop);
   const auto drag = [&](ScreenPoint from, ScreenPoint to, const std::string& press,
                         const std::string& release) {
-    at = from;
+    mouse = from;
     Play(press);
-    EXPECT_EQ(window.DragRect, NormalizedRect(at, at));
-    at = to;
+    EXPECT_EQ(window.DragRect, NormalizedRect(mouse, mouse));
+    mouse = to;
     Play("1,1");
     EXPECT_EQ(window.DragRect, NormalizedRect(from, to));
     EXPECT_EQ(desktop.CursorHidden, 0);
@@ -70,7 +70,7 @@ TEST_F(View, ClicksPickInTheViewAsItLooksNow) {
     view.Camera().Position = kind == kTop ? kZero : Vector{650, 0, 50};
     view.Camera().Yaw = 2048;  // towards lower x
     Use(ID_TOOL_SELECT_BRUSH, kind);
-    at = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
+    mouse = kind == kTop ? ScreenPoint{250, 100} : ScreenPoint{200, 150};
     const int redraws = window.Redraws;
     Play("R 5,5");
     EXPECT_EQ(desktop.CursorHidden, 1);
@@ -84,7 +84,7 @@ TEST_F(View, ClicksPickInTheViewAsItLooksNow) {
   }
   view.Camera().Position = kZero;
   Use(kEntity, kTop);
-  at = {200, 150};
+  mouse = {200, 150};
   Play("L l");
   EXPECT_EQ(state.CurrentEntity, -1);
   Play("R L 7,0 l r");
@@ -115,12 +115,12 @@ TEST_F(View, Rotate90TurnsAboutTheViewsAxisUnsnappedAndToStay) {
                                  {kSolid, {2048, 0, 0}},
                                  {kSide, {0, 2048, 0}},
                                  {kFront, {0, 0, 2048}}}) {
-    Place(brush, [](Placement& own) { own.WorkRot = own.Rot = {7, 8, 9}; });
+    Place(working, [](Placement& own) { own.WorkRot = own.Rot = {7, 8, 9}; });
     for (const std::uint32_t axes : {kAllAxes, 0U}) {
       Use(kMove, kind, axes);
       view.Rotate90();
-      EXPECT_EQ(brush.Own().WorkRot, (Vector{7, 8, 9}) + by);
-      EXPECT_EQ(brush.Own().Rot, brush.Own().WorkRot);
+      EXPECT_EQ(working.Own().WorkRot, (Vector{7, 8, 9}) + by);
+      EXPECT_EQ(working.Own().Rot, working.Own().WorkRot);
     }
   }
 }
