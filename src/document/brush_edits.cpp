@@ -1,5 +1,6 @@
 #include "document/brush_edits.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <tuple>
@@ -9,6 +10,7 @@
 #include "document/visibility.h"
 #include "document/world_edits.h"
 #include "platform/bits.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -138,6 +140,10 @@ void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
   placement.Shr = attributes.shear;
   brush.SetSlot(slot, placement);
   brush.Name = attributes.name;
+}
+
+bool IsBrushName(std::string_view name) {
+  return !name.empty() && std::ranges::none_of(name, IsWhiteSpace);
 }
 
 void SetBrushName(CZANDODoc& document, std::string_view name) {

@@ -10,8 +10,6 @@
 namespace zando {
 namespace {
 
-constexpr int kFewDigits = 6;
-
 /// Enough for any number in any of our forms: the longest are those of 324 decimals.
 using Buffer = std::array<char, 400>;
 
@@ -25,13 +23,15 @@ std::string_view Print(Buffer& buffer, Number number, Format... format) {
 std::string_view Print(Buffer& buffer, double number, Digits digits) {
   switch (digits) {
     case Digits::Six:
-      return Print(buffer, number, std::chars_format::general, kFewDigits);
+      return Print(buffer, number, std::chars_format::general, 6);
+    case Digits::Twelve:
+      return Print(buffer, number, std::chars_format::general, 12);
     case Digits::Shortest:
       return Print(buffer, number);
     case Digits::Exact:
       return Print(buffer, number, std::chars_format::fixed);
     case Digits::SixDecimals:
-      return Print(buffer, number, std::chars_format::fixed, kFewDigits);
+      return Print(buffer, number, std::chars_format::fixed, 6);
   }
   return {};
 }
