@@ -21,6 +21,7 @@ constexpr ControlId kRemoveKey = 2005;
 void CWorldKeysDlg::OnInitDialog() {
   Form().SetSorted(kWorldKeys, false);
   Refresh(0);
+  Form().SetFocus(kWorldKey);
 }
 
 void CWorldKeysDlg::OnSelectionChange(ControlId list) {
@@ -58,6 +59,10 @@ void CWorldKeysDlg::Set() {
   const std::string problem = CheckWorldKey(key, value);
   if (!problem.empty()) {
     Form().ReportError(kWorldKey, problem);
+    return;
+  }
+  if (value.empty()) {
+    Form().ReportError(kWorldValue, "Please enter a value. Remove takes the key away.");
     return;
   }
   SetWorldKey(document_, key, value);

@@ -283,6 +283,10 @@ TEST_F(Dialogs, KeysOfTheWorldAreSetReplacedAndRemoved) {
         EXPECT_EQ(form.Focus, 2002) << refused;
         form.Focus = 0;
       }
+      form.Type(2002, "wad");
+      form.Type(2003, "");
+      form.Press(2004);
+      EXPECT_EQ(form.Focus, 2003);
     });
     editor.Press(2000);
   });
