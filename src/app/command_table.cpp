@@ -153,7 +153,7 @@ constexpr std::array kCommands{
     Row(ID_FILE_SAVE_AS, "Save &As...", "Save the active level with a new name", "Save As",
         OfApplication{WithLevel<&CEditorApp::SaveAs>, HasLevel}),
     Row(ID_EXPORT_3DM, "&Export to 3DM...", "Export bsp geometry to a .3DM file", "Export to 3DM",
-        kNobody),
+        OfLevel{ExportTo3Dm}),
     Row(ID_EXPORT_MAP, "Export to &Quake (MAP) ...", "Export currently visible brushes to quake",
         "Export to MAP", OfLevel{ExportToMap}),
     Row(ID_IMPORT_MAP, "Import from Quake (MAP) ...",

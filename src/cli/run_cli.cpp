@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "cli/export_commands.h"
 #include "cli/input_files.h"
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
@@ -22,7 +23,7 @@ struct Request {
   std::string input;
   std::string output;
   std::string level;
-  std::string wad = kDefaultWad;
+  ExportOptions exported;
   bool json = false;
   bool quick = false;
   bool optimal = false;
@@ -65,27 +66,51 @@ void AddRebuild(CLI::App& app, Request& request) {
   });
 }
 
-void AddExport(CLI::App& app, Request& request) {
+/// What all exports are told.
+void AddExportOptions(CLI::App& app, Request& request) {
+  static const std::map<std::string, ReportFormat> kFormats{{"text", ReportFormat::Text},
+                                                            {"json", ReportFormat::Json}};
+  app.add_option("--report", request.exported.report,
+                 "what was written and left out, as text (default) or json")
+      ->transform(CLI::CheckedTransformer(kFormats));
+  app.add_flag("--strict", request.exported.strict,
+               "fail, and write nothing, when something shown would be left out");
+  app.add_option("IN", request.input, kLevelFile)->required();
+}
+
+void AddExportMap(CLI::App& app, Request& request) {
   CLI::App* exporter = app.add_subcommand("export-map", "Export a level for the game's tools");
-  exporter->add_option("--wad", request.wad, "texture archive that the level names")
+  exporter->add_option("--wad", request.exported.wad, "texture archive that the level names")
       ->capture_default_str();
-  exporter->add_option("IN", request.input, kLevelFile)->required();
+  AddExportOptions(*exporter, request);
   exporter->add_option("OUT", request.output, "the .map file to write")->required();
   exporter->callback([&request] {
     request.run = [&request](std::ostream& out) {
-      ExportLevel(request.input, request.output, request.wad, out, request.warn);
+      ExportMapFile(request.input, request.output, request.exported, out, request.warn);
+    };
+  });
+}
+
+void AddExport3Dm(CLI::App& app, Request& request) {
+  CLI::App* exporter = app.add_subcommand("export-3dm", "Export the visible polygons of the world");
+  AddExportOptions(*exporter, request);
+  exporter->add_option("OUT", request.output, "the .3dm file to write")->required();
+  exporter->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      Export3DmFile(request.input, request.output, request.exported, out, request.warn);
     };
   });
 }
 
 void AddConvert(CLI::App& app, Request& request) {
   CLI::App* convert = app.add_subcommand(
-      "convert", "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map exports");
+      "convert",
+      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map and .3dm exports");
   convert->add_option("IN", request.input, kLevelFile)->required();
-  convert->add_option("OUT", request.output, "a .3dz or .map file")->required();
+  convert->add_option("OUT", request.output, "a .3dz, .map or .3dm file")->required();
   convert->callback([&request] {
     if (!CanConvert(request.input, request.output)) {
-      throw CLI::ValidationError("convert", "can convert .3dz to .3dz and .3dz to .map, not " +
+      throw CLI::ValidationError("convert", "can convert .3dz to .3dz, .map and .3dm, not " +
                                                 request.input + " to " + request.output);
     }
     request.run = [&request](std::ostream& out) {
@@ -228,7 +253,8 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   request.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
   AddInfo(app, request);
   AddRebuild(app, request);
-  AddExport(app, request);
+  AddExportMap(app, request);
+  AddExport3Dm(app, request);
   AddConvert(app, request);
   AddRender(app, request);
   AddTextures(app, request);

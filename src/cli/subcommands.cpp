@@ -4,13 +4,13 @@
 #include <string_view>
 #include <system_error>
 
+#include "cli/export_commands.h"
 #include "cli/input_files.h"
 #include "cli/level_info.h"
 #include "cli/level_json.h"
 #include "cli/script.h"
 #include "csg/bsp_node.h"
 #include "document/document_file.h"
-#include "formats/map_writer.h"
 #include "paint/png_image.h"
 #include "platform/file_io.h"
 #include "platform/text.h"
@@ -23,14 +23,6 @@ namespace zando {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A slip in the name of a map, a picture or a level must not cost what it is made from.
-void RefuseInput(const fs::path& input, const fs::path& output) {
-  std::error_code missing;
-  if (fs::equivalent(input, output, missing)) {
-    throw CCommandFailure(output, "is the file to read, and is not overwritten");
-  }
-}
 
 /// The world's polygons under the entities, as a solid or texture view shows them.
 void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Palette& palette) {
@@ -50,12 +42,20 @@ bool HasExtension(const fs::path& path, std::string_view extension) {
 
 bool IsLevel(const fs::path& path) { return HasExtension(path, ".3dz"); }
 bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
+bool Is3Dm(const fs::path& path) { return HasExtension(path, ".3dm"); }
 
 }  // namespace
 
 void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
   if (!written) throw CCommandFailure(output, written.Error());
   WarnOf(*written, output, warn);
+}
+
+void RefuseInput(const fs::path& input, const fs::path& output) {
+  std::error_code missing;
+  if (fs::equivalent(input, output, missing)) {
+    throw CCommandFailure(output, "is the file to read, and is not overwritten");
+  }
 }
 
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out, const Warn& warn) {
@@ -72,25 +72,14 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
   out << output.string() << ": " << DescribeWorld(document->GetLevel().World) << '\n';
 }
 
-void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
-                 std::ostream& out, const Warn& warn) {
-  RefuseInput(input, output);
-  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
-  MapExportReport report;
-  RequireWritten(ExportMap(document->GetLevel(), output, wad, &report), output, warn);
-  out << output.string() << ": " << DescribeExport(report) << '\n';
-}
-
 bool CanConvert(const fs::path& input, const fs::path& output) {
-  return IsLevel(input) && (IsLevel(output) || IsMap(output));
+  return IsLevel(input) && (IsLevel(output) || IsMap(output) || Is3Dm(output));
 }
 
 void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
                  const Warn& warn) {
-  if (IsMap(output)) {
-    ExportLevel(input, output, kDefaultWad, out, warn);
-    return;
-  }
+  if (IsMap(output)) return ExportMapFile(input, output, {}, out, warn);
+  if (Is3Dm(output)) return Export3DmFile(input, output, {}, out, warn);
   RequireWritten(SaveDocumentFile(*ReadLevel(input, warn), output), output, warn);
 }
 

@@ -84,8 +84,8 @@ TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
   for (const CommandRow& row : CommandTable()) {
     EXPECT_EQ(bench.State(row.id) == "disabled", disabled.contains(row.id)) << row.id;
   }
-  EXPECT_EQ(bench.State(ID_EXPORT_3DM), "unknown");
-  EXPECT_FALSE(bench.commands.OnCommand(ID_EXPORT_3DM));
+  EXPECT_EQ(bench.State(ID_TEXTURES), "unknown");
+  EXPECT_FALSE(bench.commands.OnCommand(ID_TEXTURES));
 }
 
 TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
@@ -244,6 +244,18 @@ TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());
+  bench.desktop.ClearFailure();
+
+  // What was left out stays to be seen.
+  bench.desktop.Files = {file, file};
+  Edit(bench.level).BrushList.Find(0)->BFlags = 0;
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_EQ(bench.desktop.Failure,
+            file.filename().string() + ": 1 brush written, 1 hidden brush left out");
+  bench.commands.OnCommand(ID_EXPORT_3DM);
+  EXPECT_EQ(bench.desktop.FileRequests.back().extension, "3dm");
+  EXPECT_TRUE(bench.desktop.StatusText.ends_with(" polygons with 8 vertices written"));
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("VERTICES\r\n8\r\n"), std::string::npos);
   std::filesystem::remove(file);
 }
 
