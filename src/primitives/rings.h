@@ -16,6 +16,9 @@ struct Ellipse {
   double halfZ;
 };
 
+/// (part / whole) squared, of numbers whose own squares may be too large or too small to hold.
+[[nodiscard]] double SquaredShare(double part, double whole);
+
 /// `count` points around the ellipse, which is symmetric about its x axis: from its +x end on, each
 /// a turn of (one turn div `count`) whole rotation units further, its z from the equation of the
 /// ellipse, negated in the second half. A collapsed ellipse, with a half size of zero along x,

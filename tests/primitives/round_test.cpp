@@ -142,8 +142,8 @@ TEST(Primitives, WhatIsOutOfRangeIsToldAndGeneratesNothing) {
   }
 }
 
-TEST(Primitives, SizesOfZeroAndLessGiveNumbers) {
-  for (const double size : {0.0, -64.0}) {
+TEST(Primitives, SizesOfAllKindsGiveNumbers) {
+  for (const double size : {0.0, -64.0, 1e-320, 1e-170, 1e200}) {
     CZandoBrush brush;
     const auto expectNumbers = [&brush] {
       for (const CZandoPoly& face : brush.Polys()) {
@@ -151,6 +151,10 @@ TEST(Primitives, SizesOfZeroAndLessGiveNumbers) {
       }
     };
     Generate(SpheroidParameters{.XSize = size, .YSize = size, .ZSize = size, .Style = 1}, brush);
+    expectNumbers();
+    Generate(SpheroidParameters{.YSize = size, .ZSize = 1e-9}, brush);
+    expectNumbers();
+    Generate(SpheroidParameters{.XSize = size}, brush);
     expectNumbers();
     Generate(CylinderParameters{.BottomXSize = size, .Style = 1, .TopZSize = size, .YSize = size},
              brush);
