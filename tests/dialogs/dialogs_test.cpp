@@ -171,20 +171,20 @@ TEST_F(Dialogs, GridSettingsTakePresetsAndRefuseSizesOutOfRange) {
 TEST_F(Dialogs, APathThatCannotBeReadIsToldAndKept) {
   CEditorSettings settings;
   for (const ControlId button : {IDCANCEL, IDOK}) {
-    desktop.Files = {std::nullopt, "/nowhere/a.wad"};
+    desktop.Files = {std::nullopt, "/nowhere/\u0436.wad"};
     Expect([button](CFakeForm& form) {
       form.Type(1092, "");
       form.Press(1090);
       form.Press(1091);
-      EXPECT_EQ(form.Texts[1092] + form.Texts[1093], "/nowhere/a.wad");
+      EXPECT_EQ(form.Texts[1092] + form.Texts[1093], "/nowhere/?.wad");
       form.Press(button);
     });
     CGlobalSettingsDlg(settings, desktop).Run();
     EXPECT_EQ(settings.PalettePath.empty(), button == IDOK);
   }
   EXPECT_EQ(desktop.FileRequests[0].extension + desktop.FileRequests[1].extension, "lmpwad");
-  EXPECT_EQ(settings.WadPath, "/nowhere/a.wad");
-  EXPECT_TRUE(desktop.Calls.back().starts_with("message /nowhere/a.wad: ")) << desktop.Calls.back();
+  EXPECT_EQ(settings.WadPath, "/nowhere/\u0436.wad") << "as it was chosen";
+  EXPECT_TRUE(desktop.Calls.back().starts_with("message /nowhere/?.wad: ")) << desktop.Calls.back();
 }
 
 TEST_F(Dialogs, TheBspManagerShowsTheWorldAsItIsAndRebuildsIt) {
