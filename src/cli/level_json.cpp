@@ -1,6 +1,7 @@
 #include "cli/level_json.h"
 
 #include <cstddef>
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "cli/level_info.h"
@@ -21,6 +22,22 @@ Json JsonOf(const Bounds& bounds) {
 /// An index, or null when it names nothing.
 Json IndexOrNull(std::int32_t index, bool names) { return names ? Json(index) : Json(nullptr); }
 
+/// The faces that have a surface of their own.
+Json SurfacesAsJson(const CZandoBrush& brush) {
+  Json surfaces = Json::array();
+  std::size_t index = 0;
+  for (const BrushFace& face : brush.Faces) {
+    const std::size_t place = index++;
+    if (!face.surface) continue;
+    surfaces.push_back({{"face", place},
+                        {"texture", FromLatin1(face.surface->texture)},
+                        {"offset", Json::array({face.surface->offsetX, face.surface->offsetY})},
+                        {"rotation", face.surface->rotation},
+                        {"scale", Json::array({face.surface->scaleX, face.surface->scaleY})}});
+  }
+  return surfaces;
+}
+
 Json JsonOf(const CZandoBrush& brush, std::int32_t index, const Level& level) {
   const Placement& own = brush.Own();
   const Bounds& bounds = brush.WorldBounds();
@@ -33,6 +50,7 @@ Json JsonOf(const CZandoBrush& brush, std::int32_t index, const Level& level) {
           {"scale", JsonOf(own.Scl)},
           {"shear", JsonOf(own.Shr)},
           {"faces", brush.PolyCount()},
+          {"surfaces", SurfacesAsJson(brush)},
           {"bounds", bounds.IsEmpty() ? Json(nullptr) : JsonOf(bounds)},
           {"size", bounds.IsEmpty() ? Json(nullptr) : JsonOf(bounds.high - bounds.low)},
           {"group", IndexOrNull(brush.BGroup, level.IsGroup(brush.BGroup))},
@@ -65,9 +83,9 @@ std::vector<Json> OwnedBrushes(const Level& level) {
 }
 
 /// Keys may repeat, and their order counts.
-Json PairsAsJson(const CEntity& entity) {
+Json PairsAsJson(const std::vector<EntityPair>& list) {
   Json pairs = Json::array();
-  for (const EntityPair& pair : entity.Pairs) {
+  for (const EntityPair& pair : list) {
     pairs.push_back({{"key", FromLatin1(pair.key)}, {"value", FromLatin1(pair.value)}});
   }
   return pairs;
@@ -79,7 +97,7 @@ Json JsonOf(const CEntity& entity, std::size_t index, Json brushes, const Level&
           {"origin", entity.eStyle == 0 ? JsonOf(entity.eOrigin) : Json(nullptr)},
           {"group", IndexOrNull(entity.eGroup, level.IsGroup(entity.eGroup))},
           {"brushes", std::move(brushes)},
-          {"pairs", PairsAsJson(entity)},
+          {"pairs", PairsAsJson(entity.Pairs)},
           {"shown", entity.IsShown()},
           {"selected", entity.IsSelected()}};
 }
@@ -96,6 +114,19 @@ Json EntitiesAsJson(const LevelInfo& info, const Level& level, std::int32_t curr
           {"classes", std::move(classes)},
           {"current", IndexOrNull(current, level.IsEntity(current))},
           {"list", std::move(list)}};
+}
+
+/// How many faces of listed brushes each texture covers.
+Json TexturesAsJson(const Level& level) {
+  std::map<std::string, std::int32_t> faces;
+  for (const CZandoBrush& brush : level.BrushList) {
+    for (const BrushFace& face : brush.Faces) {
+      ++faces[face.surface ? face.surface->texture : brush.Name];
+    }
+  }
+  Json textures = Json::object();
+  for (const auto& [name, count] : faces) textures[FromLatin1(name)] = count;
+  return textures;
 }
 
 Json GroupsAsJson(const LevelInfo& info) {
@@ -126,6 +157,8 @@ std::string LevelAsJson(const CZANDODoc& document) {
                        {"inserted", info.world.inserted},
                        {"splits", info.world.splits},
                        {"visible", info.world.visible}}},
+                     {"world_keys", PairsAsJson(level.WorldKeys)},
+                     {"textures", TexturesAsJson(level)},
                      {"bounds", info.bounds ? JsonOf(*info.bounds) : Json(nullptr)}};
   return json.dump(2) + '\n';
 }

@@ -30,16 +30,8 @@ void Reset(CScriptContext& context, CScriptArguments& /*arguments*/) {
   ResetBrush(context.document);
 }
 
-/// A brush's name stands in a .map as the texture of its faces, where a blank would end it.
-const std::string& CheckedName(const std::string& name) {
-  if (CheckedText(name, "a brush's name").find_first_of(" \t") != std::string::npos) {
-    throw CScriptError("a brush's name cannot hold a blank");
-  }
-  return name;
-}
-
 void Name(CScriptContext& context, CScriptArguments& arguments) {
-  SetBrushName(context.document, CheckedName(arguments.Word()));
+  SetBrushName(context.document, CheckedWord(arguments.Word(), "a brush's name"));
 }
 
 Vector Replaced(CScriptArguments::CKeywords& keywords, const std::array<std::string_view, 3>& keys,
@@ -67,7 +59,7 @@ void Attributes(CScriptContext& context, CScriptArguments& arguments) {
                          ReplacedAngle(keywords, "roll", attributes.rotation.z)};
   attributes.scale = Replaced(keywords, {"scale_x", "scale_y", "scale_z"}, attributes.scale);
   attributes.shear = Replaced(keywords, {"shear_x", "shear_y", "shear_z"}, attributes.shear);
-  if (keywords.Has("name")) attributes.name = CheckedName(keywords.Text("name"));
+  if (keywords.Has("name")) attributes.name = CheckedWord(keywords.Text("name"), "a brush's name");
   keywords.Finish();
   SetBrushAttributes(document, id, kOwnSlot, attributes);
 }

@@ -21,11 +21,13 @@ struct ScriptCommand {
 [[nodiscard]] std::span<const ScriptCommand> BrushCommands();
 [[nodiscard]] std::span<const ScriptCommand> GroupCommands();
 [[nodiscard]] std::span<const ScriptCommand> EntityCommands();
+[[nodiscard]] std::span<const ScriptCommand> SurfaceCommands();
 [[nodiscard]] std::span<const ScriptCommand> LevelCommands();
 
 /// The whole language.
-[[nodiscard]] inline std::array<std::span<const ScriptCommand>, 5> AllCommands() {
-  return {PrimitiveCommands(), BrushCommands(), GroupCommands(), EntityCommands(), LevelCommands()};
+[[nodiscard]] inline std::array<std::span<const ScriptCommand>, 6> AllCommands() {
+  return {PrimitiveCommands(), BrushCommands(),   GroupCommands(),
+          EntityCommands(),    SurfaceCommands(), LevelCommands()};
 }
 
 }  // namespace zando

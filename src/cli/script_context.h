@@ -43,4 +43,7 @@ class CScriptContext {
 /// Returns it; `what` names it in the error.
 [[nodiscard]] const std::string& CheckedText(const std::string& text, std::string_view what);
 
+/// The same for a text that stands in a .map as a word, which a blank would end.
+[[nodiscard]] const std::string& CheckedWord(const std::string& text, std::string_view what);
+
 }  // namespace zando

