@@ -159,12 +159,13 @@ TEST(LevelCommands, DialogsOfTheLevelMarkItUnlessTheyAreCancelledAndRedrawAnyway
 TEST(LevelCommands, ASpheroidThatWasRefusedAndThenCancelledIsOfferedAgain) {
   Bench bench;
   for (const auto& [stripes, button] : {std::pair{"5", IDOK}, {"7", IDCANCEL}, {"5", IDCANCEL}}) {
-    bench.desktop.Dialogs.push_back(testing::InDialog([=](testing::CFakeForm& form) {
-      EXPECT_EQ(form.Texts[1022], button == IDOK ? "4" : "5");
-      form.Type(1022, stripes);
-      form.Type(1021, "4");
-      form.Press(button);
-    }));
+    bench.desktop.Dialogs.push_back(
+        testing::InDialog([stripes = stripes, button = button](testing::CFakeForm& form) {
+          EXPECT_EQ(form.Texts[1022], button == IDOK ? "4" : "5");
+          form.Type(1022, stripes);
+          form.Type(1021, "4");
+          form.Press(button);
+        }));
   }
   bench.commands.OnCommand(ID_SPHEROID);
   bench.commands.OnCommand(ID_SPHEROID);
