@@ -51,7 +51,11 @@ void Edit(ActiveLevel& level) {
 template <typename Dialog>
 void CreatePrimitive(ActiveLevel& level) {
   Dialog dialog(std::get<typename Dialog::Parameters>(level.document.State().LastUsed));
-  if (const auto agreed = dialog.Run(level.desktop)) GeneratePrimitive(level.document, *agreed);
+  if (const auto agreed = dialog.Run(level.desktop)) {
+    GeneratePrimitive(level.document, *agreed);
+  } else {
+    KeepParameters(level.document, dialog.LastUsed());
+  }
 }
 
 template <std::int32_t Wanted>

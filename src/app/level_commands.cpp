@@ -42,8 +42,8 @@ void ShowExport(CDesktop& desktop, const std::filesystem::path& path,
 }  // namespace
 
 void EditAttributes(ActiveLevel& level) {
-  CBrushAttributesDlg(level.document, level.document.State().CurrentBrush, kOwnSlot)
-      .Run(level.desktop);
+  CBrushAttributesDlg dialog(level.document, level.document.State().CurrentBrush, kOwnSlot);
+  if (!dialog.Run(level.desktop)) level.document.UpdateAllViews(nullptr);
 }
 
 void EditEntities(ActiveLevel& level) { CEntityEditorDlg(level.document, level.desktop).Run(); }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/command_target.h"
@@ -14,6 +15,7 @@
 #include "document/entity_edits.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
+#include "support/fake_form.h"
 #include "support/given_texts.h"
 #include "support/made_up_wad.h"
 #include "support/scripted_desktop.h"
@@ -142,14 +144,32 @@ TEST(LevelCommands, QuickBspLeavesWaterOutAndEverythingAsItWasWhenItIsCancelled)
   EXPECT_GT(bench.desktop.Percent, 0);
 }
 
-TEST(LevelCommands, TheBspManagerMarksTheLevelUnlessItIsCancelledAndRedrawsAnyway) {
-  for (const ControlId answer : {IDOK, IDCANCEL}) {
-    Bench bench;
-    bench.Answer(answer);
-    bench.commands.OnCommand(ID_BSP_MANAGER);
-    EXPECT_EQ(bench.level.IsModified(), answer == IDOK);
-    EXPECT_EQ(bench.listener.told, "r");
+TEST(LevelCommands, DialogsOfTheLevelMarkItUnlessTheyAreCancelledAndRedrawAnyway) {
+  for (const CommandId id : {ID_BSP_MANAGER, ID_ATTRIBUTES, ID_CUBE, ID_STAIRCASE}) {
+    for (const ControlId answer : {IDOK, IDCANCEL}) {
+      Bench bench;
+      bench.Answer(answer);
+      bench.commands.OnCommand(id);
+      EXPECT_EQ(bench.level.IsModified(), answer == IDOK) << id;
+      EXPECT_EQ(bench.listener.told, "r") << id;
+    }
   }
+}
+
+TEST(LevelCommands, ASpheroidThatWasRefusedAndThenCancelledIsOfferedAgain) {
+  Bench bench;
+  for (const auto& [stripes, button] : {std::pair{"5", IDOK}, {"7", IDCANCEL}, {"5", IDCANCEL}}) {
+    bench.desktop.Dialogs.push_back(
+        testing::InDialog([stripes = stripes, button = button](testing::CFakeForm& form) {
+          EXPECT_EQ(form.Texts[1022], button == IDOK ? "4" : "5");
+          form.Type(1022, stripes);
+          form.Type(1021, "4");
+          form.Press(button);
+        }));
+  }
+  bench.commands.OnCommand(ID_SPHEROID);
+  bench.commands.OnCommand(ID_SPHEROID);
+  EXPECT_FALSE(bench.level.IsModified());
 }
 
 TEST(LevelCommands, WhatIsAddedHasTheFirstTextureOnEveryFace) {
