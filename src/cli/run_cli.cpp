@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
@@ -27,6 +28,7 @@ struct Request {
   bool quick = false;
   bool optimal = false;
   bool water = false;
+  ImportOptions import;
   PictureRequest picture;
   TextureRequest textures;
   std::optional<std::string> textureFolder;
@@ -78,15 +80,41 @@ void AddExport(CLI::App& app, Request& request) {
   });
 }
 
+void AddImport(CLI::App& app, Request& request) {
+  CLI::App* importer = app.add_subcommand("import-map", "Read a map of the game into a new level");
+  importer->add_flag_callback(
+      "--clean", [&request] { request.import.cleaning = MapCleaning::Always; },
+      "rewrite a map of a newer form into the plain one first");
+  importer
+      ->add_option_function<std::string>(
+          "--report",
+          [&request](const std::string& form) {
+            if (form != "json") throw CLI::ValidationError("--report", "can be json only");
+            request.import.report = ReportFormat::Json;
+          },
+          "tell what was read and what was not as JSON")
+      ->type_name("json");
+  importer->add_option("IN", request.input, "a .map file")->required();
+  importer->add_option("OUT", request.output, "where the level is saved")->required();
+  importer->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      ImportLevel(request.input, request.output, request.import, out, request.warn);
+    };
+  });
+}
+
 void AddConvert(CLI::App& app, Request& request) {
   CLI::App* convert = app.add_subcommand(
-      "convert", "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map exports");
-  convert->add_option("IN", request.input, kLevelFile)->required();
+      "convert",
+      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map exports, .map to .3dz "
+      "imports");
+  convert->add_option("IN", request.input, "a .3dz or .map file")->required();
   convert->add_option("OUT", request.output, "a .3dz or .map file")->required();
   convert->callback([&request] {
     if (!CanConvert(request.input, request.output)) {
-      throw CLI::ValidationError("convert", "can convert .3dz to .3dz and .3dz to .map, not " +
-                                                request.input + " to " + request.output);
+      throw CLI::ValidationError("convert",
+                                 "can convert .3dz to .3dz, .3dz to .map and .map to .3dz, not " +
+                                     request.input + " to " + request.output);
     }
     request.run = [&request](std::ostream& out) {
       ConvertFile(request.input, request.output, out, request.warn);
@@ -229,6 +257,7 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   AddInfo(app, request);
   AddRebuild(app, request);
   AddExport(app, request);
+  AddImport(app, request);
   AddConvert(app, request);
   AddRender(app, request);
   AddTextures(app, request);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/level_info.h"
 #include "cli/script.h"
@@ -22,14 +23,6 @@ namespace zando {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A slip in the name of a map, a picture or a level must not cost what it is made from.
-void RefuseInput(const fs::path& input, const fs::path& output) {
-  std::error_code missing;
-  if (fs::equivalent(input, output, missing)) {
-    throw CCommandFailure(output, "is the file to read, and is not overwritten");
-  }
-}
 
 /// The world's polygons under the entities, as a solid or texture view shows them.
 void DrawWorld(const ViewDrawing& drawing, const CZANDODoc& document, const Palette& palette) {
@@ -51,6 +44,13 @@ bool IsLevel(const fs::path& path) { return HasExtension(path, ".3dz"); }
 bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
 
 }  // namespace
+
+void RefuseInput(const fs::path& input, const fs::path& output) {
+  std::error_code missing;
+  if (fs::equivalent(input, output, missing)) {
+    throw CCommandFailure(output, "is the file to read, and is not overwritten");
+  }
+}
 
 void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
   if (!written) throw CCommandFailure(output, written.Error());
@@ -81,11 +81,16 @@ void ExportLevel(const fs::path& input, const fs::path& output, const std::strin
 }
 
 bool CanConvert(const fs::path& input, const fs::path& output) {
+  if (IsMap(input)) return IsLevel(output);
   return IsLevel(input) && (IsLevel(output) || IsMap(output));
 }
 
 void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
                  const Warn& warn) {
+  if (IsMap(input)) {
+    ImportLevel(input, output, {.cleaning = MapCleaning::WhenNeeded}, out, warn);
+    return;
+  }
   if (IsMap(output)) {
     ExportLevel(input, output, kDefaultWad, out, warn);
     return;

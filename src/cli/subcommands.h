@@ -20,6 +20,9 @@ class CCommandFailure : public std::runtime_error {
       : std::runtime_error(file.string() + ": " + reason) {}
 };
 
+/// Throws when both are the same file: a slip in a name must not cost what something is made from.
+void RefuseInput(const std::filesystem::path& input, const std::filesystem::path& output);
+
 /// Throws unless an output file was written, and warns of what could not be done with it.
 void RequireWritten(const CResult<CReport>& written, const std::filesystem::path& output,
                     const Warn& warn);
