@@ -22,5 +22,6 @@ void EditSettings(ActiveLevel& level);
 void EditGroups(ActiveLevel& level);
 void CreateGroup(ActiveLevel& level);
 void ExportToMap(ActiveLevel& level);
+void ImportFromMap(ActiveLevel& level);
 
 }  // namespace zando

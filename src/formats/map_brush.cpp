@@ -81,9 +81,11 @@ class CFaceBuilder {
   BrushFault MakeFaces();
   [[nodiscard]] Frame FindFrame();
   bool TrimAll(const Frame& frame);
+  bool TrimWhole(const Frame& frame);
   Trimmed TrimFace(std::size_t index, const Frame& frame);
   [[nodiscard]] bool IsDuplicate(std::size_t index, std::size_t other) const;
   [[nodiscard]] bool IsWhole(const Frame& frame) const;
+  [[nodiscard]] static bool IsWhole(const Face& face, const Frame& frame);
   [[nodiscard]] bool AnyOutside() const;
   [[nodiscard]] Bounds KeptBounds() const;
   [[nodiscard]] Vector MiddleOfPoints() const;
@@ -140,7 +142,7 @@ BrushFault CFaceBuilder::MakeFaces() {
 Frame CFaceBuilder::FindFrame() {
   for (const double scale : kSearchScales) {
     const Frame wide{MiddleOfPoints(), scale};
-    if (!TrimAll(wide) || !IsWhole(wide)) continue;
+    if (!TrimWhole(wide)) continue;
     const Bounds bounds = KeptBounds();
     if (bounds.IsEmpty()) return {};
     const auto& [low, high] = bounds;
@@ -160,6 +162,16 @@ bool CFaceBuilder::TrimAll(const Frame& frame) {
     const Trimmed trimmed = TrimFace(i, frame);
     if (trimmed == Trimmed::Refused) return false;
     faces_[i].kept = trimmed == Trimmed::Kept;
+  }
+  return true;
+}
+
+/// TrimAll up to the first face that is not whole, or cannot be made: then false.
+bool CFaceBuilder::TrimWhole(const Frame& frame) {
+  for (std::size_t i = 0; i < faces_.size(); ++i) {
+    const Trimmed trimmed = TrimFace(i, frame);
+    faces_[i].kept = trimmed == Trimmed::Kept;
+    if (trimmed == Trimmed::Refused || !IsWhole(faces_[i], frame)) return false;
   }
   return true;
 }
@@ -205,14 +217,14 @@ bool CFaceBuilder::AnyOutside() const {
 
 /// Whether no face reaches the border of its base polygon.
 bool CFaceBuilder::IsWhole(const Frame& frame) const {
-  const double reach = kSureReach * frame.scale;
-  return std::ranges::all_of(faces_, [&](const Face& face) {
-    if (!face.kept) return true;
-    const Vector middle =
-        frame.middle - face.plane.normal * SignedDistance(face.plane, frame.middle);
-    return std::ranges::all_of(face.polygon.Vertices(), [&](const Vector& vertex) {
-      return Length(vertex - middle) < reach;
-    });
+  return std::ranges::all_of(faces_, [&](const Face& face) { return IsWhole(face, frame); });
+}
+
+bool CFaceBuilder::IsWhole(const Face& face, const Frame& frame) {
+  if (!face.kept) return true;
+  const Vector middle = frame.middle - face.plane.normal * SignedDistance(face.plane, frame.middle);
+  return std::ranges::all_of(face.polygon.Vertices(), [&](const Vector& vertex) {
+    return Length(vertex - middle) < kSureReach * frame.scale;
   });
 }
 

@@ -35,14 +35,23 @@ class CLineWriter {
     std::int32_t line;
   };
 
-  void Write(std::string_view piece, std::int32_t line) {
+  /// Goes on in this line, unless that is past.
+  void GoTo(std::int32_t line) {
     for (; line_ < line; ++line_) text_ += '\n';
+  }
+
+  void Write(std::string_view piece, std::int32_t line) {
+    GoTo(line);
     if (!text_.empty() && text_.back() != '\n') text_ += ' ';
     text_ += piece;
     line_ += static_cast<std::int32_t>(std::ranges::count(piece, '\n'));
   }
 
-  [[nodiscard]] Place Here() const { return {text_.size(), line_}; }
+  /// The place to return to when what follows, from this line on, is not wanted.
+  [[nodiscard]] Place Mark(std::int32_t line) {
+    GoTo(line);
+    return {text_.size(), line_};
+  }
   void BackTo(const Place& place) {
     text_.resize(place.size);
     line_ = place.line;
@@ -139,7 +148,7 @@ void CMapCleaner::CleanBrush(std::int32_t line) {
     report_.skippedBrushes.Add(line, first.text, SkipBrush());
     return;
   }
-  const CLineWriter::Place before = writer_.Here();
+  const CLineWriter::Place before = writer_.Mark(line);
   const std::int64_t separated = report_.separatedWords;
   Write("{", line);
   if (CleanPlanes() != Outcome::Unreadable) return;
@@ -151,7 +160,7 @@ void CMapCleaner::CleanBrush(std::int32_t line) {
 /// Up to and with the closing brace. Of a plane that the end of the file cuts nothing is left.
 CMapCleaner::Outcome CMapCleaner::CleanPlanes() {
   while (lexer_.Peek().Is("(")) {
-    const CLineWriter::Place before = writer_.Here();
+    const CLineWriter::Place before = writer_.Mark(lexer_.Peek().line);
     const Outcome outcome = CleanPlane();
     if (outcome == Outcome::Unreadable) return outcome;
     if (outcome == Outcome::Cut) writer_.BackTo(before);

@@ -67,7 +67,7 @@ MapImport CMapImporter::Import(const MapSource& source) {
   for (const MapEntity& entity : source.entities) TakeEntity(entity);
   MapImportReport& report = import_.report;
   report.entities = static_cast<std::int64_t>(import_.level.entities.size());
-  report.emptyEntities = source.emptyEntities;
+  report.emptyEntities += source.emptyEntities;
   report.oddPlaces = source.oddPlaces;
   report.firstOddLine = source.firstOddLine;
   return std::move(import_);
@@ -87,7 +87,12 @@ void CMapImporter::TakeEntity(const MapEntity& source) {
   for (const MapPair& pair : source.pairs) entity.AddPair(pair.key, pair.value);
   entity.ParseOriginAndNormalise();
   const auto index = static_cast<std::int32_t>(import_.level.entities.size());
+  const std::int64_t before = import_.report.brushes;
   for (const MapBrush& brush : source.brushes) TakeBrush(brush, index);
+  if (entity.Pairs.empty() && import_.report.brushes == before) {
+    ++import_.report.emptyEntities;
+    return;
+  }
   import_.level.entities.push_back(std::move(entity));
 }
 
