@@ -60,6 +60,7 @@ Json CleaningAsJson(const MapCleaningReport& report) {
           {"surplus_words", report.surplusWords},
           {"renamed_textures", report.renamedTextures},
           {"separated_words", report.separatedWords},
+          {"joined_texts", report.joinedTexts},
           {"skipped_brushes", NotesAsJson(report.skippedBrushes)}};
 }
 

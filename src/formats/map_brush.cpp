@@ -27,6 +27,9 @@ constexpr double kSearchScales[] = {64.0, 4194304.0};
 /// Normals that differ less are those of one plane, where the points agree.
 constexpr double kSameNormal = 1e-6;
 
+/// How far a vertex lies at most from the whole numbers that it was written with.
+constexpr double kSamePoint = 0.9;
+
 /// Where base polygons lie, and how many times the ordinary reach they have.
 struct Frame {
   Vector middle{0.0, 0.0, 0.0};
@@ -67,6 +70,15 @@ CZandoPoly BasePolygon(const Plane& plane, const Frame& frame) {
       BasePolygonForPlane({plane.normal, SignedDistance(plane, frame.middle) / frame.scale});
   for (Vector& vertex : polygon.Vertices()) vertex = frame.middle + vertex * frame.scale;
   return polygon;
+}
+
+/// Makes the vertex that a plane line names first, if it names one, the first of the polygon, so
+/// that the line is written again as it was read.
+void StartAt(const Vector& point, CZandoPoly& polygon) {
+  const auto vertices = polygon.Vertices();
+  const auto distance = [&](const Vector& vertex) { return Length(vertex - point); };
+  const auto nearest = std::ranges::min_element(vertices, {}, distance);
+  if (distance(*nearest) < kSamePoint) std::ranges::rotate(vertices, nearest);
 }
 
 /// Builds the faces of one brush.
@@ -246,15 +258,17 @@ Vector CFaceBuilder::MiddleOfPoints() const {
 }
 
 void CFaceBuilder::FillBrush(CZandoBrush& brush) {
-  const auto kept = std::ranges::count_if(faces_, &Face::kept);
-  brush.SetPolyCount(0);
-  brush.ReservePolys(static_cast<std::size_t>(kept));
   for (const Face& face : faces_) {
-    if (face.kept) {
-      brush.AppendPoly(face.polygon);
-    } else {
-      result_.faceless.push_back({face.source, face.fault});
-    }
+    if (!face.kept) result_.faceless.push_back({face.source, face.fault});
+  }
+  std::erase_if(faces_, [](const Face& face) { return !face.kept; });
+  // The export of a brush writes its last face first.
+  std::ranges::reverse(faces_);
+  brush.SetPolyCount(0);
+  brush.ReservePolys(faces_.size());
+  for (Face& face : faces_) {
+    StartAt(source_.planes[face.source].points[0], face.polygon);
+    brush.AppendPoly(face.polygon);
   }
   CoverFaces(brush);
 }
@@ -264,7 +278,6 @@ void CFaceBuilder::CoverFaces(CZandoBrush& brush) const {
   if (!name.empty()) brush.Name = name;
   auto covered = brush.Faces.begin();
   for (const Face& face : faces_) {
-    if (!face.kept) continue;
     const MapPlane& line = source_.planes[face.source];
     const auto [x, y, rotation, scaleX, scaleY] = line.numbers;
     FaceSurface surface{std::string(line.texture), x, y, rotation, scaleX, scaleY};
@@ -274,15 +287,14 @@ void CFaceBuilder::CoverFaces(CZandoBrush& brush) const {
   }
 }
 
+/// The first of equals is the one that comes first in the file.
 std::string_view CFaceBuilder::MostFrequentTexture() const {
+  const auto textureOf = [this](const Face& face) { return source_.planes[face.source].texture; };
   std::string_view most;
   std::ptrdiff_t best = 0;
-  for (const Face& face : faces_) {
-    if (!face.kept) continue;
-    const std::string_view texture = source_.planes[face.source].texture;
-    const std::ptrdiff_t count = std::ranges::count_if(faces_, [&](const Face& other) {
-      return other.kept && source_.planes[other.source].texture == texture;
-    });
+  for (auto face = faces_.rbegin(); face != faces_.rend(); ++face) {
+    const std::string_view texture = textureOf(*face);
+    const std::ptrdiff_t count = std::ranges::count(faces_, texture, textureOf);
     if (count <= best || texture.empty()) continue;
     best = count;
     most = texture;

@@ -38,10 +38,11 @@ struct MapBrushResult {
 };
 
 /// Makes `brush` the convex solid behind the planes of a brush in a map. Each face is a base
-/// polygon, trimmed by the other planes; a brush that base polygons about the origin do not hold
-/// whole gets them about its own middle. The brush takes the texture that most of its faces carry
-/// as its name, the first of equals; a face that the name and the usual numbers do not say keeps
-/// what it carries as its surface. With a fault `brush` is not to be used.
+/// polygon, trimmed by the other planes; the faces stand in the order that the export reverses; a
+/// brush that base polygons about the origin do not hold whole gets them about its own middle. The
+/// brush takes the texture that most of its faces carry as its name, the first of equals; a face
+/// that the name and the usual numbers do not say keeps what it carries as its surface. With a
+/// fault `brush` is not to be used.
 [[nodiscard]] MapBrushResult BuildMapBrush(const MapBrush& source, CZandoBrush& brush);
 
 }  // namespace zando

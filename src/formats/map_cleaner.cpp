@@ -16,9 +16,12 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+bool IsBracket(std::string_view word) {
+  return word.size() == 1 && std::string_view("(){}[]").find(word) != std::string_view::npos;
+}
+
 bool IsBracket(const MapToken& token) {
-  return token.kind == MapToken::Kind::Word && token.text.size() == 1 &&
-         std::string_view("(){}[]").find(token.text) != std::string_view::npos;
+  return token.kind == MapToken::Kind::Word && IsBracket(token.text);
 }
 
 double NumberOf(std::string_view word) {
@@ -44,7 +47,6 @@ class CLineWriter {
     GoTo(line);
     if (!text_.empty() && text_.back() != '\n') text_ += ' ';
     text_ += piece;
-    line_ += static_cast<std::int32_t>(std::ranges::count(piece, '\n'));
   }
 
   /// The place to return to when what follows, from this line on, is not wanted.
@@ -85,6 +87,7 @@ class CMapCleaner {
   enum class Outcome { Done, Unreadable, Cut };
 
   void CleanEntity();
+  std::string InOneLine(std::string_view text);
   void CleanBrush(std::int32_t line);
   Outcome CleanPlanes();
   Outcome CleanPlane();
@@ -135,9 +138,17 @@ void CMapCleaner::CleanEntity() {
     }
     if (token.Is("}")) return Write(token.text, token.line);
     if (token.kind == MapToken::Kind::Word) ++report_.separatedWords;
-    Write('"' + std::string(token.text) + '"', token.line);
+    Write('"' + InOneLine(token.text) + '"', token.line);
   }
   Write("}", lexer_.Peek().line);
+}
+
+std::string CMapCleaner::InOneLine(std::string_view text) {
+  std::string line(text);
+  const auto isBreak = [](char c) { return c == '\r' || c == '\n'; };
+  if (std::ranges::any_of(line, isBreak)) ++report_.joinedTexts;
+  std::ranges::replace_if(line, isBreak, ' ');
+  return line;
 }
 
 /// Its opening brace has been taken.
@@ -221,6 +232,8 @@ CMapCleaner::Outcome CMapCleaner::CleanTexture() {
   std::string name(token.text);
   std::ranges::replace_if(name, IsWhiteSpace, '_');
   if (name.empty()) name = "_";
+  // Without its quotes it must not be taken for something else.
+  if (name.starts_with("//") || IsBracket(name)) name.front() = '_';
   if (name != token.text) ++report_.renamedTextures;
   if (token.kind == MapToken::Kind::Text && name == token.text) ++report_.separatedWords;
   Write(name, token.line);
@@ -308,7 +321,8 @@ class CCountedList {
 
 bool MapCleaningReport::IsEmpty() const {
   return comments == 0 && plainAxes == 0 && turnedAxes == 0 && surplusWords == 0 &&
-         renamedTextures == 0 && separatedWords == 0 && skippedBrushes.Count() == 0;
+         renamedTextures == 0 && separatedWords == 0 && joinedTexts == 0 &&
+         skippedBrushes.Count() == 0;
 }
 
 std::string DescribeCleaning(const MapCleaningReport& report) {
@@ -328,7 +342,9 @@ std::string DescribeGivenUp(const MapCleaningReport& report) {
     list.Extend(" (" + report.skippedBrushes.DescribeCounts() + ')');
   }
   list.Add(report.surplusWords, "word at the end of a line", "words at the ends of lines");
-  list.Add(report.renamedTextures, "texture's name with blanks", "textures' names with blanks");
+  list.Add(report.joinedTexts, "text's line breaks", "texts' line breaks");
+  list.Add(report.renamedTextures, "name of a texture that is no plain word",
+           "names of textures that are no plain words");
   return list.Text();
 }
 

@@ -14,8 +14,9 @@ struct MapCleaningReport {
   std::int64_t plainAxes = 0;        ///< faces with texture axes that the plain form says too
   std::int64_t turnedAxes = 0;       ///< faces whose texture now runs along other axes
   std::int64_t surplusWords = 0;     ///< at the ends of plane lines, dropped
-  std::int64_t renamedTextures = 0;  ///< plane lines whose texture's name held blanks
+  std::int64_t renamedTextures = 0;  ///< plane lines whose texture's name was no plain word
   std::int64_t separatedWords = 0;   ///< that stood together without a blank
+  std::int64_t joinedTexts = 0;      ///< pairs whose line breaks became blanks
   CMapNotes skippedBrushes;  ///< of kinds that the plain form does not know, or not readable
 
   /// Whether the map already had the plain form.
