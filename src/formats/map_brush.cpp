@@ -78,7 +78,9 @@ void StartAt(const Vector& point, CZandoPoly& polygon) {
   const auto vertices = polygon.Vertices();
   const auto distance = [&](const Vector& vertex) { return Length(vertex - point); };
   const auto nearest = std::ranges::min_element(vertices, {}, distance);
-  if (distance(*nearest) < kSamePoint) std::ranges::rotate(vertices, nearest);
+  if (distance(*nearest) < kSamePoint) {
+    std::rotate(vertices.begin(), nearest, vertices.end());
+  }
 }
 
 /// Builds the faces of one brush.
