@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "bench_level.h"
+#include "depth_buffer.h"
 #include "document/zando_doc.h"
 #include "paint/painter_dc.h"
-#include "support/depth_buffer.h"
 #include "views/camera.h"
 #include "views/solid_renderer.h"
 

@@ -68,6 +68,20 @@ create_box() {
   shoot create_box "$dialog"
 }
 
+create_cylinder() {
+  start_editor "$program"
+  keys alt+b p y
+  dialog_appears 'Create Cylinder'
+  shoot create_cylinder "$dialog"
+}
+
+entity_editor() {
+  start_editor "$program" "$level"
+  keys F10 Right Right Right Right e # both Edit and Entities begin with an E
+  dialog=$(xdotool getactivewindow) # it has no title
+  shoot entity_editor "$dialog"
+}
+
 four_views() {
   start_editor "$program" "$level"
   keys alt+v 4
@@ -90,7 +104,7 @@ solid_view() {
   start_editor "$program" "$level"
   keys alt+w t
   # Both buttons and up: the camera rises out of the floor.
-  xdotool mousemove 660 460 mousedown 1 mousedown 3 sleep 0.3 mousemove_relative -- 0 -40 sleep 0.3 \
+  xdotool mousemove 660 460 mousedown 1 mousedown 3 sleep 0.3 mousemove_relative -- 0 -24 sleep 0.3 \
     mouseup 3 mouseup 1
   shoot solid_view
 }
@@ -106,7 +120,7 @@ group_attributes() {
   start_editor "$program" "$level"
   keys alt+b g
   dialog_appears 'Group Attributes'
-  keys Down Down
+  keys Down Down Down
   shoot group_attributes "$dialog"
 }
 
@@ -133,8 +147,8 @@ dark_desktop() {
 make_home
 start_display
 mkdir -p "$folder"
-for picture in ${ONLY:-new_level create_box four_views solid_view textures view_menu tools_menu \
-  group_attributes about large_font dark_desktop}; do
+for picture in ${ONLY:-new_level create_box create_cylinder entity_editor four_views solid_view textures \
+  view_menu tools_menu group_attributes about large_font dark_desktop}; do
   "$picture"
   stop_editor
 done

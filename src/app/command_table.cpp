@@ -17,7 +17,6 @@
 #include "document/entity_edits.h"
 #include "document/group_edits.h"
 #include "document/view_edits.h"
-#include "document/world_edits.h"
 #include "views/zando_view.h"
 
 namespace zando {
@@ -70,10 +69,6 @@ constexpr OfLevel Filter() {
 template <ListStep Step>
 void StepBrush(ActiveLevel& level) {
   StepCurrentBrush(level.document, Step);
-}
-
-void QuickBsp(ActiveLevel& level) {
-  RebuildWorld(level.document, RebuildKind::Quick, WaterBrushes::Skip, nullptr);
 }
 
 /// A brush keeps no history: there is never a step to take.
@@ -248,7 +243,7 @@ constexpr std::array kCommands{
     Row(ID_BSP_MANAGER, "&Bsp Manager...", "Bring up bsp manager", "Bsp Manager",
         OfLevel{ManageBsp}),
     Row(ID_QUICK_BSP, "Quick Bsp", "Do a quick BSP rebuild with no water brushes",
-        "Do a quick BSP rebuild with no water brushes", OfLevel{QuickBsp}, "quick_bsp"),
+        "Do a quick BSP rebuild with no water brushes", OfLevel{RebuildQuickly}, "quick_bsp"),
 
     // Brush
     Row(ID_TOOL_SELECT_BRUSH, "&Select Brush", "Pick a brush of the level with the mouse",

@@ -12,6 +12,7 @@
 #include "dialogs/group_attributes_dlg.h"
 #include "document/brush_edits.h"
 #include "document/group_edits.h"
+#include "document/world_edits.h"
 #include "formats/map_writer.h"
 #include "platform/text.h"
 
@@ -36,8 +37,16 @@ void EditEntities(ActiveLevel& level) { CEntityEditorDlg(level.document, level.d
 
 void ManageBsp(ActiveLevel& level) {
   CBspManagerDlg dialog(level.document);
-  level.desktop.DoModal(dialog);
+  if (level.desktop.DoModal(dialog) == IDOK) level.document.SetModifiedFlag();
   level.document.UpdateAllViews(nullptr);
+}
+
+void RebuildQuickly(ActiveLevel& level) {
+  auto progress = level.desktop.ShowProgress("Rebuilding the world (Esc cancels)");
+  const bool done =
+      RebuildWorld(level.document, RebuildKind::Quick, WaterBrushes::Skip, progress.get());
+  progress.reset();
+  if (!done) level.desktop.SetStatusText("The rebuild was cancelled; the world is as it was");
 }
 
 void EditGrid(ActiveLevel& level) { CGridSettingsDlg(level.document).Run(level.desktop); }

@@ -17,6 +17,7 @@ struct ActiveLevel {
 void EditAttributes(ActiveLevel& level);
 void EditEntities(ActiveLevel& level);
 void ManageBsp(ActiveLevel& level);
+void RebuildQuickly(ActiveLevel& level);
 void EditGrid(ActiveLevel& level);
 void EditSettings(ActiveLevel& level);
 void EditGroups(ActiveLevel& level);

@@ -1,7 +1,6 @@
 #include "cli/level_info.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <string_view>
 
 #include "platform/number_text.h"
@@ -42,10 +41,6 @@ void CountBrush(const CZandoBrush& brush, LevelInfo& info) {
   if (brush.WorldBounds().IsEmpty()) return;
   if (!info.bounds) info.bounds.emplace();
   info.bounds->Include(brush.WorldBounds());
-}
-
-nlohmann::ordered_json JsonVector(const Vector& v) {
-  return nlohmann::ordered_json::array({v.x, v.y, v.z});
 }
 
 }  // namespace
@@ -92,35 +87,6 @@ std::string InfoAsText(const LevelInfo& info) {
           (info.bounds ? VectorText(info.bounds->low) + " to " + VectorText(info.bounds->high)
                        : "none");
   return text + '\n';
-}
-
-std::string InfoAsJson(const LevelInfo& info) {
-  nlohmann::ordered_json json;
-  json["brushes"] = {{"total", info.brushes},          {"solid", info.solid},
-                     {"carving", info.carving},        {"water", info.water},
-                     {"of_entities", info.ofEntities}, {"without_volume", info.flat}};
-  nlohmann::ordered_json classes = nlohmann::ordered_json::object();
-  for (const auto& [name, count] : info.classes) classes[FromLatin1(name)] = count;
-  json["entities"] = {{"total", info.entities}, {"classes", classes}};
-  json["groups"] = nlohmann::ordered_json::array();
-  for (const LevelInfo::Group& group : info.groups) {
-    json["groups"].push_back({{"name", FromLatin1(group.name)},
-                              {"color", ColorAsHex(group.color)},
-                              {"visible", group.visible},
-                              {"brushes", group.brushes},
-                              {"entities", group.entities}});
-  }
-  json["world"] = {{"nodes", info.world.nodes},
-                   {"coplanar", info.world.coplanar},
-                   {"inserted", info.world.inserted},
-                   {"splits", info.world.splits},
-                   {"visible", info.world.visible}};
-  json["bounds"] = nullptr;
-  if (info.bounds) {
-    json["bounds"] = {{"min", JsonVector(info.bounds->low)},
-                      {"max", JsonVector(info.bounds->high)}};
-  }
-  return json.dump(2) + '\n';
 }
 
 std::string DescribeWorld(const CConstructiveBsp& world) {

@@ -41,9 +41,6 @@ struct LevelInfo {
 /// Lines of a name and its figures, for people.
 [[nodiscard]] std::string InfoAsText(const LevelInfo& info);
 
-/// One JSON object, in UTF-8, its keys in a fixed order.
-[[nodiscard]] std::string InfoAsJson(const LevelInfo& info);
-
 /// One line about a world tree whose counts are current.
 [[nodiscard]] std::string DescribeWorld(const CConstructiveBsp& world);
 

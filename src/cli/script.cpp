@@ -10,8 +10,7 @@ namespace zando {
 namespace {
 
 const ScriptCommand* FindCommand(std::string_view name) {
-  for (const auto commands :
-       {BrushCommands(), GroupCommands(), EntityCommands(), LevelCommands()}) {
+  for (const auto commands : AllCommands()) {
     const auto found = std::find_if(commands.begin(), commands.end(),
                                     [name](const ScriptCommand& c) { return c.name == name; });
     if (found != commands.end()) return &*found;
@@ -50,6 +49,7 @@ ScriptResult RunScript(CZANDODoc& document, std::string_view text, std::string_v
       return {{}, {}, std::string(name) + ':' + std::to_string(lineNumber) + ": " + error.what()};
     }
   }
+  context.world.CatchUp();
   return {std::move(context.files), std::move(context.notes), {}};
 }
 

@@ -13,6 +13,15 @@ double Positive(double number, std::string_view word) {
   return number;
 }
 
+std::int32_t ParseWholeScriptNumber(std::string_view word) {
+  const auto number = ParseWholeNumber(word);
+  if (!number) throw CScriptError(Quoted(word) + " is not a whole number");
+  if (std::abs(static_cast<double>(*number)) > kLargestScriptNumber) {
+    throw CScriptError(Quoted(word) + " is beyond 1000000");
+  }
+  return *number;
+}
+
 std::size_t IndexOf(std::string_view word, std::initializer_list<std::string_view> choices) {
   const auto found = std::find(choices.begin(), choices.end(), word);
   if (found != choices.end()) return static_cast<std::size_t>(found - choices.begin());
@@ -45,6 +54,12 @@ const std::string& CScriptArguments::Word() {
   return word;
 }
 
+bool CScriptArguments::Take(std::string_view word) {
+  if (words_.empty() || words_.front() != word) return false;
+  words_ = words_.subspan(1);
+  return true;
+}
+
 double CScriptArguments::Number() { return ParseScriptNumber(Word()); }
 
 double CScriptArguments::PositiveNumber() {
@@ -66,15 +81,7 @@ Vector CScriptArguments::PositiveNumbers() {
   return {x, y, z};
 }
 
-std::int32_t CScriptArguments::WholeNumber() {
-  const std::string& word = Word();
-  const auto number = ParseWholeNumber(word);
-  if (!number) throw CScriptError(Quoted(word) + " is not a whole number");
-  if (std::abs(static_cast<double>(*number)) > kLargestScriptNumber) {
-    throw CScriptError(Quoted(word) + " is beyond 1000000");
-  }
-  return *number;
-}
+std::int32_t CScriptArguments::WholeNumber() { return ParseWholeScriptNumber(Word()); }
 
 bool CScriptArguments::OnOff() { return Choice({"off", "on"}) == 1; }
 
@@ -123,9 +130,24 @@ const std::string_view* CScriptArguments::CKeywords::Take(std::string_view key) 
   return nullptr;
 }
 
+bool CScriptArguments::CKeywords::Has(std::string_view key) const {
+  return std::ranges::find(keywords_, key, &Keyword::key) != keywords_.end();
+}
+
 double CScriptArguments::CKeywords::Number(std::string_view key, double otherwise) {
   const std::string_view* value = Take(key);
   return value == nullptr ? otherwise : ParseScriptNumber(*value);
+}
+
+std::int32_t CScriptArguments::CKeywords::WholeNumber(std::string_view key,
+                                                      std::int32_t otherwise) {
+  const std::string_view* value = Take(key);
+  return value == nullptr ? otherwise : ParseWholeScriptNumber(*value);
+}
+
+std::string CScriptArguments::CKeywords::Text(std::string_view key) {
+  const std::string_view* value = Take(key);
+  return value == nullptr ? std::string() : std::string(*value);
 }
 
 std::size_t CScriptArguments::CKeywords::Choice(std::string_view key,

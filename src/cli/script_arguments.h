@@ -36,6 +36,9 @@ class CScriptArguments {
   /// The next word.
   const std::string& Word();
 
+  /// Takes the next word if it is this one.
+  bool Take(std::string_view word);
+
   double Number();
   double PositiveNumber();
   Vector Numbers();          ///< three
@@ -55,7 +58,14 @@ class CScriptArguments {
   /// The rest of the words: key=value, in any order, each key once.
   class CKeywords {
    public:
+    [[nodiscard]] bool Has(std::string_view key) const;
     [[nodiscard]] double Number(std::string_view key, double otherwise);
+    [[nodiscard]] std::int32_t WholeNumber(std::string_view key, std::int32_t otherwise);
+
+    /// Empty when the key is not given.
+    [[nodiscard]] std::string Text(std::string_view key);
+
+    /// The first choice when the key is not given.
     [[nodiscard]] std::size_t Choice(std::string_view key,
                                      std::initializer_list<std::string_view> choices);
 

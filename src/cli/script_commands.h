@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -16,9 +17,17 @@ struct ScriptCommand {
   void (*run)(CScriptContext& context, CScriptArguments& arguments);
 };
 
+[[nodiscard]] std::span<const ScriptCommand> PrimitiveCommands();
 [[nodiscard]] std::span<const ScriptCommand> BrushCommands();
 [[nodiscard]] std::span<const ScriptCommand> GroupCommands();
 [[nodiscard]] std::span<const ScriptCommand> EntityCommands();
+[[nodiscard]] std::span<const ScriptCommand> SurfaceCommands();
 [[nodiscard]] std::span<const ScriptCommand> LevelCommands();
+
+/// The whole language.
+[[nodiscard]] inline std::array<std::span<const ScriptCommand>, 6> AllCommands() {
+  return {PrimitiveCommands(), BrushCommands(),   GroupCommands(),
+          EntityCommands(),    SurfaceCommands(), LevelCommands()};
+}
 
 }  // namespace zando

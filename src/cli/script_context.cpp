@@ -88,4 +88,11 @@ const std::string& CheckedText(const std::string& text, std::string_view what) {
   return text;
 }
 
+const std::string& CheckedWord(const std::string& text, std::string_view what) {
+  if (CheckedText(text, what).find_first_of(" \t") != std::string::npos) {
+    throw CScriptError(std::string(what) + " cannot hold a blank");
+  }
+  return text;
+}
+
 }  // namespace zando

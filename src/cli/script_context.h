@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/script.h"
+#include "document/world_edits.h"
 #include "document/zando_doc.h"
 
 namespace zando {
@@ -14,10 +15,11 @@ namespace zando {
 class CScriptContext {
  public:
   CZANDODoc& document;
+  CDeferredWorld world;  ///< to be caught up with before anybody reads it
   std::vector<PendingFile> files;
   std::vector<std::string> notes;
 
-  explicit CScriptContext(CZANDODoc& level) : document(level) {}
+  explicit CScriptContext(CZANDODoc& level) : document(level), world(level) {}
 
   /// The listed brush that a word names: its index in the list, `last`, or the first shown brush of
   /// that name. A hidden brush cannot be named.
@@ -40,5 +42,8 @@ class CScriptContext {
 /// Text that both the level's own file and a .map hold unharmed: no quotes, no blanks at the ends.
 /// Returns it; `what` names it in the error.
 [[nodiscard]] const std::string& CheckedText(const std::string& text, std::string_view what);
+
+/// The same for a text that stands in a .map as a word, which a blank would end.
+[[nodiscard]] const std::string& CheckedWord(const std::string& text, std::string_view what);
 
 }  // namespace zando

@@ -16,15 +16,21 @@ void RequireSelection(const CZANDODoc& document) {
   if (!document.AnySelected()) throw CScriptError("nothing is selected");
 }
 
+/// A name that no group has yet.
+const std::string& NewName(const CScriptContext& context, const std::string& name) {
+  const CGroupList& groups = context.document.GetLevel().Groups;
+  if (std::ranges::find(groups, CheckedText(name, "a group's name"), &CBGroup::gName) !=
+      groups.end()) {
+    throw CScriptError("there is a group '" + name + "' already");
+  }
+  return name;
+}
+
 /// The selection moves into the new group. Without one the group starts empty, ready for brushes
 /// that are added while it is current.
 void NewGroup(CScriptContext& context, CScriptArguments& arguments) {
   CZANDODoc& document = context.document;
-  const std::string& name = CheckedText(arguments.Word(), "a group's name");
-  if (std::ranges::find(document.GetLevel().Groups, name, &CBGroup::gName) !=
-      document.GetLevel().Groups.end()) {
-    throw CScriptError("there is a group '" + name + "' already");
-  }
+  const std::string& name = NewName(context, arguments.Word());
   const CCompoundChange whole(document);
   if (document.AnySelected()) {
     CreateNewGroup(document);
@@ -34,6 +40,13 @@ void NewGroup(CScriptContext& context, CScriptArguments& arguments) {
   GroupLook look = LookOf(document.GetLevel().Groups.back());
   look.name = name;
   SetGroupLook(document, document.State().CurrentGroup, look);
+}
+
+void Rename(CScriptContext& context, CScriptArguments& arguments) {
+  const std::int32_t group = context.GroupIndex(arguments.Word());
+  GroupLook look = LookOf(GroupAt(context, group));
+  look.name = NewName(context, arguments.Word());
+  SetGroupLook(context.document, group, look);
 }
 
 void Color(CScriptContext& context, CScriptArguments& arguments) {
@@ -86,8 +99,17 @@ void ResizeGroup(CScriptContext& context, CScriptArguments& arguments) {
   TransformGroup(context.document, group, scale);
 }
 
+void ShearGroup(CScriptContext& context, CScriptArguments& arguments) {
+  const std::int32_t group = context.GroupIndex(arguments.Word());
+  const Vector factors = arguments.Numbers();
+  Transform shear = Transform::Identity();
+  shear.Shear(factors.x, factors.y, factors.z);
+  TransformGroup(context.document, group, shear);
+}
+
 constexpr std::array kGroupCommands{
     ScriptCommand{"group new", "group new NAME", NewGroup},
+    ScriptCommand{"group rename", "group rename NAME NEWNAME", Rename},
     ScriptCommand{"group color", "group color NAME RRGGBB", Color},
     ScriptCommand{"group visible", "group visible NAME on|off", Visible},
     ScriptCommand{"group current", "group current NAME|none", Current},
@@ -96,6 +118,7 @@ constexpr std::array kGroupCommands{
     ScriptCommand{"group move", "group move NAME X Y Z", Move},
     ScriptCommand{"group rotate", "group rotate NAME YAW PITCH ROLL", TurnGroup},
     ScriptCommand{"group scale", "group scale NAME X Y Z", ResizeGroup},
+    ScriptCommand{"group shear", "group shear NAME A B C", ShearGroup},
 };
 
 }  // namespace

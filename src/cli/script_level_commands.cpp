@@ -40,7 +40,9 @@ const std::string& PathWord(CScriptArguments& arguments) {
 }
 
 void Save(CScriptContext& context, CScriptArguments& arguments) {
-  context.files.push_back({PathWord(arguments), WriteDocument(context.document)});
+  const std::string& path = PathWord(arguments);
+  context.world.CatchUp();
+  context.files.push_back({path, WriteDocument(context.document)});
 }
 
 void Export(CScriptContext& context, CScriptArguments& arguments) {

@@ -7,6 +7,7 @@
 #include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/level_info.h"
+#include "cli/level_json.h"
 #include "cli/script.h"
 #include "csg/bsp_node.h"
 #include "document/document_file.h"
@@ -59,8 +60,8 @@ void RequireWritten(const CResult<CReport>& written, const fs::path& output, con
 
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out, const Warn& warn) {
   const std::unique_ptr<CZANDODoc> document = ReadLevel(level, warn);
-  const LevelInfo info = CollectInfo(document->GetLevel());
-  out << (format == InfoFormat::Json ? InfoAsJson(info) : InfoAsText(info));
+  out << (format == InfoFormat::Json ? LevelAsJson(*document)
+                                     : InfoAsText(CollectInfo(document->GetLevel())));
 }
 
 void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kind,

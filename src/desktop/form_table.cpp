@@ -13,14 +13,32 @@
 #include <ui_select_classname.h>
 
 #include <QDialog>
+#include <QLabel>
+#include <algorithm>
+#include <map>
 
 namespace zando {
 namespace {
+
+/// Labels of one column, which may stand in several boxes, are as wide as the widest of them.
+void AlignLabels(QDialog& dialog) {
+  std::map<int, int> widths;
+  const auto forEach = [&dialog, &widths](const auto& act) {
+    for (auto* label : dialog.findChildren<QLabel*>()) {
+      const QVariant column = label->property("labelColumn");
+      if (column.isValid()) act(*label, widths[column.toInt()]);
+    }
+  };
+  forEach(
+      [](const QLabel& label, int& width) { width = std::max(width, label.sizeHint().width()); });
+  forEach([](QLabel& label, int width) { label.setMinimumWidth(width); });
+}
 
 template <typename Form>
 void Build(QDialog& dialog) {
   Form form;
   form.setupUi(&dialog);
+  AlignLabels(dialog);
 }
 
 struct FormRow {

@@ -111,6 +111,10 @@ void CQtDesktop::ShowFailure(std::string_view text) { window_.ShowFailure(TextTo
 
 void CQtDesktop::ClearFailure() { window_.ClearFailure(); }
 
+std::unique_ptr<CProgress> CQtDesktop::ShowProgress(std::string_view text) {
+  return window_.ShowProgress(TextToQt(text));
+}
+
 std::optional<std::filesystem::path> CQtDesktop::ChooseFile(const FileRequest& request) {
   const bool saving = request.kind == FileRequest::Kind::Save;
   QFileDialog dialog(Uppermost(window_), TextToQt(request.title));

@@ -23,6 +23,7 @@ class CQtDesktop : public CDesktop {
   void SetStatusText(std::string_view text) override;
   void ShowFailure(std::string_view text) override;
   void ClearFailure() override;
+  [[nodiscard]] std::unique_ptr<CProgress> ShowProgress(std::string_view text) override;
   [[nodiscard]] std::optional<std::filesystem::path> ChooseFile(
       const FileRequest& request) override;
   [[nodiscard]] std::optional<ColorRef> ChooseColor(ColorRef initial) override;

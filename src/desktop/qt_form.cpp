@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +15,7 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QToolTip>
 #include <QValidator>
 #include <algorithm>
 #include <utility>
@@ -84,16 +86,25 @@ class CQtForm::CWindow : public QDialog {
   CQtForm& form_;
 };
 
-/// Double clicks on the lines of a list. The list's own signal stays away when the first click made
-/// the dialog fill the list anew.
-class CQtForm::CDoubleClicks : public QObject {
+/// Double clicks on the lines of a list, the pointer that rests on one, and the first arrow key.
+/// The list's own signal of a double click stays away when the first click made the dialog fill it
+/// anew.
+class CQtForm::CListEvents : public QObject {
  public:
-  CDoubleClicks(CQtForm& form, ControlId id, QListWidget& list)
+  CListEvents(CQtForm& form, ControlId id, QListWidget& list)
       : QObject(&list), form_(form), id_(id), list_(list) {
+    list.installEventFilter(this);
     list.viewport()->installEventFilter(this);
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ToolTip) {
+      ShowTip(*static_cast<QHelpEvent*>(event));
+      return true;
+    }
+    if (watched == &list_ && event->type() == QEvent::KeyPress) {
+      return SelectFirst(static_cast<QKeyEvent*>(event)->key());
+    }
     if (event->type() != QEvent::MouseButtonDblClick) return QObject::eventFilter(watched, event);
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() != Qt::LeftButton || list_.itemAt(mouse->position().toPoint()) == nullptr) {
@@ -105,6 +116,25 @@ class CQtForm::CDoubleClicks : public QObject {
   }
 
  private:
+  /// The list would step on from its first line, which nobody has chosen yet.
+  bool SelectFirst(int key) {
+    const bool chosen = !list_.selectedItems().isEmpty();
+    if (chosen || (key != Qt::Key_Down && key != Qt::Key_Up)) return false;
+    list_.setCurrentRow(std::max(list_.currentRow(), 0));
+    return true;
+  }
+
+  void ShowTip(const QHelpEvent& event) {
+    std::string tip;
+    const QListWidgetItem* line = list_.itemAt(event.pos());
+    if (line != nullptr) {
+      form_.attempt_([&] { tip = form_.dialog_.LineTip(id_, line->data(Qt::UserRole).toInt()); });
+    }
+    if (tip.empty()) return QToolTip::hideText();
+    QToolTip::showText(event.globalPos(), PlainToolTip(TextToQt(tip)), list_.viewport(),
+                       list_.visualItemRect(line));
+  }
+
   CQtForm& form_;
   ControlId id_;
   QListWidget& list_;
@@ -201,7 +231,7 @@ void CQtForm::ConnectField(ControlId id, QLineEdit& field) {
 }
 
 void CQtForm::ConnectList(ControlId id, QListWidget& list) {
-  new CDoubleClicks(*this, id, list);
+  new CListEvents(*this, id, list);
   // The dialog may fill the list anew, which must wait until the list is done with the mouse.
   QObject::connect(&list, &QListWidget::itemSelectionChanged, window_.get(), [this, id] {
     changedLists_.insert(id);
@@ -289,12 +319,6 @@ void CQtForm::AddLine(ControlId id, std::string_view text, std::int32_t data) {
   list->insertItem(unsorted_.contains(id) ? list->count() : PlaceFor(*list, shown), line);
 }
 
-void CQtForm::SetLineTip(ControlId id, std::int32_t data, std::string_view tip) {
-  const auto* list = Find<QListWidget>(id);
-  QListWidgetItem* line = list != nullptr ? LineOf(*list, data) : nullptr;
-  if (line != nullptr) line->setToolTip(PlainToolTip(TextToQt(tip)));
-}
-
 std::int32_t CQtForm::SelectedLine(ControlId id) const {
   const auto* list = Find<QListWidget>(id);
   if (list == nullptr) return -1;
@@ -363,8 +387,8 @@ void CQtForm::SetProgressPos(ControlId id, std::int32_t position) {
 void CQtForm::HandleEvents() { QCoreApplication::processEvents(); }
 
 void CQtForm::ReportError(ControlId id, std::string_view message) {
-  QMessageBox box(QMessageBox::Warning, QLatin1String(kProgramName), TextToQt(message), QMessageBox::Ok,
-                  window_.get());
+  QMessageBox box(QMessageBox::Warning, QLatin1String(kProgramName), TextToQt(message),
+                  QMessageBox::Ok, window_.get());
   box.setTextFormat(Qt::PlainText);
   box.exec();
   SetFocus(id);

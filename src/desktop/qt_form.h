@@ -44,7 +44,6 @@ class CQtForm : public CDialogForm {
   void SetSorted(ControlId id, bool sorted) override;
   void ClearList(ControlId id) override;
   void AddLine(ControlId id, std::string_view text, std::int32_t data) override;
-  void SetLineTip(ControlId id, std::int32_t data, std::string_view tip) override;
   [[nodiscard]] std::int32_t SelectedLine(ControlId id) const override;
   void SelectLine(ControlId id, std::int32_t data) override;
   void SetPicture(ControlId id, std::string_view name) override;
@@ -61,7 +60,7 @@ class CQtForm : public CDialogForm {
 
  private:
   class CWindow;
-  class CDoubleClicks;
+  class CListEvents;
   class CFieldFocus;
 
   template <typename Control>

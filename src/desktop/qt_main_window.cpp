@@ -17,6 +17,7 @@
 #include "desktop/group_box.h"
 #include "desktop/menu_keys.h"
 #include "desktop/qt_text.h"
+#include "desktop/status_progress.h"
 
 namespace zando {
 namespace {
@@ -44,12 +45,7 @@ std::vector<std::filesystem::path> DroppedFiles(const QMimeData& data) {
 }  // namespace
 
 CQtMainWindow::CQtMainWindow()
-    : actions_(*this,
-               [this](CommandId id) {
-                 if (app_ == nullptr) return;
-                 app_->Run(id);
-                 RefreshCommands();
-               }),
+    : actions_(*this, [this](CommandId id) { RunCommand(id); }),
       area_(new QMdiArea(this)),
       windowList_([this](std::size_t index) {
         if (index < frames_.size()) Activate(*frames_[index]->View());
@@ -85,6 +81,13 @@ void CQtMainWindow::SetApplication(CEditorApp& app) {
 void CQtMainWindow::CloseAllChildren() {
   while (!frames_.empty()) frames_.back()->CloseNow();
   app_ = nullptr;
+}
+
+/// What helps people to use the program may choose a command without their mouse or keys.
+void CQtMainWindow::RunCommand(CommandId id) {
+  if (app_ == nullptr || !progress_.isNull()) return;
+  app_->Run(id);
+  RefreshCommands();
 }
 
 // ---- menus, toolbars, status bar
@@ -210,6 +213,12 @@ void CQtMainWindow::ClearFailure() {
   if (failure_.isEmpty()) return;
   failure_.clear();
   promptPane_->setText(IdleText());
+}
+
+std::unique_ptr<CProgress> CQtMainWindow::ShowProgress(const QString& text) {
+  auto progress = std::make_unique<CStatusProgress>(*statusBar(), text);
+  progress_ = progress.get();
+  return progress;
 }
 
 QString CQtMainWindow::IdleText() const {

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QPointer>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -18,6 +19,7 @@ namespace zando {
 
 class CChildFrame;
 class CGroupBox;
+class CStatusProgress;
 
 /// The main frame on Qt: menus, toolbars and keys from the command table, a status bar, and an area
 /// in which the views have their windows.
@@ -45,6 +47,9 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   /// A line that comes back after every prompt, until ClearFailure.
   void ShowFailure(const QString& text);
   void ClearFailure();
+
+  /// See CDesktop::ShowProgress. No command runs until it is destroyed.
+  [[nodiscard]] std::unique_ptr<CProgress> ShowProgress(const QString& text);
 
   void OpenChild(std::unique_ptr<CZANDOView> view) override;
   void OpenChild(std::unique_ptr<CTextureView> view) override;
@@ -91,6 +96,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   void UpdateTitle();
   void ShowPrompt(const QString& prompt);
   [[nodiscard]] QString IdleText() const;
+  void RunCommand(CommandId id);
   void RefreshWindowList();
   [[nodiscard]] QString NameOf(const CZANDODoc& document) const;
   void TileFrames(const std::vector<CChildFrame*>& frames, TileOrder order);
@@ -115,6 +121,7 @@ class CQtMainWindow : public QMainWindow, public CMainWindow {
   CChildFrame* activeFrame_ = nullptr;
   CTiledWindows tiled_;
   CWindowList windowList_;
+  QPointer<CStatusProgress> progress_;
   QObject connections_;  ///< ends what Qt would still tell us while the window goes
 };
 

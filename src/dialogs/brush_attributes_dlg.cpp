@@ -73,6 +73,18 @@ void CBrushAttributesDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Text(kName, name_);
 }
 
+/// The name is also that of the faces' texture in an exported map, where a blank would end it. One
+/// that nobody touched is as it came.
+void CBrushAttributesDlg::OnOK() {
+  const std::string before = AttributesOf(document_, brush_, slot_).name;
+  if (!UpdateData(CDataExchange::Direction::FromControls)) return;
+  if (name_ == before || IsBrushName(name_)) {
+    Form().Close(IDOK);
+  } else {
+    Form().ReportError(kName, "Please enter a name without blanks.");
+  }
+}
+
 /// Each reset takes what the fields hold first; a field that fails is told of, and passed over.
 void CBrushAttributesDlg::OnButton(ControlId id) {
   const bool all = id == kResetAll;

@@ -23,6 +23,7 @@ class CBrushAttributesDlg : public CDialog {
  protected:
   void DoDataExchange(CDataExchange& exchange) override;
   void OnButton(ControlId id) override;
+  void OnOK() override;
 
  private:
   CZANDODoc& document_;

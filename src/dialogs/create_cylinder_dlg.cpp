@@ -36,7 +36,9 @@ void CCreateCylinderDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Text(kYSize, p.YSize);
 }
 
-void CCreateCylinderDlg::OnInitDialog() { Form().SetPicture(primitive_controls::kPicture, "cylinder_parameters"); }
+void CCreateCylinderDlg::OnInitDialog() {
+  Form().SetPicture(primitive_controls::kPicture, "cylinder_parameters");
+}
 
 void CCreateCylinderDlg::OnButton(ControlId id) {
   if (id == primitive_controls::kDefaultsButton) ShowDefaults();

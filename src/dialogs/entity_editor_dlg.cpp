@@ -40,7 +40,7 @@ void CEntityEditorDlg::Run() {
   const CCompoundChange whole(document_);
   const std::int32_t current = document_.State().CurrentEntity;
   if (current != -1) entity_ = current;
-  desktop_.DoModal(*this);
+  if (desktop_.DoModal(*this) == IDOK) document_.SetModifiedFlag();
   SetCurrentEntity(document_, entity_);
   ParseAllOrigins(document_);
 }
@@ -101,6 +101,15 @@ void CEntityEditorDlg::OnSelectionChange(ControlId list) {
   if (list != kClasses) return;
   entity_ = Form().SelectedLine(kClasses);
   RefreshPairs(0);
+}
+
+std::string CEntityEditorDlg::LineTip(ControlId list, std::int32_t line) {
+  if (list != kClasses || !document_.GetLevel().IsEntity(line)) return {};
+  CEntity entity = document_.GetLevel().Entities[static_cast<std::size_t>(line)];
+  // What was typed counts, before the entity goes there.
+  entity.ParseOrigin();
+  if (entity.eStyle != 0) return "No origin";
+  return "Origin " + FormatWholeNumbers(entity.eOrigin.x, entity.eOrigin.y, entity.eOrigin.z);
 }
 
 void CEntityEditorDlg::OnKillFocus(ControlId field) {

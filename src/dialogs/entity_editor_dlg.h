@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "document/zando_doc.h"
 #include "platform/desktop.h"
@@ -16,12 +17,16 @@ class CEntityEditorDlg : public CDialog {
       : document_(document), desktop_(desktop) {}
 
   /// Starts at the current entity, or at the first when there is none; the one edited last becomes
-  /// current, and every origin is parsed anew.
+  /// current, and every origin is parsed anew. The level counts as modified after Close, else only
+  /// when something was changed.
   void Run();
 
   [[nodiscard]] std::int32_t TemplateId() const override { return 143; }
   void OnSelectionChange(ControlId list) override;
   void OnKillFocus(ControlId field) override;
+
+  /// Where an entity stands.
+  [[nodiscard]] std::string LineTip(ControlId list, std::int32_t line) override;
 
  protected:
   void DoDataExchange(CDataExchange& exchange) override;

@@ -7,6 +7,7 @@
 
 #include "dialogs/brush_attributes_dlg.h"
 #include "document/group_edits.h"
+#include "platform/number_text.h"
 
 namespace zando {
 namespace {
@@ -19,6 +20,11 @@ constexpr ControlId kBrushes = 1067;
 
 std::string LineOf(const CBGroup& group) {
   return group.gName + (group.gVis != 0 ? " [X]" : " [ ]");
+}
+
+std::string TextOf(const Vector& vector) {
+  return NumberText(vector.x, Digits::Six) + ' ' + NumberText(vector.y, Digits::Six) + ' ' +
+         NumberText(vector.z, Digits::Six);
 }
 
 }  // namespace
@@ -90,6 +96,15 @@ void CGroupAttributesDlg::EditBrush() {
   if (brush < 0) return;
   CBrushAttributesDlg(document_, brush, kOwnSlot).Run(desktop_);
   FillBrushes();
+  Form().SelectLine(kBrushes, brush);
+}
+
+std::string CGroupAttributesDlg::LineTip(ControlId list, std::int32_t line) {
+  const CZandoBrush* brush = document_.GetLevel().BrushList.Find(line);
+  if (list != kBrushes || brush == nullptr) return {};
+  const std::string position = "Position " + TextOf(brush->Own().Pos);
+  const Bounds& bounds = brush->WorldBounds();
+  return bounds.IsEmpty() ? position : position + ", size " + TextOf(bounds.high - bounds.low);
 }
 
 void CGroupAttributesDlg::OnDoubleClick(ControlId list) {

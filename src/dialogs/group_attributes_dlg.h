@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "document/zando_doc.h"
 #include "platform/desktop.h"
@@ -22,6 +23,9 @@ class CGroupAttributesDlg : public CDialog {
   [[nodiscard]] std::int32_t TemplateId() const override { return 145; }
   void OnSelectionChange(ControlId list) override;
   void OnDoubleClick(ControlId list) override;
+
+  /// Where a brush stands, and how large it is.
+  [[nodiscard]] std::string LineTip(ControlId list, std::int32_t line) override;
 
  protected:
   void DoDataExchange(CDataExchange& /*exchange*/) override {}

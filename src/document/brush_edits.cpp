@@ -1,14 +1,16 @@
 #include "document/brush_edits.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <tuple>
 #include <variant>
 
-#include "csg/csg_world.h"
 #include "document/change.h"
 #include "document/visibility.h"
+#include "document/world_edits.h"
 #include "platform/bits.h"
+#include "platform/text.h"
 
 namespace zando {
 namespace {
@@ -33,9 +35,8 @@ void CombineWithWorld(CZANDODoc& document, std::int32_t operation) {
   CZandoBrush& working = change.level.WorkingBrush;
   working.BGroup = change.state.CurrentGroup;
   working.SetFaceTextures(document.Textures().TextureCount() > 0 ? kFirstTexture : kNoTexture);
-  // The listed copy owns the new nodes, so that they survive what happens to the working brush.
-  const CZandoBrush& listed = change.level.BrushList[AddBrush(document, working)];
-  InsertBrush(change.level.World, listed, listed.BBid);
+  // The listed copy, so that the world survives what happens to the working brush.
+  InsertIntoWorld(document, change.level.BrushList[AddBrush(document, working)]);
 }
 
 template <typename Edit>
@@ -139,6 +140,10 @@ void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
   placement.Shr = attributes.shear;
   brush.SetSlot(slot, placement);
   brush.Name = attributes.name;
+}
+
+bool IsBrushName(std::string_view name) {
+  return !name.empty() && std::ranges::none_of(name, IsWhiteSpace);
 }
 
 void SetBrushName(CZANDODoc& document, std::string_view name) {

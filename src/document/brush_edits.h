@@ -44,6 +44,10 @@ void CopyToCurrent(CZANDODoc& document);
 /// Generates a primitive into the current brush, and keeps its parameters as those last used.
 void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive);
 
+/// Whether a level file and an exported map can hold this name of a brush: neither empty nor with
+/// blanks.
+[[nodiscard]] bool IsBrushName(std::string_view name);
+
 /// Names the current brush, which is the texture of its faces.
 void SetBrushName(CZANDODoc& document, std::string_view name);
 

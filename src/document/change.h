@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "document/zando_doc.h"
 
@@ -22,12 +24,17 @@ enum Touched : std::uint32_t {
 class CChange {
  public:
   CChange(CZANDODoc& document, std::uint32_t touched)
-      : level(document.level_), state(document.state_), document_(document), compound_(document) {
+      : level(document.level_),
+        state(document.state_),
+        waiting(document.waiting_),
+        document_(document),
+        compound_(document) {
     Touch(touched);
   }
 
   Level& level;
   EditingState& state;
+  std::optional<std::vector<WaitingBrush>>& waiting;  ///< of a CDeferredWorld, if there is one
 
   void Touch(std::uint32_t touched) { document_.touched_ |= touched; }
 

@@ -44,6 +44,7 @@ void Serialise(CFileContext& file, Level& level, std::int32_t& entity, std::int3
   if (!file.storing) level.LinkWorld();
   Serialise(file, level.Entities, entity);
   Serialise(file, level.Groups, group);
+  SerialiseWorldKeys(file, level.WorldKeys);
   if (file.storing) return;
   WarnOfLostBrushes(file, level);
   for (CEntity& read : level.Entities) read.ParseOrigin();

@@ -154,7 +154,11 @@ void RemoveEntityPair(CZANDODoc& document, std::int32_t index, std::int32_t pair
 
 void ParseAllOrigins(CZANDODoc& document) {
   CChange change(document, kTouchedDisplay);
-  for (CEntity& entity : change.level.Entities) entity.ParseOrigin();
+  for (CEntity& entity : change.level.Entities) {
+    const std::pair before{entity.eOrigin, entity.eStyle};
+    entity.ParseOrigin();
+    if (before != std::pair{entity.eOrigin, entity.eStyle}) change.Touch(kTouchedLevel);
+  }
 }
 
 void AssociateBrushGroup(CZANDODoc& document, std::int32_t index) {

@@ -163,6 +163,30 @@ bool CFileContext::Exchange(std::string_view key, Transform& transform) {
   return true;
 }
 
+bool CFileContext::Exchange(std::string_view key, std::optional<std::int32_t>& index,
+                            std::span<double> numbers, std::string& text) {
+  if (storing) {
+    std::string value;
+    AppendNumber(value, *index);
+    for (const double number : numbers) AppendNumber(value += ' ', number, Digits::Shortest);
+    WriteKeyLine(key, value + ' ' + text);
+    return true;
+  }
+  if (!FindKey(key)) return false;
+  std::string_view value = Value().value_or("");
+  bool isWhole = TakeNumber(value, index.emplace()) == Taken::Number;
+  for (double& number : numbers) {
+    isWhole = isWhole && TakeNumber(value, number) == Taken::Number && std::isfinite(number);
+  }
+  if (isWhole && value.size() > 1) {
+    text = value.substr(1);
+  } else {
+    WarnLine("\"" + std::string(key) + "\" takes an index, numbers and a name");
+    index.reset();
+  }
+  return true;
+}
+
 std::int32_t CFileContext::Count(std::string_view key, std::size_t stored,
                                  std::string_view itemKey) {
   auto count = static_cast<std::int32_t>(stored);

@@ -69,6 +69,11 @@ class CFileContext {
   bool Exchange(std::string_view key, Vector& vector);
   bool Exchange(std::string_view key, Transform& transform);
 
+  /// A line of an index, numbers as those of a transform, and a text that is not empty. Of a line
+  /// that is not whole, or whose numbers are not finite, a note is taken; it has no index then.
+  bool Exchange(std::string_view key, std::optional<std::int32_t>& index, std::span<double> numbers,
+                std::string& text);
+
   /// Writes how many items follow and returns it, or reads it: 0 when the line is missing. Refuses
   /// a number that is negative, or of more items than the rest of the file can hold when each takes
   /// a line as long as the key that it begins with.

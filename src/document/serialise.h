@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "csg/bsp_tree.h"
 #include "document/file_context.h"
@@ -30,5 +31,8 @@ void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current);
 
 /// The brush list; the level numbers the brushes that are read.
 void SerialiseBrushList(CFileContext& file, Level& level);
+
+/// The keys of worldspawn, when there are any.
+void SerialiseWorldKeys(CFileContext& file, std::vector<EntityPair>& keys);
 
 }  // namespace zando

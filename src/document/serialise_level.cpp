@@ -1,5 +1,8 @@
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -43,6 +46,33 @@ void SerialisePlacement(CFileContext& file, CZandoBrush& brush) {
   if (file.storing && PrintsTheSame(placed, byPosition)) return;
   if (!file.Exchange("BMatrix", placed)) placed.Multiply(byPosition);
   if (!file.storing) brush.SetBMatrix(placed);
+}
+
+/// Faces without a surface of their own are not in the file.
+void SerialiseSurfaces(CFileContext& file, CZandoBrush& brush) {
+  std::optional<std::int32_t> index;
+  const auto exchange = [&](FaceSurface& surface) {
+    std::array<double, 5> numbers{surface.offsetX, surface.offsetY, surface.rotation,
+                                  surface.scaleX, surface.scaleY};
+    if (!file.Exchange("Face", index, numbers, surface.texture)) return false;
+    surface = {surface.texture, numbers[0], numbers[1], numbers[2], numbers[3], numbers[4]};
+    return true;
+  };
+  if (file.storing) {
+    for (index = 0; BrushFace & face : brush.Faces) {
+      if (face.surface) exchange(*face.surface);
+      ++*index;
+    }
+    return;
+  }
+  for (FaceSurface read; exchange(read);) {
+    if (!index) continue;
+    if (std::cmp_less(*index, brush.Faces.size()) && *index >= 0) {
+      brush.Faces[static_cast<std::size_t>(*index)].surface = read;
+    } else {
+      file.Warn("a brush has no face " + std::to_string(*index));
+    }
+  }
 }
 
 void SerialisePairs(CFileContext& file, std::vector<EntityPair>& pairs) {
@@ -135,6 +165,7 @@ void Serialise(CFileContext& file, CZandoBrush& brush) {
   }
   SerialisePolygons(file, brush);
   SerialisePlacement(file, brush);
+  SerialiseSurfaces(file, brush);
   if (!file.Header("End CZandoBrush")) file.WarnMissing("End CZandoBrush");
 }
 
@@ -191,6 +222,15 @@ void Serialise(CFileContext& file, CGroupList& groups, std::int32_t& current) {
   file.Exchange("CurGroup", current);
   const std::int32_t count = file.RequiredCount("GroupCount", groups.size(), "CBGroup");
   SerialiseItems(file, groups, count, "CBGroup", "End CGroupList");
+}
+
+void SerialiseWorldKeys(CFileContext& file, std::vector<EntityPair>& keys) {
+  constexpr std::string_view kEnd = "End CWorldspawn";
+  if (file.storing && keys.empty()) return;
+  file.EndMarker = kEnd;
+  if (!file.Header("Class CWorldspawn")) return;
+  SerialisePairs(file, keys);
+  if (!file.Header(kEnd)) file.WarnMissing(kEnd);
 }
 
 }  // namespace zando

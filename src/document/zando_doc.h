@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <vector>
 
 #include "document/editing_state.h"
 #include "document/level.h"
@@ -10,6 +12,12 @@
 #include "textures/wad2.h"
 
 namespace zando {
+
+/// A brush as it was when it joined the level, for a world that takes it later.
+struct WaitingBrush {
+  CZandoBrush brush;
+  std::int32_t id;
+};
 
 /// A level that is open: the level itself, the editing state that all its views share, and the
 /// textures to choose from. Everybody reads it; it changes through the operations of the ..._edits
@@ -51,7 +59,8 @@ class CZANDODoc : public CDocument {
   EditingState state_;
   CWad2 textures_;
   CFrameDisplay* frame_ = nullptr;
-  std::int32_t depth_ = 0;     ///< changes within changes that are under way
+  std::optional<std::vector<WaitingBrush>> waiting_;  ///< while insertions are deferred
+  std::int32_t depth_ = 0;                            ///< changes within changes that are under way
   std::uint32_t touched_ = 0;  ///< what they have touched so far, see Touched
 };
 

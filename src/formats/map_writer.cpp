@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -20,6 +21,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 
 /// What a nameless brush is called in the file: the name that new brushes start with.
 constexpr std::string_view kNameless = "tech05_1";
+
+constexpr std::string_view kClassName = "classname";
 
 /// A cell with fewer faces encloses nothing.
 constexpr std::ptrdiff_t kFewestFaces = 4;
@@ -43,10 +46,10 @@ std::string Quotable(std::string_view text) {
   return result;
 }
 
-/// The brush's name as one word of a plane line.
-std::string TextureWord(const CZandoBrush& brush) {
-  if (brush.Name.empty()) return std::string(kNameless);
-  std::string result = brush.Name;
+/// A texture's name as one word of a plane line.
+std::string TextureWord(std::string_view name) {
+  if (name.empty()) return std::string(kNameless);
+  std::string result(name);
   for (char& c : result) {
     if (static_cast<unsigned char>(c) <= ' ' || c == '"') c = '_';
   }
@@ -78,12 +81,14 @@ class CMapWriter {
   MapExportReport report;
 
  private:
+  void WriteWorldKeys(std::string_view wadPath);
   void CollectBrushes();
   void Collect(const CZandoBrush& brush, std::int32_t position);
   void WriteEntity(const CEntity& entity);
   void WriteBrush(std::int32_t position);
   void WriteCell(const CBspNode* cell, const CZandoBrush& brush, std::string_view texture);
   void WritePlane(const PlaneSource& source, std::string_view texture);
+  void WriteSurface(const FaceSurface& surface);
   void WritePoint(const Vector& point);
   void Line(std::string_view line) { text.append(line).append(kLineEnd); }
 
@@ -99,9 +104,7 @@ class CMapWriter {
 void CMapWriter::WriteLevel(std::string_view wadPath) {
   CollectBrushes();
   Line("{");
-  Line("\"message\"  \"Entering ZANDOLEVEL\"");
-  Line("\"wad\" \"" + Quotable(wadPath) + "\"");
-  Line("\"classname\" \"worldspawn\"");
+  WriteWorldKeys(wadPath);
   for (const std::int32_t position : worldBrushes_) WriteBrush(position);
   Line("}");
   for (std::size_t i = 0; i < level_.Entities.size(); ++i) {
@@ -113,6 +116,29 @@ void CMapWriter::WriteLevel(std::string_view wadPath) {
     WriteEntity(level_.Entities[i]);
     for (const std::int32_t position : entityBrushes_[i]) WriteBrush(position);
     Line("}");
+  }
+}
+
+/// The level's keys take the places of the given ones of their names, and follow them otherwise.
+void CMapWriter::WriteWorldKeys(std::string_view wadPath) {
+  std::vector<EntityPair> rest = level_.WorldKeys;
+  std::erase_if(rest,
+                [](const EntityPair& pair) { return EqualIgnoringCase(pair.key, kClassName); });
+  const auto write = [&](std::string_view key, std::string_view blanks, std::string_view given) {
+    const auto own = std::find_if(rest.begin(), rest.end(), [key](const EntityPair& pair) {
+      return EqualIgnoringCase(pair.key, key);
+    });
+    const EntityPair pair =
+        own == rest.end() ? EntityPair{std::string(key), std::string(given)} : *own;
+    Line("\"" + Quotable(pair.key) + "\"" + std::string(blanks) + "\"" + Quotable(pair.value) +
+         "\"");
+    if (own != rest.end()) rest.erase(own);
+  };
+  write("message", "  ", "Entering ZANDOLEVEL");
+  write("wad", " ", wadPath);
+  write(kClassName, " ", "worldspawn");
+  for (const EntityPair& pair : rest) {
+    Line("\"" + Quotable(pair.key) + "\" \"" + Quotable(pair.value) + "\"");
   }
 }
 
@@ -158,7 +184,7 @@ void CMapWriter::WriteBrush(std::int32_t position) {
   const std::span<const CZandoBrush* const> carvers = carvers_;
   CarveBrush(tree_, brush, carvers.subspan(carversBefore_[static_cast<std::size_t>(position)]));
   report.refusedSplits += tree_.refused;
-  const std::string texture = TextureWord(brush);
+  const std::string texture = TextureWord(brush.Name);
   WalkCells(tree_.root, [&](const CBspNode* cell) { WriteCell(cell, brush, texture); });
 }
 
@@ -194,8 +220,22 @@ void CMapWriter::WritePlane(const PlaneSource& source, std::string_view texture)
   const CZandoPoly& face = source.brush->WorldPolys()[source.face];
   if (face.count < 3) return;
   for (const std::int32_t i : {0, 1, 2}) WritePoint(face[source.reversed ? 2 - i : i]);
-  text.append(texture);
-  Line(" 0 0 0 1.000000 1.000000");
+  const std::optional<FaceSurface>& own = source.brush->Faces[source.face].surface;
+  if (own) {
+    WriteSurface(*own);
+  } else {
+    text.append(texture);
+    Line(" 0 0 0 1.000000 1.000000");
+  }
+}
+
+void CMapWriter::WriteSurface(const FaceSurface& surface) {
+  text.append(TextureWord(surface.texture));
+  for (const double number :
+       {surface.offsetX, surface.offsetY, surface.rotation, surface.scaleX, surface.scaleY}) {
+    AppendNumber(text += ' ', number, Digits::Shortest);
+  }
+  Line("");
 }
 
 /// The map's second axis is our third: its z points up.

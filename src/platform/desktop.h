@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/dialog.h"
 #include "platform/draw_context.h"
+#include "platform/progress.h"
 
 namespace zando {
 
@@ -47,6 +49,10 @@ class CDesktop {
   /// when they go, until ClearFailure: the next command has begun.
   virtual void ShowFailure(std::string_view text) = 0;
   virtual void ClearFailure() = 0;
+
+  /// A progress bar in the status bar, beside this text, until it is destroyed. Its steps let the
+  /// windows paint; of what the user does meanwhile only Escape counts, which cancels.
+  [[nodiscard]] virtual std::unique_ptr<CProgress> ShowProgress(std::string_view text) = 0;
 
   /// The chosen file, or none when the user cancelled. A save chooser asks before it overwrites.
   [[nodiscard]] virtual std::optional<std::filesystem::path> ChooseFile(

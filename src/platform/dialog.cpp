@@ -24,7 +24,7 @@ std::optional<Number> ParseField(std::string_view text) {
   return value;
 }
 
-std::string Print(double value) { return NumberText(value, Digits::Six); }
+std::string Print(double value) { return NumberText(value, Digits::Twelve); }
 std::string Print(std::int32_t value) { return std::to_string(value); }
 
 }  // namespace

@@ -34,8 +34,6 @@ class CDialogForm {
   virtual void SetSorted(ControlId id, bool sorted) = 0;
   virtual void ClearList(ControlId id) = 0;
   virtual void AddLine(ControlId id, std::string_view text, std::int32_t data) = 0;
-  /// What shows while the pointer rests on the line with this number.
-  virtual void SetLineTip(ControlId id, std::int32_t data, std::string_view tip) = 0;
   /// The number of the selected line, or -1 when none is selected.
   [[nodiscard]] virtual std::int32_t SelectedLine(ControlId id) const = 0;
   /// Selects the line with this number; none when there is no such line.
@@ -132,6 +130,11 @@ class CDialog {
   /// The selection of a list changed, or a line of it was clicked twice.
   virtual void OnSelectionChange(ControlId /*list*/) {}
   virtual void OnDoubleClick(ControlId /*list*/) {}
+
+  /// What shows while the pointer rests on the line with this number; nothing when it is empty.
+  [[nodiscard]] virtual std::string LineTip(ControlId /*list*/, std::int32_t /*line*/) {
+    return {};
+  }
 
   /// The user changed the text of a field.
   virtual void OnChange(ControlId /*field*/) {}

@@ -10,8 +10,6 @@
 namespace zando {
 namespace {
 
-constexpr int kFewDigits = 6;
-
 /// Enough for any number in any of our forms.
 using Buffer = std::array<char, 40>;
 
@@ -23,8 +21,8 @@ std::string_view Print(Buffer& buffer, Number number, Format... format) {
 }
 
 std::string_view Print(Buffer& buffer, double number, Digits digits) {
-  return digits == Digits::Six ? Print(buffer, number, std::chars_format::general, kFewDigits)
-                               : Print(buffer, number);
+  if (digits == Digits::Shortest) return Print(buffer, number);
+  return Print(buffer, number, std::chars_format::general, digits == Digits::Six ? 6 : 12);
 }
 
 template <typename Number>

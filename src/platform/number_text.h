@@ -12,6 +12,7 @@ namespace zando {
 /// How many digits a number that is not whole is written with.
 enum class Digits {
   Six,      ///< six significant ones, as people type them
+  Twelve,   ///< twelve: all that people have typed, and nothing of what arithmetic leaves behind it
   Shortest  ///< the fewest that read back as the same number
 };
 

@@ -8,6 +8,13 @@
 
 namespace zando {
 
+double SquaredRatio(double part, double whole) {
+  const double square = whole * whole;
+  if (std::isnormal(square)) return part * part / square;
+  const double ratio = part / whole;
+  return ratio * ratio;
+}
+
 void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_t count) {
   constexpr auto kTurn = static_cast<std::int32_t>(kRotationUnitsPerTurn);
   const std::int32_t units = kTurn / count;
@@ -17,9 +24,11 @@ void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_
   for (std::int32_t k = 0; k < count; ++k) {
     double z = 0.0;
     if (ellipse.halfX != 0.0) {
-      const double squared = turned.x * turned.x / (ellipse.halfX * ellipse.halfX);
+      const double left = 1.0 - SquaredRatio(turned.x, ellipse.halfX);
+      const double square = ellipse.halfZ * ellipse.halfZ;
       // At the far end of the ellipse rounding may leave a little less than nothing.
-      z = std::sqrt(std::max((1.0 - squared) * (ellipse.halfZ * ellipse.halfZ), 0.0));
+      z = std::isnormal(square) ? std::sqrt(std::max(left * square, 0.0))
+                                : std::fabs(ellipse.halfZ) * std::sqrt(std::max(left, 0.0));
     }
     if (k > count / 2) z = -z;
     points.push_back(ellipse.centre + Vector{turned.x, 0.0, z});

@@ -22,6 +22,9 @@ struct Ellipse {
 /// gives points on its axis. Appended to `points`.
 void AppendRing(std::vector<Vector>& points, const Ellipse& ellipse, std::int32_t count);
 
+/// The square of part / whole, which is not zero. Squares that a double cannot hold do no harm.
+[[nodiscard]] double SquaredRatio(double part, double whole);
+
 /// Writes one polygon of a brush: these points, by their indices.
 void WritePolygon(CZandoBrush& brush, std::size_t polygon, std::span<const Vector> points,
                   std::span<const std::size_t> corners);

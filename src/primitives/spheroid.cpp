@@ -34,7 +34,7 @@ std::vector<Vector> PointsOf(const Sizes& sizes, std::int32_t bands, std::int32_
   for (std::int32_t ring = 1; ring < bands; ++ring) {
     step.TransformPoint(turned);
     // No height collapses the rings on the axis, as no width does.
-    const double squared = h != 0.0 ? turned.y * turned.y / (h * h) : 1.0;
+    const double squared = h != 0.0 ? SquaredRatio(turned.y, h) : 1.0;
     const double rx = a * std::sqrt(std::max(1.0 - squared, 0.0));
     const double rz = sizes.x != 0.0 ? sizes.z / sizes.x * rx : 0.0;
     AppendRing(points, {{0.0, turned.y, 0.0}, rx, rz}, segments);

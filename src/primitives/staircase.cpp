@@ -60,6 +60,7 @@ void GenerateStairs(CZandoBrush& brush, const Half& half, const StaircaseParamet
 }  // namespace
 
 std::string Check(const StaircaseParameters& staircase) {
+  if (staircase.MakeRamp != 0) return {};
   const double stairs = staircase.NumberOfStairs;
   const bool isNumber =
       0.0 <= stairs && stairs <= StaircaseParameters::kMostStairs && std::trunc(stairs) == stairs;

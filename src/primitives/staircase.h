@@ -14,7 +14,7 @@ struct StaircaseParameters {
 
   double Height = 128.0;
   double Length = 128.0;
-  double NumberOfStairs = 8.0;  ///< whole, 0 to kMostStairs
+  double NumberOfStairs = 8.0;  ///< whole, 0 to kMostStairs; of a ramp any
   double Width = 64.0;
   std::int32_t MakeRamp = 0;
 

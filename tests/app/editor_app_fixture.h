@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "app/editor_app.h"
 #include "document/brush_edits.h"

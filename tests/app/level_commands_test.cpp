@@ -15,6 +15,7 @@
 #include "formats/map_writer.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
+#include "support/given_texts.h"
 #include "support/made_up_wad.h"
 #include "support/scripted_desktop.h"
 
@@ -24,28 +25,20 @@ namespace {
 using testing::Edit;
 using testing::EditState;
 
-class CRecorder : public CView, public CFrameDisplay {
- public:
-  void OnUpdate(const CView* /*sender*/, int /*hint*/) override { told += "redraw "; }
-  void RefreshGroups() override { told += "groups "; }
-  void RefreshGrid() override { told += "grid "; }
-  std::string told;
-};
-
 /// A level with the desktop and the frame around it.
 struct Bench {
   CZANDODoc level;
   CEditorSettings settings;
   testing::CScriptedDesktop desktop;
-  CRecorder recorder;
+  testing::CListener listener;
   ActiveLevel target{level, settings, desktop};
   CTableTarget<ActiveLevel> commands{target};
 
   Bench() {
-    level.AddView(recorder);
-    level.SetFrame(&recorder);
+    level.AddView(listener);
+    level.SetFrame(&listener);
   }
-  ~Bench() { level.RemoveView(recorder); }
+  ~Bench() { level.RemoveView(listener); }
 
   /// Lists two brushes.
   void Fill() {
@@ -69,6 +62,20 @@ struct Bench {
   }
 };
 
+TEST(CommandTable, KeysAndPromptsAreAsTheyAreGiven) {
+  std::size_t length = 0;
+  for (const Accelerator& key : Accelerators()) {
+    const std::string line = std::string(key.keys) + ' ' + std::to_string(key.id) + '|';
+    EXPECT_NE(('|' + std::string(testing::kGivenKeys)).find('|' + line), std::string::npos) << line;
+    length += line.size();
+  }
+  EXPECT_EQ(length, testing::kGivenKeys.size());
+  for (const auto& [id, prompt, tip] : testing::kGivenTips) {
+    EXPECT_EQ(FindCommand(id)->prompt, prompt);
+    EXPECT_EQ(FindCommand(id)->tip, tip);
+  }
+}
+
 TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
   const std::set<CommandId> disabled{
       ID_EDIT_UNDO,    ID_EDIT_REDO,    ID_COPY_ENTITY, ID_ADD_TO_GROUP,   ID_REMOVE_FROM_GROUP,
@@ -86,60 +93,63 @@ TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
   // State before, who is told, state after.
   using Case = std::pair<std::string, std::vector<CommandId>>;
   for (const auto& [expected, ids] :
-       {Case{"enabled: redraw modified: enabled",
+       {Case{"enabled: rm: enabled",
              {ID_ADD_TO_WORLD, ID_SUBTRACT_FROM_WORLD, ID_CUBE, ID_QUICK_BSP, ID_PLACE_LIGHT,
               ID_COPY_ENTITY, ID_RESET_BRUSH}},
-        Case{"enabled: grid redraw : checked", {ID_USE_GRID}},
-        Case{"checked: redraw : enabled", {ID_SHOW_ENTITIES, ID_SHOW_BRUSH}},
-        Case{"enabled: redraw : checked", {ID_SHOW_VISIBLE_GROUPS}},
-        Case{"enabled: groups redraw modified: disabled", {ID_ADD_TO_GROUP, ID_REMOVE_FROM_GROUP}},
-        Case{"enabled: groups redraw groups redraw modified: disabled", {ID_CREATE_GROUP}},
-        Case{"enabled: groups redraw modified: enabled", {ID_GROUP_EDITOR}},
+        Case{"enabled: sr: checked", {ID_USE_GRID}},
+        Case{"checked: r: enabled", {ID_SHOW_ENTITIES, ID_SHOW_BRUSH}},
+        Case{"enabled: r: checked", {ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP}},
+        Case{"enabled: : checked",
+             {ID_TOOL_SHEAR_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SELECT_BRUSH}},
+        Case{"enabled: grm: disabled", {ID_ADD_TO_GROUP, ID_REMOVE_FROM_GROUP}},
+        Case{"enabled: grgrm: disabled", {ID_CREATE_GROUP}},
+        Case{"enabled: grm: enabled", {ID_GROUP_EDITOR}},
         Case{"enabled: : checked", {ID_GROUP_MOVEMENT}},
-        Case{"enabled: redraw modified: disabled", {ID_DELETE_BRUSH}},
-        Case{"enabled: redraw : enabled", {ID_NEXT_BRUSH}},
-        Case{"enabled: redraw : disabled", {ID_COPY_TO_CURRENT}}}) {
+        Case{"enabled: rm: disabled", {ID_DELETE_BRUSH}},
+        Case{"enabled: r: enabled", {ID_NEXT_BRUSH}},
+        Case{"enabled: r: disabled", {ID_COPY_TO_CURRENT}}}) {
     for (const CommandId id : ids) {
       Bench bench;
       bench.Prepare();
-      bench.recorder.told.clear();
+      bench.listener.told.clear();
       bench.level.SetModifiedFlag(false);
       const bool asks = id == ID_CUBE || id == ID_CREATE_GROUP || id == ID_GROUP_EDITOR;
       if (asks) bench.Answer(IDOK);
       std::string course = bench.State(id) + ": ";
       bench.commands.OnCommand(id);
-      course += bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
+      course += bench.listener.told + (bench.level.IsModified() ? "m" : "");
       EXPECT_EQ(course + ": " + bench.State(id), expected) << id;
       EXPECT_TRUE(bench.desktop.Dialogs.empty()) << id;
     }
   }
 }
 
-TEST(LevelCommands, AToolOrFilterThatIsChosenIsTheOnlyOneChecked) {
-  const std::vector<std::vector<CommandId>> choices{
-      {ID_TOOL_CAMERA, ID_TOOL_MOVE_ROTATE_BRUSH, ID_TOOL_SCALE_BRUSH, ID_TOOL_SHEAR_BRUSH,
-       ID_TOOL_MOVE_SELECT_ENTITY, ID_TOOL_SELECT_GROUP, ID_TOOL_SELECT_BRUSH},
-      {ID_SHOW_ALL_BRUSHES, ID_SHOW_VISIBLE_GROUPS, ID_SHOW_CURRENT_GROUP}};
-  Bench bench;
-  for (const std::vector<CommandId>& ids : choices) {
-    for (const CommandId chosen : ids) {
-      bench.commands.OnCommand(chosen);
-      for (const CommandId id : ids) {
-        EXPECT_EQ(bench.State(id), id == chosen ? "checked" : "enabled") << chosen << ' ' << id;
-      }
-    }
-  }
-}
-
-TEST(LevelCommands, QuickBspLeavesWaterOut) {
+TEST(LevelCommands, QuickBspLeavesWaterOutAndEverythingAsItWasWhenItIsCancelled) {
   Bench bench;
   AddToWorld(bench.level);
   SetBrushName(bench.level, "*water");
   PlaceBrush(bench.level, {500, 0, 0});
   AddToWorld(bench.level);
+  bench.level.SetModifiedFlag(false);
+  bench.desktop.CancelAt = 1;
+  bench.commands.OnCommand(ID_QUICK_BSP);
+  EXPECT_FALSE(bench.level.IsModified());
+  EXPECT_NE(bench.desktop.StatusText.find("cancelled"), std::string::npos);
+  bench.desktop.CancelAt.reset();
   for (const std::int32_t nodes : {12, 6}) {
     EXPECT_EQ(bench.level.GetLevel().World.Count().nodes, nodes);
     bench.commands.OnCommand(ID_QUICK_BSP);
+  }
+  EXPECT_GT(bench.desktop.Percent, 0);
+}
+
+TEST(LevelCommands, TheBspManagerMarksTheLevelUnlessItIsCancelledAndRedrawsAnyway) {
+  for (const ControlId answer : {IDOK, IDCANCEL}) {
+    Bench bench;
+    bench.Answer(answer);
+    bench.commands.OnCommand(ID_BSP_MANAGER);
+    EXPECT_EQ(bench.level.IsModified(), answer == IDOK);
+    EXPECT_EQ(bench.listener.told, "r");
   }
 }
 

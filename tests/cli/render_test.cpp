@@ -28,26 +28,6 @@ class Render : public CCliTest {
   static QImage Picture() { return QImage(QStringLiteral("out.png")); }
 };
 
-TEST_F(Render, TopOfABoxShowsItsOutlineAndHandles) {
-  MakeLevel("level.3dz", "box x=16 y=8 z=8\nadd\n");
-  EXPECT_EQ(Draw("--view top --size 24x14 --zoom 1 --no-grid").err, "");
-  EXPECT_EQ(AsText(Picture()),
-            "........................\n"
-            "..####............####..\n"
-            "..####............####..\n"
-            "..####################..\n"
-            "..####............####..\n"
-            "....#...............#...\n"
-            "....#...............#...\n"
-            "....#...............#...\n"
-            "....#...............#...\n"
-            "..####............####..\n"
-            "..####............####..\n"
-            "..####################..\n"
-            "..####............####..\n"
-            "........................\n");
-}
-
 TEST_F(Render, WholeLevelFitsWhateverTheViewInTheSameBytesEveryTime) {
   MakeLevel("level.3dz",
             "box x=900 y=640 z=64\nposition 5000 200 -3000\nadd\nentity light\n"

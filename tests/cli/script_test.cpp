@@ -4,6 +4,7 @@
 
 #include "cli/cli_fixture.h"
 #include "cli/script_commands.h"
+#include "document/brush_edits.h"
 #include "document/document_file.h"
 
 namespace zando {
@@ -36,14 +37,23 @@ constexpr const char* kEveryCommand =
     "select entity 0\nselect all\nselect none\n"
     "show-entities off\nshow visible-groups\nshow current-group\nshow all\nshow-entities on\n"
     "rebuild quick\nrebuild optimal water\n"
-    "save \"half way.3dz\"\nadd\nexport out.map wad my.wad\n";
+    "save \"half way.3dz\"\nadd\nexport out.map wad my.wad\n"
+    "group new late\nreset\nramp\nadd\nstaircase\nadd\ncylinder\nadd\nspheroid\nadd\n"  // 5 to 8
+    "attributes 5 x=7 pitch=90 scale_y=2 shear_z=0.5 name=ramp\n"
+    "pick ramp\npick next\npick previous\nattributes current z=9\npick none\n"
+    "group rename late later\ngroup shear later 0 0.5 0\n"
+    "select all\ndeselect group later\ndeselect 0..4\nselect group later\ndeselect 6 8\n"
+    "pick 0\nface 1 texture wall scale 2 0.5\nface 1 texture *lava offset 8 -4.5 rotate 45\n"
+    "face 2 texture gone\nface 2 own\npick none\n"
+    "world message \"two words\"\nworld sounds 4\nworld Sounds \"\"\nworld WAD my.wad\n"
+    "entity select 1\nentity own-group\nentity rename-key light glow\nentity remove-key Origin\n";
 
 TEST(Script, EveryCommandDoesItsPart) {
   CZANDODoc document;
   const ScriptResult result = RunScript(document, kEveryCommand, "all.zscript");
   ASSERT_EQ(result.error, "");
   const Level& level = document.GetLevel();
-  ASSERT_EQ(level.BrushList.BrushCount(), 5);
+  ASSERT_EQ(level.BrushList.BrushCount(), 9);
 
   const CZandoBrush& first = level.BrushList[0];
   EXPECT_EQ(first.TranT, kSubtractFromWorld);
@@ -64,7 +74,12 @@ TEST(Script, EveryCommandDoesItsPart) {
               256.0, 1e-9);
   EXPECT_EQ(level.BrushList[1].Name, "*slime");
 
-  ASSERT_EQ(level.Groups.size(), 3U);
+  EXPECT_EQ(first.Faces[1].surface, (FaceSurface{"*lava", 8.0, -4.5, 45.0, 2.0, 0.5}));
+  EXPECT_EQ(first.Faces[2].surface, std::nullopt);
+  EXPECT_EQ(level.WorldKeys,
+            (std::vector<EntityPair>{{"message", "two words"}, {"WAD", "my.wad"}}));
+
+  ASSERT_EQ(level.Groups.size(), 4U);
   EXPECT_EQ(level.Groups[0].gCol, 0x302010U);
   EXPECT_EQ(level.Groups[0].gVis, 0);
   EXPECT_EQ(level.BrushList[4].BGroup, -1);
@@ -73,11 +88,28 @@ TEST(Script, EveryCommandDoesItsPart) {
   EXPECT_EQ(level.Entities[0].eOrigin, (Vector{1.0, -2.0, 3.0}));
   EXPECT_EQ(level.Entities[0].GetValue("angle"), "90");
   EXPECT_EQ(level.Entities[1].eOrigin, (Vector{4.0, 5.0, 6.0}));
-  EXPECT_EQ(level.Entities[1].GetValue("light"), "200");
+  EXPECT_EQ(level.Entities[1].Pairs,
+            (std::vector<EntityPair>{{"classname", "light"}, {"glow", "200"}}));
+  EXPECT_EQ(level.Entities[1].eStyle, 1);
   EXPECT_FALSE(level.BrushList[2].BelongsToEntity());
   EXPECT_TRUE(level.BrushList[3].BelongsToEntity());
   EXPECT_EQ(level.BrushList[3].BEnt, 2);
-  EXPECT_FALSE(document.AnySelected());
+
+  // Of the group `later`, which entity 1 owns: 5 with new attributes, then all sheared alike.
+  EXPECT_EQ(level.Groups[3].gName, "later");
+  const CZandoBrush& ramp = level.BrushList[5];
+  EXPECT_EQ(ramp.Name, "ramp");
+  EXPECT_EQ(ramp.Own().Rot, (Vector{0.0, 2048.0, 0.0}));
+  EXPECT_EQ(ramp.Own().Scl, (Vector{1.0, 2.0, 1.0}));
+  EXPECT_EQ(ramp.Own().Shr, (Vector{0.0, 0.0, 0.5}));
+  EXPECT_EQ(ramp.WorldOrigin().x, 7.0);
+  EXPECT_EQ(ramp.BMatrix().m[1][2], 0.5);
+  std::string selected;
+  for (const CZandoBrush& brush : level.BrushList) {
+    selected += brush.IsSelected() ? 's' : '-';
+    EXPECT_EQ(brush.BelongsToEntity() && brush.BEnt == 1, brush.BGroup == 3);
+  }
+  EXPECT_EQ(selected, "-----s-s-");
 
   ASSERT_EQ(result.files.size(), 2U);
   EXPECT_EQ(result.files[0].path, "half way.3dz");
@@ -87,18 +119,65 @@ TEST(Script, EveryCommandDoesItsPart) {
   EXPECT_NE(result.files[1].bytes.find("\"wad\" \"my.wad\""), std::string::npos);
 }
 
-TEST(Script, BoxesTakeEveryNumber) {
-  const std::pair<std::string, BoxParameters> cases[] = {
-      {"box style=hollow wall=64", {.Style = BoxParameters::kHollow, .WallThickness = 64}},
-      {"box y=0 top_x=-1 top_z=0 wall=-9",
-       {.YSize = 0, .WallThickness = -9, .TopXSize = -1, .TopZSize = 0}}};
-  for (const auto& [line, box] : cases) {
-    CZANDODoc document;
-    EXPECT_EQ(RunScript(document, line + "\nscale -1 0 1", "s").error, "");
-    CZandoBrush brush;
-    Generate(box, brush);
-    EXPECT_EQ(document.CurrentBrush().Polys(), brush.Polys()) << line;
-  }
+template <typename Parameters>
+void ExpectPrimitive(const std::string& line, const Parameters& parameters) {
+  CZANDODoc document;
+  EXPECT_EQ(RunScript(document, line + "\nscale -1 0 1", "s").error, "");
+  CZandoBrush brush;
+  Generate(parameters, brush);
+  EXPECT_EQ(document.CurrentBrush().Polys(), brush.Polys()) << line;
+}
+
+TEST(Script, PrimitivesTakeEveryParameterOfTheirDialogs) {
+  ExpectPrimitive("box style=hollow wall=64",
+                  BoxParameters{.Style = BoxParameters::kHollow, .WallThickness = 64});
+  ExpectPrimitive("box y=0 top_x=-1 top_z=0 wall=-9",
+                  BoxParameters{.YSize = 0, .WallThickness = -9, .TopXSize = -1, .TopZSize = 0});
+  ExpectPrimitive("spheroid", SpheroidParameters{});
+  ExpectPrimitive("spheroid x=8 y=-9 z=0 horizontal=2 vertical=3 style=hollow wall=2",
+                  SpheroidParameters{2, 3, 8, -9, 0, SpheroidParameters::kHollow, 2});
+  ExpectPrimitive(
+      "cylinder x=8 z=9",
+      CylinderParameters{.BottomXSize = 8, .BottomZSize = 9, .TopXSize = 8, .TopZSize = 9});
+  ExpectPrimitive(
+      "cylinder x_offset=1 x=2 z_offset=3 z=4 style=ring wall=5 top_x_offset=6 top_x=7 "
+      "top_z_offset=8 top_z=9 stripes=10.5 y=11",
+      CylinderParameters{1, 2, 3, 4, CylinderParameters::kRing, 5, 6, 7, 8, 9, 10.5, 11});
+  ExpectPrimitive("staircase height=1 length=2 stairs=3 width=4",
+                  StaircaseParameters{1, 2, 3, 4, 0});
+  ExpectPrimitive("ramp height=1 length=2 width=4", StaircaseParameters{1, 2, 8, 4, 1});
+}
+
+/// Also where a brush was moved or deleted since, and after a save and a rebuild.
+TEST(Script, WorldIsAsIfEveryBrushHadJoinedItAtOnce) {
+  CZANDODoc scripted;
+  const ScriptResult result =
+      RunScript(scripted,
+                "subtract\nadd\nposition 64 0 0\nstaircase\nadd\nposition 0 64 0\nsubtract\n"
+                "pick 1\nposition 500 0 0\npick 2\ndelete\nsave half.3dz\n"
+                "position 32 32 0\nadd\n",
+                "s");
+  ASSERT_EQ(result.error, "");
+  CZANDODoc edited;
+  SubtractFromWorld(edited);
+  AddToWorld(edited);
+  PlaceBrush(edited, {64.0, 0.0, 0.0});
+  GeneratePrimitive(edited, StaircaseParameters());
+  AddToWorld(edited);
+  PlaceBrush(edited, {0.0, 64.0, 0.0});
+  SubtractFromWorld(edited);
+  SetCurrentBrush(edited, 1);
+  PlaceBrush(edited, {500.0, 0.0, 0.0});
+  SetCurrentBrush(edited, 2);
+  DeleteCurrentBrush(edited);
+  EXPECT_EQ(result.files[0].bytes, WriteDocument(edited));
+  PlaceBrush(edited, {32.0, 32.0, 0.0});
+  AddToWorld(edited);
+  EXPECT_EQ(WriteDocument(scripted), WriteDocument(edited));
+
+  CZANDODoc rebuilt;
+  EXPECT_EQ(RunScript(rebuilt, "add\nrebuild quick\n", "s").error, "");
+  EXPECT_EQ(rebuilt.GetLevel().World.Count().nodes, 6);
 }
 
 TEST(Script, FirstErrorIsToldWithItsLine) {
@@ -121,6 +200,20 @@ TEST(Script, FirstErrorIsToldWithItsLine) {
       {"group new a\ngroup scale a 1 0 1", "2: '0' is not above 0"},
       {"box x=1 x=2", "1: 'x' is given twice"},
       {"box q=1", "1: unknown parameter 'q'"},
+      {"spheroid horizontal=9", "1: There must be more vertical bands!"},
+      {"spheroid vertical=3.5", "1: '3.5' is not a whole number"},
+      {"cylinder wall=0.5", "1: the wall of a cylinder is 1 to 10000 thick"},
+      {"staircase stairs=-1", "1: Please enter a whole number of stairs, from 0 to 4096."},
+      {"ramp stairs=2", "1: unknown parameter 'stairs'"},
+      {"pick next", "1: no brush is picked"},
+      {"attributes current name=", "1: a brush's name cannot be empty"},
+      {"group new a\ngroup new b\ngroup rename a b", "3: there is a group 'b' already"},
+      {"entity light\nentity own-group", "2: no group is current"},
+      {"entity light\nentity remove-key angle", "2: light has no key 'angle'"},
+      {"entity light\nentity rename-key light origin", "2: there is a key 'origin' already"},
+      {"face 6 own", "1: the current brush has 6 faces, counted from 0"},
+      {"face 0 texture a b", "1: too many words; usage: face"},
+      {"world ClassName x", "1: the world's class is worldspawn"},
       {"box 64", "1: expected key=value, not '64'; usage: box"},
       {"box style=round", "1: expected solid or hollow, not 'round'"},
       {"name \"a b\"", "1: a brush's name cannot hold a blank"},
@@ -197,8 +290,7 @@ TEST(Script, DamagedScriptsEndInOneLineAtMost) {
 TEST_F(ScriptFile, EveryCommandIsDocumentedAndTried) {
   const std::string documentation = Read(ZANDO_SOURCE_DIR "/docs/script.md");
   const std::string tried = std::string("\n") + kEveryCommand;
-  for (const auto commands :
-       {BrushCommands(), GroupCommands(), EntityCommands(), LevelCommands()}) {
+  for (const auto commands : AllCommands()) {
     for (const ScriptCommand& command : commands) {
       EXPECT_NE(documentation.find('`' + std::string(command.name)), std::string::npos)
           << command.name;

@@ -64,32 +64,6 @@ TEST(BspTree, ALeafKeepsTheSplittersPlaneInItsChainAndDissolvesOtherChains) {
   EXPECT_EQ(before->chain, nullptr);
 }
 
-/// Root at 0, facing up; in front of it 10 up and, in front of that, 12 down; behind it -10 up.
-TEST(BspTree, TheWalkVisitsWhatFacesTheEyeNearestFirst) {
-  CConstructiveBsp tree;
-  tree.root = SquareNode(tree, 0.0);
-  tree.root->front = SquareNode(tree, 10.0);
-  tree.root->front->front = SquareNode(tree, 12.0, false);
-  tree.root->back = SquareNode(tree, -10.0);
-  using Heights = std::vector<std::int32_t>;
-  for (const auto& [eye, heights] : {std::pair{20.0, Heights{10, 0, -10}},
-                                     {11.0, {12, 10, 0, -10}},
-                                     {0.0, {-10, 12}},
-                                     {0.0009, {-10, 12}},
-                                     {0.0011, {12, 0, -10}},
-                                     {-20.0, {12}}}) {
-    for (std::size_t limit = 1; limit <= heights.size(); ++limit) {
-      Heights seen;
-      CWalkStack stack;
-      WalkFrontToBack(tree.root, {1.0, 2.0, eye}, stack, [&](const CBspNode* node) {
-        seen.push_back(node->nPolNum);
-        return seen.size() == limit;
-      });
-      EXPECT_EQ(seen, Heights(heights.begin(), heights.begin() + std::ptrdiff_t(limit))) << eye;
-    }
-  }
-}
-
 /// Chains of front children, and of back children.
 TEST(BspTree, AHundredThousandNodesDeepIsBuiltClippedLinkedWalkedAndCleared) {
   RunOnSmallStack([] {
@@ -120,6 +94,22 @@ TEST(BspTree, AHundredThousandNodesDeepIsBuiltClippedLinkedWalkedAndCleared) {
       EXPECT_EQ(world.root, nullptr);
     }
   });
+}
+
+/// The face that zigzags is refused a cut by the top of its own brush, in the world and in the
+/// brush's tree, and by the tops of two solids far from it. An optimal rebuild makes the brush's
+/// tree once for each carver, and its faces in two planes of the last solid.
+TEST(BspTree, EverySplitThatIsRefusedIsCountedHoweverTheWorldIsBuilt) {
+  CBrushList level =
+      LevelOfBoxes({Solid({{-20, -20, 0}, {20, 0, 10}}), Solid({{-20, -20, -60}, {20, 0, -50}}),
+                    Solid({{-20, -20, -90}, {20, 0, -80}}), Carve({{-15, -5, 2}, {-12, 5, 8}}),
+                    Carve({{12, -5, 2}, {15, 5, 8}}), Solid({{0, -19, 2}, {5, -15, 8}})});
+  AddZigzag(level[0]);
+  for (const Build build : {Build::StepByStep, Build::Quick, Build::Optimal}) {
+    CConstructiveBsp world;
+    BuildWorld(world, level, build);
+    EXPECT_EQ(world.refused, 4) << "build " << static_cast<int>(build);
+  }
 }
 
 }  // namespace

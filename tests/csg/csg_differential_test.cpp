@@ -83,10 +83,6 @@ struct Kind {
   void (*change)(CZandoBrush& brush, CRandom& random) = [](CZandoBrush&, CRandom&) {};
 };
 
-void HollowSome(CZandoBrush& brush, CRandom& random) {
-  if (random.Percent(35)) Hollow(brush);
-}
-
 /// Drums whose rims stand out of the grid by a single corner: to cut it off would take more
 /// vertices than a polygon holds.
 void DrumSome(CZandoBrush& brush, CRandom& random) {
@@ -144,6 +140,7 @@ void LeaveSomeOut(CZandoBrush& brush, CRandom& random) {
   if (random.Percent(20)) brush.BFlags |= BF_ENTITY;
   if (random.Percent(20)) brush.BFlags &= ~BF_SHOWN;
   if (random.Percent(10)) brush.TranT = kUnknownOperation;
+  if (random.Percent(10)) Place(brush, [](Placement& own) { own.Scl.y = 0.0; });  // no volume
 }
 
 const Kind kKinds[] = {
@@ -154,7 +151,8 @@ const Kind kKinds[] = {
     {"Turned", {.brushes = 30, .extent = 160, .maxSize = 128, .tapered = 30, .turned = 70}},
     {"FarApart", {.brushes = 90, .extent = 640, .maxSize = 160, .tapered = 20, .turned = 20}},
     {"FarApartOnGrid", {.layout = Layout::CoarseGrid, .brushes = 90, .extent = 640, .turned = 10}},
-    {"Hollow", {.layout = Layout::CoarseGrid, .brushes = 30, .turned = 10}, HollowSome},
+    {"Shapes", {.brushes = 30, .turned = 20, .shaped = 60}},
+    {"ShapesOnGrid", {.layout = Layout::CoarseGrid, .brushes = 30, .turned = 10, .shaped = 50}},
     {"Drums", {.layout = Layout::CoarseGrid, .brushes = 18, .extent = 160}, DrumSome},
     {"NearlyCoincident", {.layout = Layout::CoarseGrid, .brushes = 40}, Jitter},
     {"Bent", {.brushes = 25, .maxSize = 192}, Bend},

@@ -198,9 +198,9 @@ bool TakesPart(const CZandoBrush& brush, bool water) {
 
 std::vector<const CZandoBrush*> ShownBrushes(const CZandoBrush* head) {
   std::vector<const CZandoBrush*> shown;
-  if (head == nullptr) return shown;
-  for (const CZandoBrush* b = head->FirstShownNonEntity(); b != nullptr; b = b->NextShown()) {
-    shown.push_back(b);
+  for (const CZandoBrush* b = head; b != nullptr; b = b->Next) {
+    const bool begins = !shown.empty() || (b->BFlags & BF_ENTITY) == 0;
+    if (begins && (b->BFlags & BF_SHOWN) != 0) shown.push_back(b);
   }
   return shown;
 }

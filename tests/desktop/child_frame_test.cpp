@@ -9,7 +9,7 @@
 namespace zando::testing {
 namespace {
 
-TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
+TEST_F(LevelTest, ClosingAsksTheLastWindowAndTwiceOrFromWithinIsHarmless) {
   Choose(ID_WINDOW_NEW);
   CChildFrame* second = Frames().back();
   second->close();
@@ -21,7 +21,9 @@ TEST_F(LevelTest, ClosingTwiceAndFromWithinIsHarmless) {
   // While the last window asks, the same window and the program are closed once more.
   PlaceLight(Document());
   CChildFrame* last = Frames().front();
-  desktop_.Script.SaveAnswers = {SaveAnswer::Discard};
+  desktop_.Script.SaveAnswers = {SaveAnswer::Cancel, SaveAnswer::Cancel, SaveAnswer::Discard};
+  EXPECT_FALSE(last->close() || window_.close());
+  EXPECT_TRUE(window_.isVisible());
   desktop_.WhileAsking = [last] {
     last->close();
     last->CloseNow();

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QStatusTipEvent>
@@ -18,7 +19,6 @@
 #include "desktop/editor_fixture.h"
 #include "desktop/qt_text.h"
 #include "desktop/recent_files.h"
-#include "desktop/tiling.h"
 #include "document/brush_edits.h"
 #include "document/entity_edits.h"
 #include "document/group_edits.h"
@@ -26,6 +26,14 @@
 
 namespace zando::testing {
 namespace {
+
+/// What a menu line shows of the keys of a command.
+std::string FirstKeyOf(CommandId id) {
+  const std::size_t end = kGivenKeys.find(' ' + std::to_string(id) + '|');
+  if (end == std::string_view::npos) return {};
+  const std::size_t begin = kGivenKeys.rfind('|', end) + 1;  // 0 before the first
+  return "\t" + std::string(kGivenKeys.substr(begin, end - begin));
+}
 
 /// The lines of a menu as the given texts spell them; each shows its first key, its prompt and its
 /// state.
@@ -46,8 +54,7 @@ std::string LinesOf(CEditorApp& app, const QList<QAction*>& actions, const std::
       lines += action->isSeparator() ? "-|" : isRecent ? "recent files|" : "open windows|";
       continue;
     }
-    const auto key = std::ranges::find(kGivenKeys, id, &GivenKey::id);
-    const std::string keys = key != kGivenKeys.end() ? "\t" + std::string(key->keys) : "";
+    const std::string keys = FirstKeyOf(id);
     EXPECT_TRUE(text.ends_with(keys)) << text;
     lines += std::to_string(id) + ' ' + text.substr(0, text.size() - keys.size()) + '|';
     EXPECT_EQ(TextFromQt(action->statusTip()), FindCommand(id)->prompt);
@@ -172,28 +179,16 @@ TEST_F(LevelTest, TheGroupBoxSetsTheCurrentGroupByMouseKeysAndWheelAndGivesTheKe
   EXPECT_EQ(QApplication::focusWidget(), &ActiveWidget());
 }
 
-TEST_F(LevelTest, KeysRestWhileATextFieldOrADialogHasTheFocus) {
+TEST_F(LevelTest, KeysRestWhileATextFieldHasTheFocus) {
   QLineEdit field(&window_);
   field.show();
   field.setFocus();
   QTest::keyClicks(&field, QStringLiteral("xg"));
   EXPECT_EQ(field.text(), QStringLiteral("xg"));
   EXPECT_EQ(Document().State().GroupMovementMode, 0);
-
-  QDialog dialog(&window_);
-  WithNextDialog([](QDialog& shown) {
-    QTest::keyClick(&shown, Qt::Key_X);
-    shown.accept();
-  });
-  dialog.exec();
-  EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisX | kAxisY | kAxisZ);
-
-  QApplication::setActiveWindow(&window_);
   ActiveWidget().setFocus();
   QTest::keyClick(&ActiveWidget(), Qt::Key_X);
   EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisY | kAxisZ);
-  QTest::keyClick(&ActiveWidget(), Qt::Key_N, Qt::ControlModifier);
-  EXPECT_EQ(app_.Documents().size(), 2U);
 }
 
 TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPrompt) {
@@ -204,13 +199,6 @@ TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPro
   };
   hover("Create a new level");
   EXPECT_EQ(prompt(), QStringLiteral("Create a new level"));
-  desktop_.SetStatusText("Cannot save");
-  hover("");
-  EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
-  hover("Create a new level");
-  hover("");
-  EXPECT_EQ(prompt(), QStringLiteral("For Help, press F1"));
-
   desktop_.SetStatusText("Saved");
   desktop_.ShowFailure("Cannot save");
   EXPECT_EQ(prompt(), QStringLiteral("Cannot save"));
@@ -231,6 +219,43 @@ TEST_F(LevelTest, PromptsComeAndGoMessagesSurviveAClosingMenuAndFailuresEveryPro
   EXPECT_EQ(grid->text(), QStringLiteral("Gridsize: 64 Snap On"));
 }
 
+TEST_F(LevelTest, OfWhatIsDoneWhileABarIsShownOnlyEscapeAndClosingCount) {
+  const auto bar = [this] { return window_.statusBar()->findChild<QProgressBar*>(); };
+  const std::function<void()> cancels[] = {
+      [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); },
+      [this] { window_.close(); }, [] {}};
+  ActiveWidget().setFocus();
+  for (const auto& cancel : cancels) {
+    int meanwhile = 0;
+    QTimer::singleShot(0, [&] {
+      ++meanwhile;
+      EXPECT_TRUE(bar() != nullptr && bar()->isVisible() && bar()->value() > 0);
+      for (const Qt::Key key : {Qt::Key_X, Qt::Key_G}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+      }
+      const auto* toolbar = window_.findChild<QToolBar*>(QStringLiteral("mainToolbar"));
+      QTest::mouseClick(toolbar->widgetForAction(MenuItem(ID_FILE_NEW)), Qt::LeftButton);
+      MenuItem(ID_FILE_NEW)->trigger();
+      cancel();
+    });
+    bool cancelled = false;
+    try {
+      const auto progress = desktop_.ShowProgress("Working");
+      progress->Expect(100);
+      for (int step = 0; step < 100; ++step, QTest::qSleep(1)) progress->StepIt();
+    } catch (const CCancelled&) {
+      cancelled = true;
+    }
+    EXPECT_EQ(cancelled, &cancel != &cancels[2]);
+    EXPECT_EQ(meanwhile, 1);
+    EXPECT_EQ(bar(), nullptr);
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_EQ(app_.Documents().size(), 1U);
+    EXPECT_EQ(ActiveEditingView().AxisFlags(), kAxisX | kAxisY | kAxisZ);
+    EXPECT_EQ(Document().State().GroupMovementMode, 0);
+  }
+}
+
 TEST(RecentFiles, AreRememberedWhateverBytesTheirNamesHave) {
   const QTemporaryDir folder;
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
@@ -238,24 +263,6 @@ TEST(RecentFiles, AreRememberedWhateverBytesTheirNamesHave) {
   const std::vector<std::filesystem::path> files{"/a/b c.3dz", "/a/\xc3\xa4,=;.3dz"};
   CSettingsRecentFiles().Save(files);
   EXPECT_EQ(CSettingsRecentFiles().Load(), files);
-}
-
-TEST(Tiling, CoversTheAreaWithoutGapsForAnyNumberOfWindows) {
-  const QRect area(3, 5, 1001, 703);
-  for (const TileOrder order : {TileOrder::Stacked, TileOrder::SideBySide}) {
-    for (int count = 1; count <= 17; ++count) {
-      const std::vector<QRect> places = TileArea(area, count, order);
-      EXPECT_EQ(static_cast<int>(places.size()), count);
-      QRegion covered;
-      for (const QRect& place : places) {
-        EXPECT_FALSE(covered.intersects(place)) << count;
-        covered += place;
-      }
-      EXPECT_EQ(covered, QRegion(area)) << count;
-    }
-  }
-  EXPECT_EQ(TileArea(area, 3, TileOrder::Stacked)[1].width(), area.width());
-  EXPECT_EQ(TileArea(area, 3, TileOrder::SideBySide)[1].height(), area.height());
 }
 
 }  // namespace

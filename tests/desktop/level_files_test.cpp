@@ -26,21 +26,6 @@ TEST_F(LevelTest, TheWindowTellsWhetherItsLevelIsSavedAndTheMenuWhere) {
   EXPECT_TRUE(MenuItem(ID_FILE_MRU_FIRST)->text().endsWith(QLatin1String("first.3dz")));
 }
 
-TEST_F(EditorTest, AChangedLevelKeepsItsWindowAndTheProgramOpenUntilTheAnswer) {
-  for (const bool exit : {false, true}) {
-    window_.SetApplication(app_);
-    app_.Start({});
-    PlaceLight(Document());
-    for (const SaveAnswer answer : {SaveAnswer::Cancel, SaveAnswer::Discard}) {
-      const bool stays = answer == SaveAnswer::Cancel;
-      desktop_.Script.SaveAnswers = {answer};
-      exit ? window_.close() : Frames().back()->close();
-      EXPECT_EQ(app_.Documents().size(), stays ? 1U : 0U);
-      EXPECT_EQ(window_.isVisible(), !exit || stays);
-    }
-  }
-}
-
 TEST_F(EditorTest, DroppedLevelsOpen) {
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(QStringLiteral(ZANDO_EXAMPLES "/keep.3dz"))});

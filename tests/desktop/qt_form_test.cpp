@@ -3,19 +3,26 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QDialog>
+#include <QGroupBox>
+#include <QHelpEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -50,20 +57,62 @@ bool Build(std::int32_t /*form*/, QDialog& window) {
   return true;
 }
 
-TEST(QtForm, EveryControlOfTheDialogsIsThere) {
+/// What a screen reader calls a control.
+QString NameOf(QWidget& control) {
+  return QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name);
+}
+
+/// The letters that lead to controls of a window, as they are underlined.
+QString MarksOf(const QDialog& window) {
+  QString marks;
+  const auto take = [&marks](const QString& text) {
+    const qsizetype at = text.indexOf('&');
+    if (at >= 0) marks += text[at + 1].toUpper();
+  };
+  for (const auto* label : window.findChildren<QLabel*>()) take(label->text());
+  for (const auto* button : window.findChildren<QAbstractButton*>()) take(button->text());
+  for (const auto* box : window.findChildren<QGroupBox*>()) take(box->title());
+  return marks;
+}
+
+TEST(QtForm, EveryFormHasItsControlsEachWithANameAndALetterOfItsOwn) {
   for (const auto& [dialogForm, expected] :
-       {std::pair{133, std::vector<int>{1, 2, 1014, 1015, 1017, 1019, 1020, 1023, 1024, 1043, 1071,
-                                        1072}},
-        {145, {1, 2, 1001, 1064, 1065, 1066, 1067}}}) {
+       {std::pair{132,
+                  std::vector<int>{1,    2,    1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008,
+                                   1009, 1010, 1011, 1012, 1013, 1014, 1015, 1016, 1017, 1068}},
+        {133, {1, 2, 1014, 1015, 1017, 1019, 1020, 1023, 1024, 1043, 1071, 1072}},
+        {136, {1, 2, 1014, 1015, 1016, 1017, 1018, 1019, 1020, 1021, 1022, 1043}},
+        {139,
+         {1, 2, 1014, 1015, 1016, 1017, 1019, 1020, 1021, 1025, 1026, 1027, 1028, 1029, 1030, 1031,
+          1032, 1043}},
+        {141,
+         {1, 2, 1033, 1078, 1079, 1080, 1081, 1082, 1083, 1084, 1085, 1086, 1087, 1088, 1089,
+          1090}},
+        {142, {1, 2, 1035, 1036, 1037, 1038, 1039, 1040, 1041, 1046, 1077}},
+        {143, {1, 1047, 1052, 1054, 1055, 1056, 1057, 1058, 1059, 1060, 1061, 1062, 1063, 1094}},
+        {144, {1, 1064}},
+        {145, {1, 2, 1001, 1064, 1065, 1066, 1067}},
+        {146, {1, 2, 1066, 1073, 1074, 1075, 1076}},
+        {148, {1, 2, 1090, 1091, 1092, 1093}}}) {
+    SCOPED_TRACE(dialogForm);
     CTellingDlg dialog(dialogForm);
     CQtForm form(dialog, nullptr);
     std::vector<int> controls;
-    for (const QWidget* control : form.Window().findChildren<QWidget*>()) {
+    std::set<QString> names;
+    for (QWidget* control : form.Window().findChildren<QWidget*>()) {
       const QVariant id = control->property("controlId");
-      if (id.isValid()) controls.push_back(id.toInt());
+      if (!id.isValid()) continue;
+      controls.push_back(id.toInt());
+      const QString name = NameOf(*control);
+      EXPECT_TRUE(!name.isEmpty() && names.insert(name).second) << id.toInt() << TextFromQt(name);
+      const auto* button = qobject_cast<QPushButton*>(control);
+      EXPECT_EQ(button != nullptr && button->isDefault(), id == IDOK) << id.toInt();
     }
     std::sort(controls.begin(), controls.end());
     EXPECT_EQ(controls, expected);
+    const QString marks = MarksOf(form.Window());
+    EXPECT_EQ(std::set<QChar>(marks.begin(), marks.end()).size(), marks.size())
+        << TextFromQt(marks);
   }
 }
 
@@ -138,7 +187,13 @@ class CQtPerson {
     return lines;
   }
   std::string TipOf(ControlId list, std::string_view text) {
-    return TextFromQt(Line(list, text)->toolTip());
+    auto& widget = Get<QListWidget>(form_, list);
+    const QPoint at = widget.visualItemRect(Line(list, text)).center();
+    QHelpEvent rests(QEvent::ToolTip, at, widget.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(widget.viewport(), &rests);
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    return QToolTip::isVisible() ? TextFromQt(shown.toPlainText()) : std::string();
   }
   ControlId Focus() { return form_.Window().focusWidget()->property("controlId").toInt(); }
   bool IsVisible(ControlId id) { return Get<QWidget>(form_, id).isVisible(); }

@@ -41,23 +41,9 @@ class TextureBrowserTest : public EditorTest {
   void Click(QPoint position) const {
     QTest::mouseClick(Browser().viewport(), Qt::LeftButton, {}, position);
   }
-  [[nodiscard]] QRgb ColorOf(int texture) const {
-    const RgbQuad& c =
-        Document().Textures().GetPalette().colors[static_cast<std::size_t>(texture) + 16];
-    return qRgb(c.red, c.green, c.blue);
-  }
 };
 
-constexpr QRgb kBlack = qRgb(0, 0, 0);
 constexpr QRgb kRed = qRgb(255, 0, 0);
-
-TEST_F(TextureBrowserTest, ShowsTexturesOnBlackInTheirColoursAndTheSelectedOneFramed) {
-  const QImage picture = Picture();
-  EXPECT_EQ(picture.pixel(63, 47), kRed);
-  EXPECT_EQ(picture.pixel(62, 46), ColorOf(0));
-  EXPECT_EQ(picture.pixel(79, 0), kBlack);
-  EXPECT_EQ(picture.pixel(80, 0), ColorOf(1));
-}
 
 TEST_F(TextureBrowserTest, AClickSelectsAtOnceWhereverTheWindowHasScrolledTo) {
   CTextureWidget& browser = Browser();

@@ -71,21 +71,5 @@ TEST_F(BoxDialog, DefaultsShowAtOnceWithTheirPictureAndCountWithOk) {
   EXPECT_EQ(brush_.Polys()[0][2], (Vector{64, 64, 64}));
 }
 
-TEST_F(BoxDialog, CancelForgetsDefaultsAndWhatAFailedOkHadTaken) {
-  box_.YSize = 1.0 / 3.0;
-  box_.Style = BoxParameters::kHollow;
-  EXPECT_FALSE(Run([](CFakeForm& form) {
-    form.Press(1043);
-    form.Type(1017, "-7");
-    form.Type(1072, "wide");
-    form.Press(IDOK);
-    EXPECT_EQ(form.Focus, 1072);
-    form.Press(IDCANCEL);
-  }));
-  EXPECT_EQ(box_.YSize, 1.0 / 3.0);
-  EXPECT_EQ(box_.Style, BoxParameters::kHollow);
-  EXPECT_EQ(brush_.PolyCount(), 0);
-}
-
 }  // namespace
 }  // namespace zando

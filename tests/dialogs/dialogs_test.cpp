@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -24,6 +25,12 @@ namespace zando {
 namespace {
 
 using testing::CFakeForm;
+
+class CRedraws : public CView {
+ public:
+  void OnUpdate(const CView* /*sender*/, int /*hint*/) override { ++Count; }
+  int Count = 0;
+};
 
 class Dialogs : public ::testing::Test {
  protected:
@@ -74,26 +81,47 @@ TEST_F(Dialogs, CylinderAndStaircaseRefuseWhatIsOutOfRange) {
   ASSERT_TRUE(cylinder);
   EXPECT_EQ(cylinder->Style, CylinderParameters::kRing);
   EXPECT_EQ(cylinder->TopZSize, 77);
-  Expect([](CFakeForm& form) {
-    form.Type(1076, "2.5");
-    form.Press(IDOK);
-    EXPECT_EQ(form.Focus, 1076);
-  });
-  EXPECT_FALSE(CCreateStaircaseDlg(StaircaseParameters{}).Run(desktop));
+  for (const bool ramp : {false, true}) {
+    Expect([ramp](CFakeForm& form) {
+      form.Type(1076, "2.5");
+      form.Checks[1066] = ramp;
+      form.Focus = 0;
+      form.Press(IDOK);
+      EXPECT_EQ(form.Focus, ramp ? 0 : 1076) << "a ramp has no stairs";
+    });
+    EXPECT_EQ(CCreateStaircaseDlg(StaircaseParameters{}).Run(desktop).has_value(), ramp);
+  }
 }
 
 TEST_F(Dialogs, BrushAttributesAreATypedMoveAndChangeNothingByThemselves) {
-  PlaceBrush(level, {1.0 / 3.0, 0, 0});
+  PlaceBrush(level, {1.0 / 3.0, 4096.125, 0});
   SetBrushRotation(level, {341.3333333333333, 0, 0});
+  SetBrushName(level, "old rock");
   level.SetModifiedFlag(false);
+  CRedraws view;
+  level.AddView(view);
   const Level before = level.GetLevel();
-  Expect([](CFakeForm& form) { form.Press(IDOK); });
-  CBrushAttributesDlg(level, kWorkingBrush, kOwnSlot).Run(desktop);
-  EXPECT_TRUE(level.GetLevel() == before && !level.IsModified());
+  for (const ControlId button : {IDOK, IDCANCEL}) {
+    Expect([button](CFakeForm& form) {
+      if (button == IDCANCEL) form.Press(1000);
+      form.Press(button);
+      EXPECT_EQ(form.Result, button) << "a name that was there may stay";
+    });
+    CBrushAttributesDlg(level, kWorkingBrush, kOwnSlot).Run(desktop);
+    EXPECT_TRUE(level.GetLevel() == before && !level.IsModified());
+    EXPECT_EQ(view.Count, 0);
+  }
   Expect([](CFakeForm& form) {
-    EXPECT_EQ(form.Texts[1005], "15");
+    EXPECT_EQ(form.Texts[1003] + ' ' + form.Texts[1005], "4096.125 15");
+    for (const char* name : {"", "dark rock"}) {
+      form.Type(1068, name);
+      form.Press(IDOK);
+      EXPECT_EQ(std::exchange(form.Focus, 0), 1068) << "a level or a map could not hold it";
+    }
+    form.Press(1012);
+    EXPECT_EQ(form.Texts[1003] + ' ' + form.Texts[1005], "4096.125 0");
     form.Press(1000);
-    EXPECT_EQ(form.Texts[1008], "1");
+    EXPECT_EQ(form.Texts[1003] + ' ' + form.Texts[1008], "0 1");
     form.Type(1003, "64");
     form.Type(1005, "45");
     form.Type(1068, "rock");
@@ -105,10 +133,23 @@ TEST_F(Dialogs, BrushAttributesAreATypedMoveAndChangeNothingByThemselves) {
   EXPECT_EQ(brush.Own().WorkRot, (Vector{1024, 0, 0}));
   EXPECT_EQ(brush.Name, "rock");
   EXPECT_TRUE(level.IsModified());
+  EXPECT_EQ(view.Count, 1);
+  level.RemoveView(view);
 }
 
 TEST_F(Dialogs, GridSettingsTakePresetsAndRefuseSizesOutOfRange) {
   Expect([](CFakeForm& form) {
+    form.Press(1079);
+    form.Press(1087);
+  });
+  CGridSettingsDlg(level).Run(desktop);
+  EXPECT_EQ(level.State().GridSize, 64) << "it was cancelled";
+  EXPECT_EQ(level.State().RotationSnap, EditingState().RotationSnap);
+  Expect([](CFakeForm& form) {
+    EXPECT_EQ(form.Texts[1089], "15");
+    form.Type(1089, "wide");
+    form.Press(1084);
+    EXPECT_EQ(form.Error, "Please enter a number.") << "told, and passed over";
     EXPECT_EQ(form.Texts[1089], "15");
     form.Type(1089, "17");
     form.Press(1081);
@@ -129,14 +170,19 @@ TEST_F(Dialogs, GridSettingsTakePresetsAndRefuseSizesOutOfRange) {
 
 TEST_F(Dialogs, APathThatCannotBeReadIsToldAndKept) {
   CEditorSettings settings;
-  desktop.Files = {"/nowhere/a.wad"};
-  Expect([](CFakeForm& form) {
-    form.Type(1092, "");
-    form.Press(1091);
-    EXPECT_EQ(form.Texts[1093], "/nowhere/a.wad");
-    form.Press(IDOK);
-  });
-  CGlobalSettingsDlg(settings, desktop).Run();
+  for (const ControlId button : {IDCANCEL, IDOK}) {
+    desktop.Files = {std::nullopt, "/nowhere/a.wad"};
+    Expect([button](CFakeForm& form) {
+      form.Type(1092, "");
+      form.Press(1090);
+      form.Press(1091);
+      EXPECT_EQ(form.Texts[1092] + form.Texts[1093], "/nowhere/a.wad");
+      form.Press(button);
+    });
+    CGlobalSettingsDlg(settings, desktop).Run();
+    EXPECT_EQ(settings.PalettePath.empty(), button == IDOK);
+  }
+  EXPECT_EQ(desktop.FileRequests[0].extension + desktop.FileRequests[1].extension, "lmpwad");
   EXPECT_EQ(settings.WadPath, "/nowhere/a.wad");
   EXPECT_TRUE(desktop.Calls.back().starts_with("message /nowhere/a.wad: ")) << desktop.Calls.back();
 }
@@ -155,6 +201,68 @@ TEST_F(Dialogs, TheBspManagerShowsTheWorldAsItIsAndRebuildsIt) {
   EXPECT_EQ(level.GetLevel().World.Count().visible, 6);
 }
 
+TEST_F(Dialogs, ARebuildMovesItsBarAndEndsAtOnceWhenItIsCancelled) {
+  SetBrushName(level, "*water");
+  for (int i = 0; i < 5; ++i) AddToWorld(level);
+  level.SetModifiedFlag(false);
+  for (const auto& [rebuild, cancels] :
+       {std::pair{1035, true}, {1036, true}, {1035, false}, {1036, false}}) {
+    const std::int32_t before = level.GetLevel().World.Count().visible;
+    Expect([rebuild = rebuild, cancels = cancels](CFakeForm& form) {
+      EXPECT_TRUE(form.Hidden.contains(1046));
+      std::vector<std::int32_t> course;
+      form.WhileWorking = [&] {
+        course.push_back(form.Bars[1046].position);
+        EXPECT_FALSE(form.Hidden.contains(1046));
+        for (const ControlId button : {IDOK, 1035, 1036, 1077}) {
+          EXPECT_TRUE(form.Disabled.contains(button)) << button;
+        }
+        if (cancels) form.Press(IDCANCEL);
+        EXPECT_EQ(form.Result, 0) << "the rebuild ends first";
+      };
+      form.Checks[1077] = false;
+      form.Press(rebuild);
+      EXPECT_TRUE(std::ranges::is_sorted(course));
+      EXPECT_EQ(course.size() > 1, !cancels);
+      EXPECT_EQ(form.Bars[1046].position == 100, !cancels);
+      EXPECT_EQ(form.Result, cancels ? IDCANCEL : IDOK);
+    });
+    CBspManagerDlg manager(level);
+    desktop.DoModal(manager);
+    EXPECT_EQ(level.IsModified(), !cancels);
+    EXPECT_EQ(level.GetLevel().World.Count().visible, cancels ? before : 0);
+  }
+}
+
+TEST_F(Dialogs, ClosingTheEntityEditorMarksTheLevelAndEscapeOnlyWhatWasDone) {
+  struct Case {
+    std::function<void(CFakeForm&)> person;
+    bool modified;
+  };
+  for (const Case& c :
+       {Case{[](CFakeForm& form) {
+               for (const ControlId button : {1054, 1058, 1059, 1062, 1063, 1094}) {
+                 form.Press(button);
+               }
+               EXPECT_EQ(form.LinesOf(1047), std::vector<std::string>()) << "there is no entity";
+             },
+             false},
+        {[](CFakeForm& form) { form.Press(IDOK); }, true},
+        {[this](CFakeForm& form) {
+           Expect([](CFakeForm& classes) { classes.Choose(1064, "light"); });
+           form.Press(1060);
+           EXPECT_EQ(form.LinesOf(1057).size(), 1U) << "what was chosen last counts";
+         },
+         true},
+        {[](CFakeForm& /*form*/) {}, false},
+        {[this](CFakeForm& /*form*/) { testing::Edit(level).Entities[0].eOrigin.x = 9; }, true}}) {
+    level.SetModifiedFlag(false);
+    Expect(c.person);
+    CEntityEditorDlg(level, desktop).Run();
+    EXPECT_EQ(level.IsModified(), c.modified);
+  }
+}
+
 TEST_F(Dialogs, EntitiesAreMadeEditedTiedToBrushesAndDeleted) {
   AddBrush(level, level.CurrentBrush());
   SelectAll(level);
@@ -169,6 +277,7 @@ TEST_F(Dialogs, EntitiesAreMadeEditedTiedToBrushesAndDeleted) {
     form.Press(1054);
     EXPECT_EQ(form.Focus, 1055);
     EXPECT_EQ(form.Texts[1055], "NewKey");
+    EXPECT_EQ(form.TipOf(1057, "monster_ogre"), "Origin 64 0 32");
     form.Type(1055, "angle");
     form.Press(1058);
     form.Press(1061);

@@ -30,14 +30,6 @@ CZandoBrush& AddCube(CZANDODoc& document, std::int32_t size, const Vector& centr
   return Edit(document).BrushList[AddBrush(document, *cube)];
 }
 
-std::vector<const CBspNode*> WorldPolygons(const CZANDODoc& document) {
-  std::vector<const CBspNode*> polygons;
-  WalkBackFrontNode(document.GetLevel().World.root, [&](const CBspNode* node) {
-    for (; node != nullptr; node = node->chain) polygons.push_back(node);
-  });
-  return polygons;
-}
-
 std::vector<std::int32_t> Ids(const CZANDODoc& document) {
   std::vector<std::int32_t> ids;
   for (const CZandoBrush& b : document.GetLevel().BrushList) {
@@ -199,56 +191,28 @@ TEST(Document, AClickPicksTheSmallestShownBrushAndTheEarlierOfEqualOnes) {
   }
 }
 
-TEST(Document, ListedCopiesOfTheWorkingBrushOwnTheirFacesUntilTheyGo) {
+TEST(Document, ACopyOfALevelIsEqualAndNamesItsOwnBrushes) {
   CZANDODoc document;
+  AddToWorld(document);
+  PlaceBrush(document, {64, 64, 64});
+  AddToWorld(document);
+  PlaceLight(document);
+  CreateEmptyGroup(document);
   const Level& level = document.GetLevel();
-  AddToWorld(document);
-  PlaceBrush(document, {512, 0, 0});
-  SubtractFromWorld(document);
-  AddToWorld(document);
-  EXPECT_EQ(level.BrushList[1].TranT, kSubtractFromWorld);
-  const auto expectOwners = [&] {
-    EXPECT_EQ(WorldPolygons(document).size(), 12U);
-    for (const CBspNode* polygon : WorldPolygons(document)) {
-      EXPECT_EQ(polygon->pBrush, level.BrushList.Find(polygon->nBid));
-    }
-  };
-  expectOwners();
-
-  // A picked brush changes its operation or goes, and the world waits for a rebuild.
-  SetCurrentBrush(document, 2);
-  SubtractFromWorld(document);
-  EXPECT_EQ(level.BrushList[2].TranT, kSubtractFromWorld);
-  EXPECT_EQ(level.WorkingBrush.TranT, kAddToWorld);
-  EXPECT_FALSE(document.BrushPicked());
-  SetCurrentBrush(document, 0);
-  DeleteCurrentBrush(document);
-  expectOwners();
-}
-
-TEST(Document, BrushesWithoutVolumeTakeNoPartInAWorldButOpenOnesDo) {
-  CZANDODoc document;
-  CZandoBrush& working = Edit(document).WorkingBrush;
-  AddToWorld(document);
-  SetBrushScale(document, {1, 0, 1});
-  AddToWorld(document);
-  SubtractFromWorld(document);
-  SetBrushScale(document, {1, 1, 1});
-  PlaceBrush(document, {512, 0, 0});
-  working.SetPolyCount(1);
-  AddToWorld(document);
-  const auto built = [&document] {
-    std::vector<std::int32_t> polygons(4, 0);
-    for (const CBspNode* polygon : WorldPolygons(document)) {
-      ++polygons[static_cast<std::size_t>(polygon->nBid)];
-    }
-    return polygons;
-  };
-  const std::vector<std::int32_t> expected{6, 0, 0, 1};
-  EXPECT_EQ(built(), expected);
-  for (const RebuildKind kind : {RebuildKind::Quick, RebuildKind::Optimal}) {
-    RebuildWorld(document, kind, WaterBrushes::Build, nullptr);
-    EXPECT_EQ(built(), expected);
+  ASSERT_GT(level.World.Count().coplanar, 0);
+  const Level copy = level;
+  Level assigned;
+  assigned = copy;
+  EXPECT_TRUE(copy == level && assigned == level);
+  Edit(document).RemoveBrush(0);
+  EXPECT_FALSE(copy == level);
+  for (const Level* each : std::initializer_list<const Level*>{&level, &copy, &assigned}) {
+    EXPECT_EQ(each->World.brushList, each->BrushList.Head());
+    WalkBackFrontNode(each->World.root, [each](const CBspNode* node) {
+      for (; node != nullptr; node = node->chain) {
+        EXPECT_EQ(node->pBrush, each->BrushList.Find(node->nBid));
+      }
+    });
   }
 }
 

@@ -72,61 +72,6 @@ TEST(Entity, WithoutAnOriginTextTheOriginStaysAndNothingMovesOrPicksIt) {
   EXPECT_EQ(entity.Distance2D({1, 2, 0}, kTopAxes), 100000.0);
 }
 
-TEST(Entity, DistanceAndRectangleUseThePlaneOfTheView) {
-  const CEntity entity = EntityAt({10, 20, 30});
-  EXPECT_EQ(entity.Distance2D({0, 23, 34}, kSideAxes), 5.0);
-  EXPECT_EQ(entity.Distance2D({13, 0, 26}, kTopAxes), 5.0);
-  EXPECT_EQ(entity.Distance2D({7, 16, 0}, kFrontAxes), 5.0);
-
-  struct Case {
-    ViewRect rect;
-    bool inside;
-  };
-  const std::vector<Case> cases{
-      {{{0, 20, 30}, {0, 25, 35}, kSideAxes}, true}, {{{0, 21, 30}, {0, 25, 35}, kSideAxes}, false},
-      {{{10, 0, 25}, {10, 0, 30}, kTopAxes}, true},  {{{10, 0, 31}, {15, 0, 35}, kTopAxes}, false},
-      {{{0, 0, 0}, {10, 20, 0}, kFrontAxes}, true},  {{{0, 0, 0}, {10, 19, 0}, kFrontAxes}, false},
-  };
-  for (const auto& [rect, inside] : cases) {
-    EXPECT_EQ(entity.InRect(rect), inside) << testing::PrintToString(rect.low);
-  }
-}
-
-TEST(Entity, ADragMovesTheAllowedAxesAndTruncatesAll) {
-  CEntity entity = EntityAt({10, -10, 5});
-  entity.Move({0.6, -0.6, 3}, kAxisX | kAxisY);
-  EXPECT_EQ(entity.WorkOrigin, (Vector{9, -9, 5}));
-  entity.WorkOrigin.z = -5.5;
-  entity.Move({1, 1, 1}, 0);
-  EXPECT_EQ(entity.WorkOrigin, (Vector{9, -9, -5}));
-  EXPECT_EQ(entity.GetValue("origin"), "10 -10 5");
-}
-
-TEST(Entity, ADragEndsOnTheGridAndCommitsItsAxes) {
-  using enum Commit;
-  struct Case {
-    Vector dragged;  ///< from (1, 2, 3)
-    double step;
-    std::uint32_t mask;
-    Commit commit;
-    Vector origin;
-  };
-  const std::vector<Case> cases{
-      {{95, 96, -32}, 64, kAllAxes, AllAxes, {64, 128, 0}},
-      {{95, 96, 97}, 64, kAxisY, AllAxes, {95, 128, 97}},
-      {{11, 12, 6}, 1, kAllAxes, DominantAxis, {1, 12, 3}},
-      {{-9, 8, 8}, 1, kAllAxes, DominantAxis, {-9, 2, 3}},
-      {{95, 2, 96}, 64, kAllAxes, DominantAxis, {1, 2, 128}},  // z, once both are snapped
-  };
-  for (const Case& c : cases) {
-    CEntity entity = EntityAt({1, 2, 3});
-    entity.WorkOrigin = c.dragged;
-    entity.EndMove(c.step, c.mask, c.commit);
-    EXPECT_EQ(entity.WorkOrigin, c.origin);
-    EXPECT_EQ(entity.GetValue("origin"), FormatWholeNumbers(c.origin.x, c.origin.y, c.origin.z));
-  }
-}
-
 TEST(Entity, OriginTextHoldsWholeNumbersInOurOrderAndRange) {
   CEntity entity;
   entity.AddPair("origin", " 12  300 -7.5");

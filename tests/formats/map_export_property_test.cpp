@@ -12,14 +12,18 @@
 #include "formats/map_writer.h"
 #include "support/map_solids.h"
 #include "support/random_level.h"
+#include "support/solid_points.h"
 
 namespace zando::testing {
 namespace {
 
 using Layout = LevelOptions::Layout;
 
-/// The cells that a solid brush was carved into.
-using Cells = std::vector<Planes>;
+/// The cells that a solid brush was carved into, and their volume in the file.
+struct Cells {
+  std::vector<Planes> planes;
+  double volume = 0.0;
+};
 
 std::vector<const CZandoBrush*> LaterCarvers(const CZandoBrush& brush) {
   std::vector<const CZandoBrush*> carvers;
@@ -40,8 +44,11 @@ std::optional<std::vector<Cells>> ExportedCells(const CBrushList& level) {
   const auto entities = ParseMap(WriteMap(named, ""));
   if (!entities) return std::nullopt;
   for (const MapBrush& cell : entities->front().brushes) {
-    if (!SolidOf(cell).closed) return std::nullopt;
-    cells[std::stoul(cell[0].texture)].push_back(PlanesOf(cell));
+    const MapSolid solid = SolidOf(cell);
+    if (!solid.closed) return std::nullopt;
+    Cells& own = cells[std::stoul(cell[0].texture)];
+    own.planes.push_back(PlanesOf(cell));
+    own.volume += solid.volume;
   }
   return cells;
 }
@@ -63,33 +70,56 @@ std::optional<std::vector<Cells>> CarvedCells(const CBrushList& level) {
         const bool reversed = (cell->nSide != 0) != (cell->pBrush->TranT == kSubtractFromWorld);
         planes.push_back(reversed ? Plane{-plane.normal, -plane.d} : plane);
       }
-      if (planes.size() >= 4) cells.back().push_back(planes);
+      if (planes.size() >= 4) cells.back().planes.push_back(planes);
     });
   }
   return cells;
 }
 
+/// Whether a point is in the brush and in none of the carvers that follow.
+bool IsLeft(const CZandoBrush& brush, const Vector& point) {
+  return Holds(brush, point) &&
+         std::ranges::none_of(LaterCarvers(brush),
+                              [&](const CZandoBrush* carver) { return Holds(*carver, point); });
+}
+
 /// Points of the bounds of a solid brush that lie in the wrong number of its cells: one where the
 /// brush is left, none where a later carver was. Points near a face of anything tell nothing.
 int CountMisplacedPoints(const CZandoBrush& brush, const Cells& cells, CRandom& random) {
-  const Planes own = PlanesOf(brush);
-  Cells carvers;
-  for (const CZandoBrush* carver : LaterCarvers(brush)) carvers.push_back(PlanesOf(*carver));
+  constexpr double kNear = 0.05;
   const auto& [low, high] = brush.WorldBounds();
   int misplaced = 0;
   for (int i = 0; i < 300; ++i) {
     const Vector point{random.Real(low.x, high.x), random.Real(low.y, high.y),
                        random.Real(low.z, high.z)};
-    double outside = DistanceOutside(own, point);
-    for (const Planes& carver : carvers)
-      outside = std::max(outside, -DistanceOutside(carver, point));
-    if (std::abs(outside) < 0.05) continue;
-    const auto holders = std::count_if(cells.begin(), cells.end(), [&](const Planes& cell) {
-      return DistanceOutside(cell, point) < 0.0;
-    });
-    if (holders != (outside < 0.0 ? 1 : 0)) ++misplaced;
+    const bool left = IsLeft(brush, point);
+    const auto holders = std::ranges::count_if(
+        cells.planes, [&](const Planes& cell) { return DistanceOutside(cell, point) < 0.0; });
+    if (holders == (left ? 1 : 0)) continue;
+    bool isNearFace = false;
+    for (const Vector& aside : {Vector{kNear, 0, 0}, {0, kNear, 0}, {0, 0, kNear}}) {
+      isNearFace |= IsLeft(brush, point + aside) != left || IsLeft(brush, point - aside) != left;
+    }
+    for (const Planes& cell : cells.planes) {
+      isNearFace |= std::abs(DistanceOutside(cell, point)) < kNear;
+    }
+    if (!isNearFace) ++misplaced;
   }
   return misplaced;
+}
+
+/// What is left of a brush whose faces all lie on a grid and look along its axes.
+double VolumeOfVoxels(const CZandoBrush& brush, double grid) {
+  const auto& [low, high] = brush.WorldBounds();
+  double volume = 0.0;
+  for (double x = low.x + grid / 2.0; x < high.x; x += grid) {
+    for (double y = low.y + grid / 2.0; y < high.y; y += grid) {
+      for (double z = low.z + grid / 2.0; z < high.z; z += grid) {
+        if (IsLeft(brush, {x, y, z})) volume += grid * grid * grid;
+      }
+    }
+  }
+  return volume;
 }
 
 struct Kind {
@@ -109,6 +139,12 @@ const Kind kKinds[] = {
      ExportedCells,
      {.layout = Layout::CoarseGrid, .extent = 128, .carving = 80},
      5},
+    {"SquareShapesOnGrid",
+     ExportedCells,
+     {.layout = Layout::CoarseGrid, .shaped = 60, .shapes = LevelOptions::Shapes::Square}},
+    {"Shapes", CarvedCells, {.extent = 160, .shaped = 70}},
+    {"ShapesOnGrid", CarvedCells, {.layout = Layout::CoarseGrid, .extent = 160, .shaped = 70}},
+    {"ShapesTurned", CarvedCells, {.extent = 160, .turned = 50, .shaped = 70}, 1},
     {"Tapered", CarvedCells, {.extent = 128, .carving = 70, .tapered = 60}},
     {"Turned", CarvedCells, {.extent = 128, .carving = 70, .tapered = 60, .turned = 40}},
     {"TurnedOnGrid",
@@ -120,22 +156,25 @@ const Kind kKinds[] = {
 class MapExport : public ::testing::TestWithParam<Kind> {};
 
 TEST_P(MapExport, CellsFillWhatCarversLeaveWithoutOverlap) {
+  const auto& [name, cellsOf, given, mostSpoiled] = GetParam();
+  const bool hasVoxels = cellsOf == ExportedCells && given.layout == Layout::CoarseGrid;
   std::vector<std::uint64_t> spoiled;
   for (std::uint64_t seed = 0; seed < 60; ++seed) {
     CRandom random(seed);
-    LevelOptions options = GetParam().options;
-    options.brushes = random.Between(5, options.tapered > 0 ? 16 : 30);
+    LevelOptions options = given;
+    options.brushes = random.Between(5, cellsOf == ExportedCells ? 30 : 16);
     const CBrushList level = RandomLevel(seed, options);
-    const auto cells = GetParam().cellsOf(level);
-    int misplaced = cells ? 0 : 1;
+    const auto cells = cellsOf(level);
+    int wrong = cells ? 0 : 1;
     for (const CZandoBrush& brush : level) {
       if (!cells || brush.TranT != kAddToWorld) continue;
       const Cells& own = cells->at(static_cast<std::size_t>(brush.BBid));
-      misplaced += CountMisplacedPoints(brush, own, random);
+      wrong += CountMisplacedPoints(brush, own, random);
+      if (hasVoxels) wrong += std::abs(own.volume - VolumeOfVoxels(brush, 8.0)) < 1.0 ? 0 : 1;
     }
-    if (misplaced > 0) spoiled.push_back(seed);
+    if (wrong > 0) spoiled.push_back(seed);
   }
-  EXPECT_LE(spoiled.size(), static_cast<std::size_t>(GetParam().spoiled))
+  EXPECT_LE(spoiled.size(), static_cast<std::size_t>(mostSpoiled))
       << ::testing::PrintToString(spoiled);
 }
 

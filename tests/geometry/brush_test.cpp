@@ -2,18 +2,13 @@
 
 #include <array>
 #include <functional>
-#include <limits>
-#include <tuple>
 #include <utility>
-#include <vector>
 
 #include "geometry/geometry_testing.h"
 #include "primitives/box.h"
 
 namespace zando {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// A box of 128 with these sizes changed.
 CZandoBrush BoxBrush(const std::function<void(BoxParameters&)>& change = [](BoxParameters&) {}) {
@@ -143,20 +138,6 @@ TEST(BrushTest, ABrushHasVolumeUnlessItsFacesCloseAroundNothing) {
   for (const auto& c : cases) EXPECT_EQ(c.brush.HasVolume(), c.hasVolume) << c.what;
 }
 
-TEST(BrushTest, FewerPolygonsKeepTheFirstAndMoreStartAfresh) {
-  CZandoBrush brush = BoxBrush();
-  brush.Faces[0].textureName = "wall";
-  brush.SetPolyCount(1);
-  EXPECT_EQ(brush.Faces.at(0).textureName, "wall");
-  EXPECT_EQ(brush.WorldPolys(), std::vector{BoxBrush().Polys()[0]});
-  brush.SetPolyCount(2);
-  EXPECT_EQ(brush.Faces.at(0).textureName, "");
-  EXPECT_EQ(brush.Polys().at(0).count, 0);
-  EXPECT_EQ(brush.WorldBounds(), CZandoBrush().WorldBounds()) << "no vertex left";
-  brush.SetPolyCount(-5);
-  EXPECT_EQ(brush.PolyCount(), 0);
-}
-
 TEST(BrushTest, ACopyTakesTheShapeAndKeepsItsOwnIdentity) {
   CZandoBrush source = BoxBrush();
   source.Faces[0].textureName = "wall";
@@ -191,63 +172,6 @@ TEST(BrushTest, ACopyTakesTheShapeAndKeepsItsOwnIdentity) {
   whole.CopyWhole(source);
   EXPECT_TRUE(whole == source);
   EXPECT_EQ(whole.Color, 0x0000FFU);
-}
-
-TEST(BrushTest, HitTestsLookAtTheTwoAxesOfTheView) {
-  CZandoBrush brush;
-  brush.AppendPoly(MakePolygon({{-1, 10, 100}, {2, 10, 100}, {2, 20, 200}}));
-  const std::tuple<ViewAxes, Vector, bool> cases[] = {
-      {kFrontAxes, {1.5, 15, 0}, true},  {kFrontAxes, {1.5, 21, 0}, false},
-      {kFrontAxes, {3, 15, 0}, false},   {kFrontAxes, {-1, 10, 0}, true},
-      {kTopAxes, {1.5, 0, 150}, true},   {kTopAxes, {1.5, 15, 99}, false},
-      {kTopAxes, {-1.5, 0, 150}, false}, {kTopAxes, {2, 0, 200}, true},
-      {kSideAxes, {0, 15, 150}, true},   {kSideAxes, {0, 15, 201}, false},
-      {kSideAxes, {0, 9, 150}, false},   {kFrontAxes, {kNaN, 15, 0}, false}};
-  for (const auto& [axes, p, hit] : cases) {
-    EXPECT_EQ(brush.HitTest2D(p, axes), hit) << testing::PrintToString(p);
-  }
-}
-
-TEST(BrushTest, FacePointsAreVerticesOneZeroTwo) {
-  CZandoBrush brush;
-  brush.AppendPoly(MakePolygon({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}));
-  brush.AppendPoly(MakePolygon({{5, 5, 5}, {6, 6, 6}}));
-  brush.MoveTo({100, 0, 0});
-  brush.ComputeFacePoints();
-  EXPECT_EQ(brush.Faces[0].points, (std::array{Vector{1, 0, 0}, Vector{0, 0, 0}, Vector{1, 1, 0}}));
-  EXPECT_EQ(brush.Faces[1].points, BrushFace().points) << "too few vertices";
-}
-
-TEST(BrushTest, ListWalksSkipWhatIsNotAskedFor) {
-  std::array<CZandoBrush, 5> list;
-  const std::int32_t flags[] = {BF_SELECTED, BF_SHOWN | BF_ENTITY, 0, BF_SHOWN, BF_ENTITY};
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    list[i].BFlags = flags[i];
-    list[i].BBid = static_cast<std::int32_t>(i / 2);
-    if (i + 1 < list.size()) list[i].Next = &list[i + 1];
-  }
-  EXPECT_EQ(list[0].NextShown(), &list[1]);
-  EXPECT_EQ(list[1].NextShown(), &list[3]) << "never the brush itself";
-  EXPECT_EQ(list[3].NextShown(), nullptr);
-  EXPECT_EQ(list[0].FirstShownNonEntity(), &list[3]);
-  EXPECT_EQ(list[3].FirstShownNonEntity(), &list[3]) << "the brush itself counts";
-  EXPECT_EQ(list[4].FirstShownNonEntity(), nullptr);
-  EXPECT_EQ(FindBrushById(list.data(), 1), &list[2]) << "the first of two";
-  EXPECT_EQ(FindBrushById(&list[3], 0), nullptr);
-  EXPECT_EQ(FindBrushById(nullptr, 0), nullptr);
-}
-
-TEST(BrushTest, BoundsThatTouchOverlap) {
-  CZandoBrush a;
-  a.AppendPoly(MakePolygon({{0, 0, 0}, {1, 1, 1}}));
-  for (const Vector& side : {Vector{1, 0, 0}, Vector{0, 1, 0}, Vector{0, 0, 1}}) {
-    for (const double shift : {-1.0001, -1.0, 1.0, 1.0001}) {
-      CZandoBrush b = a;
-      b.MoveTo(side * shift);
-      EXPECT_EQ(BoundsOverlap(a, b), shift * shift == 1) << shift;
-    }
-  }
-  EXPECT_FALSE(BoundsOverlap(a, CZandoBrush())) << "an empty brush overlaps nothing";
 }
 
 }  // namespace

@@ -108,23 +108,5 @@ TEST(PolygonTest, ASplitThatWouldNeedThirtyThreeVerticesIsRefused) {
   }
 }
 
-TEST(PolygonTest, BasePolygonsLieOnTheirPlaneAndFaceAsItDoes) {
-  const double s = 1 / std::sqrt(2.0);
-  const Plane tie{{0, s, -s}, 5};
-  for (const Plane& plane : {Plane{{1, 0, 0}, -64}, Plane{{0, -1, 0}, 32}, Plane{{0, 0, 1}, -64},
-                             Plane{{0, 0, -1}, 64}, Plane{{-s, 0, s}, -7}, tie}) {
-    SCOPED_TRACE(::testing::PrintToString(plane.normal));
-    const CZandoPoly base = BasePolygonForPlane(plane);
-    ASSERT_EQ(base.count, 4);
-    EXPECT_EQ(ClassifyPolygon(plane, base), PolygonClass::CoplanarSame);
-    const Vector centre = (base[0] + base[2]) * 0.5;
-    EXPECT_LT(Length(centre + plane.normal * plane.d), 1e-9) << "centred on the nearest point";
-  }
-  const double r = 8192;
-  EXPECT_TRUE(SameVertices(BasePolygonForPlane({{0, 0, 1}, -64}),
-                           MakePolygon({{r, -r, 64}, {r, r, 64}, {-r, r, 64}, {-r, -r, 64}})));
-  EXPECT_NEAR(BasePolygonForPlane(tie)[0].x, -r * s, 1e-9) << "y goes before z on a tie";
-}
-
 }  // namespace
 }  // namespace zando

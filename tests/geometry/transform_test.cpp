@@ -40,20 +40,5 @@ TEST(TransformTest, BuildersMapPointsInTheOrderOfTheCalls) {
   }
 }
 
-TEST(TransformTest, MultiplyPutsTheOtherOnTheLeftInAllFourRows) {
-  const Transform right{{{{1, 2, 3, 4}, {5, 6, 7, 8}, {9, 10, 11, 12}, {13, 14, 15, 16}}}};
-  const Transform left{{{{2, 0, 0, 1}, {0, 1, 0, 0}, {1, 1, 0, 0}, {0, 0, 1, 2}}}};
-  const Transform product{{{{15, 18, 21, 24}, {5, 6, 7, 8}, {6, 8, 10, 12}, {35, 38, 41, 44}}}};
-  Transform transform = right;
-  transform.Multiply(left);
-  EXPECT_EQ(transform, product);
-
-  Transform square = right;
-  square.Multiply(right);
-  transform = right;
-  transform.Multiply(transform);
-  EXPECT_EQ(transform, square) << "multiplied with itself";
-}
-
 }  // namespace
 }  // namespace zando

@@ -16,9 +16,7 @@ class CFakePerson {
   void Choose(ControlId list, std::string_view text) { form_.Choose(list, text); }
   void DoubleClick(ControlId list, std::string_view text) { form_.DoubleClick(list, text); }
   auto LinesOf(ControlId list) { return form_.LinesOf(list); }
-  std::string TipOf(ControlId list, std::string_view text) {
-    return std::ranges::find(form_.Lists[list], text, &CFakeForm::Line::text)->tip;
-  }
+  std::string TipOf(ControlId list, std::string_view text) { return form_.TipOf(list, text); }
   ControlId Focus() { return form_.Focus; }
   bool IsVisible(ControlId id) { return !form_.Hidden.contains(id); }
   bool IsEnabled(ControlId id) { return !form_.Disabled.contains(id); }

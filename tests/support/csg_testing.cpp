@@ -53,21 +53,21 @@ std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree) {
   return visible;
 }
 
+bool Contains(const CBspNode& node, const Vector& point) {
+  const CZandoPoly& polygon = node.polygon;
+  for (std::int32_t i = 0; i < polygon.count; ++i) {
+    const Vector edge = polygon[(i + 1) % polygon.count] - polygon[i];
+    if (Dot(Cross(edge, point - polygon[i]), node.plane.normal) < 0.0) return false;
+  }
+  return true;
+}
+
 double Area(const CZandoPoly& polygon) {
   Vector sum{0.0, 0.0, 0.0};
   for (std::int32_t i = 2; i < polygon.count; ++i) {
     sum = sum + Cross(polygon[i - 1] - polygon[0], polygon[i] - polygon[0]);
   }
   return Length(sum) / 2.0;
-}
-
-void Hollow(CZandoBrush& box) {
-  std::vector<CZandoPoly> faces = box.Polys();
-  for (const CZandoPoly& outer : box.Polys()) {
-    faces.push_back(ReverseCopy(outer).polygon);
-    for (Vector& v : faces.back().Vertices()) v = v * 0.5;
-  }
-  SetFaces(box, faces);
 }
 
 void AddZigzag(CZandoBrush& box) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "csg/bsp_tree.h"
@@ -31,10 +30,10 @@ void BuildWorld(CConstructiveBsp& world, const CBrushList& brushes, Build build)
 /// Every visible polygon of the tree, chain members included.
 [[nodiscard]] std::vector<const CBspNode*> VisiblePolygons(const CConstructiveBsp& tree);
 
-[[nodiscard]] double Area(const CZandoPoly& polygon);
+/// Whether a point of the polygon's plane lies within the polygon.
+[[nodiscard]] bool Contains(const CBspNode& node, const Vector& point);
 
-/// Makes a box into a non-convex brush: a second shell, facing inwards, stands within the first.
-void Hollow(CZandoBrush& box);
+[[nodiscard]] double Area(const CZandoPoly& polygon);
 
 /// Gives a box one more face, 100 beyond its last side: it goes to and fro through the plane of the
 /// top, which is refused to cut it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "document/change.h"
 #include "document/zando_doc.h"
 
@@ -20,5 +22,14 @@ void Place(CZandoBrush& brush, Change&& change) {
   change(own);
   brush.SetSlot(kOwnSlot, own);
 }
+
+/// Notes what a document tells: r to redraw, g of groups, s of grid steps.
+class CListener : public CView, public CFrameDisplay {
+ public:
+  void OnUpdate(const CView* /*sender*/, int /*hint*/) override { told += 'r'; }
+  void RefreshGroups() override { told += 'g'; }
+  void RefreshGrid() override { told += 's'; }
+  std::string told;
+};
 
 }  // namespace zando::testing

@@ -22,7 +22,6 @@ class CFakeForm : public CDialogForm {
   struct Line {
     std::string text;
     std::int32_t data;
-    std::string tip;
   };
   struct Progress {
     std::int32_t low = 0, high = 100, position = 0;
@@ -37,7 +36,8 @@ class CFakeForm : public CDialogForm {
   std::set<ControlId> Hidden, Disabled;
   std::string Error;  ///< the last one
   ControlId Focus = 0;
-  ControlId Result = 0;  ///< 0 while the dialog is open
+  ControlId Result = 0;                ///< 0 while the dialog is open
+  std::function<void()> WhileWorking;  ///< what the person does during long work
 
   explicit CFakeForm(CDialog& dialog) : dialog_(dialog) { dialog_.Attach(*this); }
   ~CFakeForm() override { dialog_.Detach(); }
@@ -75,6 +75,10 @@ class CFakeForm : public CDialogForm {
     dialog_.OnDoubleClick(list);
   }
 
+  [[nodiscard]] std::string TipOf(ControlId list, std::string_view text) const {
+    return dialog_.LineTip(list, DataOf(list, text));
+  }
+
   [[nodiscard]] std::vector<std::string> LinesOf(ControlId list) const {
     std::vector<std::string> texts;
     for (const Line& line : Lists[list]) texts.push_back(line.text);
@@ -93,7 +97,7 @@ class CFakeForm : public CDialogForm {
     Selections[id] = -1;
   }
   void AddLine(ControlId id, std::string_view text, std::int32_t data) override {
-    Lists[id].push_back({std::string(text), data, {}});
+    Lists[id].push_back({std::string(text), data});
     if (unsorted_.contains(id)) return;
     std::stable_sort(Lists[id].begin(), Lists[id].end(), [](const Line& a, const Line& b) {
       return std::lexicographical_compare(
@@ -107,10 +111,6 @@ class CFakeForm : public CDialogForm {
   void SelectLine(ControlId id, std::int32_t data) override {
     const auto found = std::ranges::find(Lists[id], data, &Line::data);
     Selections[id] = found != Lists[id].end() ? data : -1;
-  }
-  void SetLineTip(ControlId id, std::int32_t data, std::string_view tip) override {
-    const auto found = std::ranges::find(Lists[id], data, &Line::data);
-    if (found != Lists[id].end()) found->tip = tip;
   }
   void SetPicture(ControlId id, std::string_view name) override { Pictures[id] = name; }
   [[nodiscard]] ColorRef GetColor(ControlId id) const override { return Colors[id]; }
@@ -131,6 +131,9 @@ class CFakeForm : public CDialogForm {
   }
   void SetProgressPos(ControlId id, std::int32_t position) override {
     Bars[id].position = std::clamp(position, Bars[id].low, Bars[id].high);
+  }
+  void HandleEvents() override {
+    if (WhileWorking) WhileWorking();
   }
   void ReportError(ControlId id, std::string_view message) override {
     Error = message;

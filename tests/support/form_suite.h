@@ -32,6 +32,9 @@ class CTellingDlg : public CDialog {
   std::int32_t TemplateId() const override { return form_; }
   void OnSelectionChange(ControlId list) override { TellAndFill("selected", list); }
   void OnDoubleClick(ControlId list) override { TellAndFill("double", list); }
+  std::string LineTip(ControlId list, std::int32_t line) override {
+    return list == kList && line == 'b' ? "<b>" : "";
+  }
   void OnChange(ControlId field) override { Tell("changed", field); }
   void OnKillFocus(ControlId field) override { Tell("left", field); }
 
@@ -89,9 +92,8 @@ TYPED_TEST_P(FormSuite, AListSortsUnlessToldNotToAndKeepsANumberWithEachLine) {
   this->form_.SetSorted(kList, false);
   this->dialog_.Fill('A');
   EXPECT_EQ(this->person_.LinesOf(kList), (Lines{"walls", "Attic", "beams", "attic"}));
-  this->form_.SetLineTip(kList, 'b', "<b>");
-  EXPECT_NE(this->person_.TipOf(kList, "beams").find("b"), std::string::npos);
   EXPECT_EQ(this->person_.TipOf(kList, "walls"), "");
+  EXPECT_EQ(this->person_.TipOf(kList, "beams"), "<b>");
   EXPECT_EQ(this->dialog_.Told, Lines()) << "only the user is told of";
 
   this->person_.Choose(kList, "walls");
@@ -161,7 +163,6 @@ TYPED_TEST_P(FormSuite, MarksAndTextsComeBackAndAMissingControlReadsAsEmpty) {
   EXPECT_FALSE(this->form_.IsChecked(kBox));
 
   this->form_.SetFocus(kMissing);
-  this->form_.SetLineTip(kMissing, 1, "tip");
   this->form_.SelectLine(kMissing, 1);
   EXPECT_EQ(this->form_.GetText(kMissing), "");
   EXPECT_FALSE(this->form_.IsChecked(kMissing));

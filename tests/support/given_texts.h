@@ -48,30 +48,12 @@ inline constexpr auto kGivenSecondToolbar = std::to_array<std::int32_t>(
     {32776, 32784, 32785, 32814, 32857, 32870, 0, 32849, 32791, 32786, 32792, 0,    32774,
      32775, 0,     32771, 32772, 32773, 32856, 0, 32835, 32832, 32871, 32833, 32834});
 
-struct GivenKey {
-  std::string_view keys;
-  std::int32_t id;
-};
-inline constexpr auto kGivenKeys = std::to_array<GivenKey>({{"Ctrl+N", 57600},
-                                                            {"Ctrl+O", 57601},
-                                                            {"Ctrl+S", 57603},
-                                                            {"Ctrl+Z", 57643},
-                                                            {"Alt+Backspace", 57643},
-                                                            {"Alt+Z", 57644},
-                                                            {"Ctrl+X", 57635},
-                                                            {"Shift+Delete", 57635},
-                                                            {"Ctrl+C", 57634},
-                                                            {"Ctrl+Insert", 57634},
-                                                            {"Ctrl+V", 57637},
-                                                            {"Shift+Insert", 57637},
-                                                            {"X", 32781},
-                                                            {"Y", 32782},
-                                                            {"Z", 32783},
-                                                            {"G", 32870},
-                                                            {"F1", 57670},
-                                                            {"Shift+F1", 57669},
-                                                            {"F6", 57680},
-                                                            {"Shift+F6", 57681}});
+/// Keys and the numbers of their commands; the first of a command stands in its menu line.
+inline constexpr std::string_view kGivenKeys =
+    "Ctrl+N 57600|Ctrl+O 57601|Ctrl+S 57603|Ctrl+Z 57643|Alt+Backspace 57643|Alt+Z 57644|"
+    "Ctrl+X 57635|Shift+Delete 57635|Ctrl+C 57634|Ctrl+Insert 57634|Ctrl+V 57637|"
+    "Shift+Insert 57637|X 32781|Y 32782|Z 32783|G 32870|F1 57670|Shift+F1 57669|F6 57680|"
+    "Shift+F6 57681|";
 
 /// The prompts and tips that are laid down.
 struct GivenTip {

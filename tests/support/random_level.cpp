@@ -1,9 +1,15 @@
 #include "support/random_level.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <tuple>
 #include <utility>
+
+#include "primitives/box.h"
+#include "primitives/cylinder.h"
+#include "primitives/spheroid.h"
+#include "primitives/staircase.h"
 
 namespace zando::testing {
 namespace {
@@ -12,10 +18,14 @@ namespace {
 constexpr std::array<std::array<std::size_t, 4>, 6> kBoxFaces{
     {{0, 4, 6, 2}, {1, 3, 7, 5}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 2, 3, 1}, {4, 5, 7, 6}}};
 
+Vector AsVector(const std::array<std::int32_t, 3>& corner) {
+  return {double(corner[0]), double(corner[1]), double(corner[2])};
+}
+
 /// A box whose top is drawn in, each way by its own factor; the four sides stay planar.
 std::unique_ptr<CZandoBrush> MakeFrustum(const GridBox& box, double topX, double topZ) {
-  const Vector low{double(box.low[0]), double(box.low[1]), double(box.low[2])};
-  const Vector high{double(box.high[0]), double(box.high[1]), double(box.high[2])};
+  const Vector low = AsVector(box.low);
+  const Vector high = AsVector(box.high);
   const Vector half = (high - low) * 0.5;
   auto brush = std::make_unique<CZandoBrush>();
   brush->SetPolyCount(static_cast<std::int32_t>(kBoxFaces.size()));
@@ -30,6 +40,39 @@ std::unique_ptr<CZandoBrush> MakeFrustum(const GridBox& box, double topX, double
   }
   brush->ComputeFacePoints();
   brush->MoveTo((low + high) * 0.5);
+  return brush;
+}
+
+/// One brush that fills the box and is not convex, or is round, or a ramp. The walls and stairs of
+/// grid shapes end on a quarter of the grid.
+std::unique_ptr<CZandoBrush> MakeShape(const GridBox& box, const LevelOptions& options,
+                                       CRandom& random) {
+  const Vector size = AsVector(box.high) - AsVector(box.low);
+  const bool general = options.layout == LevelOptions::Layout::General;
+  const double wall =
+      general ? std::min({size.x, size.y, size.z}) * random.Real(0.1, 0.4) : options.grid / 4.0;
+  if (std::min({size.x, size.y, size.z}) < 16.0) return MakeFrustum(box, 1.0, 1.0);
+  auto brush = std::make_unique<CZandoBrush>();
+  const std::int32_t kinds = options.shapes == LevelOptions::Shapes::Any ? 4 : 1;
+  const std::int32_t kind = random.Between(0, kinds);
+  const std::int32_t style = random.Between(0, 1);
+  if (kind == 0) {
+    Generate(BoxParameters{size.y, BoxParameters::kHollow, wall, size.x, size.x, size.z, size.z},
+             *brush);
+  } else if (kind <= 2) {  // stairs, ramps
+    Generate(StaircaseParameters{size.y, size.z, style == 0 ? 4.0 : 2.0, size.x, kind - 1}, *brush);
+  } else if (kind == 3) {
+    const double sides = random.Between(4, 9);
+    Generate(CylinderParameters{0.0, size.x, 0.0, size.z, style, wall, 0.0, size.x, 0.0, size.z,
+                                sides, size.y},
+             *brush);
+  } else {
+    Generate(SpheroidParameters{random.Between(2, 4), random.Between(4, 8), size.x, size.y, size.z,
+                                style, wall},
+             *brush);
+  }
+  brush->ComputeFacePoints();
+  brush->MoveTo((AsVector(box.low) + AsVector(box.high)) * 0.5);
   return brush;
 }
 
@@ -98,6 +141,8 @@ CBrushList RandomLevel(std::uint64_t seed, const LevelOptions& options) {
     const double topX = tapers ? random.Real(0.2, 0.9) : 1.0;
     const double topZ = tapers ? random.Real(0.2, 0.9) : 1.0;
     std::unique_ptr<CZandoBrush> brush = MakeFrustum(box, topX, topZ);
+    const bool shaped = options.shaped > 0 && random.Percent(options.shaped);
+    if (shaped) brush = MakeShape(box, options, random);
     if (random.Percent(options.turned)) Turn(*brush, random);
     if (i > 0 && random.Percent(options.carving)) brush->TranT = kSubtractFromWorld;
     if (random.Percent(options.water)) brush->Name = "*water";

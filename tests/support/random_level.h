@@ -44,6 +44,11 @@ struct LevelOptions {
     CoarseGrid  ///< coordinates on a grid so coarse that faces coincide everywhere
   };
 
+  enum class Shapes {
+    Square,  ///< hollow boxes and staircases
+    Any      ///< also ramps, and cylinders and spheroids, hollow or not
+  };
+
   Layout layout = Layout::General;
   std::int32_t brushes = 10;
   std::int32_t extent = 256;   ///< coordinates lie in 0..extent, before boxes are turned
@@ -52,7 +57,9 @@ struct LevelOptions {
   std::int32_t carving = 40;   ///< percent of carving brushes; the first brush is always solid
   std::int32_t tapered = 0;    ///< percent of frustums in place of boxes
   std::int32_t turned = 0;     ///< percent of brushes with a rotation, scale and shear
-  std::int32_t water = 0;      ///< percent of brushes named as water
+  std::int32_t shaped = 0;     ///< percent of brushes of the shapes in place of boxes
+  Shapes shapes = Shapes::Any;
+  std::int32_t water = 0;  ///< percent of brushes named as water
 };
 
 /// A level made of random convex brushes, the same for the same seed and options. Their ids are

@@ -49,6 +49,24 @@ std::optional<ColorRef> CScriptedDesktop::ChooseColor(ColorRef initial) {
   return Next(Colors, std::optional<ColorRef>(), Calls.back());
 }
 
+std::unique_ptr<CProgress> CScriptedDesktop::ShowProgress(std::string_view text) {
+  class CBar : public CPercentProgress {
+   public:
+    explicit CBar(CScriptedDesktop& desktop) : desktop_(desktop) {}
+
+   protected:
+    bool Advance(std::int32_t percent) override {
+      desktop_.Percent = percent;
+      return !desktop_.CancelAt || percent < *desktop_.CancelAt;
+    }
+
+   private:
+    CScriptedDesktop& desktop_;
+  };
+  Calls.push_back("progress " + std::string(text));
+  return std::make_unique<CBar>(*this);
+}
+
 ControlId CScriptedDesktop::DoModal(CDialog& dialog) {
   Calls.push_back("dialog " + std::to_string(dialog.TemplateId()));
   const std::function<ControlId(CDialog&)> cancel = [](CDialog&) { return IDCANCEL; };

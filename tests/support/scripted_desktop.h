@@ -3,6 +3,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@ namespace zando::testing {
 /// A desktop whose answers are written beforehand. Each question takes the next answer of its
 /// queue; a question without one fails the test and is answered with cancel or no. What was asked
 /// and said is kept in Calls, in order: "message TEXT", "save? NAME", "yesno? QUESTION",
-/// "open TITLE", "save TITLE", "color 0000FF", "dialog 130".
+/// "open TITLE", "save TITLE", "color 0000FF", "dialog 130", "progress TEXT".
 class CScriptedDesktop : public CDesktop {
  public:
   std::deque<SaveAnswer> SaveAnswers;
@@ -27,6 +28,8 @@ class CScriptedDesktop : public CDesktop {
 
   std::vector<std::string> Calls;
   std::vector<FileRequest> FileRequests;
+  std::int32_t Percent = 0;              ///< that the last progress came to
+  std::optional<std::int32_t> CancelAt;  ///< percent at which the user cancels
   std::string StatusText;
   std::string Failure;  ///< shown until it is cleared
 
@@ -43,6 +46,7 @@ class CScriptedDesktop : public CDesktop {
   void ClearFailure() override { Failure.clear(); }
   std::optional<std::filesystem::path> ChooseFile(const FileRequest& request) override;
   std::optional<ColorRef> ChooseColor(ColorRef initial) override;
+  std::unique_ptr<CProgress> ShowProgress(std::string_view text) override;
   ControlId DoModal(CDialog& dialog) override;
   ScreenPoint GetCursorPos() const override { return Cursor; }
   void SetCursorPos(ScreenPoint point) override {

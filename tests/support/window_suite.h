@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <string>
 
 #include "support/scripted_desktop.h"
 #include "views/zando_view.h"

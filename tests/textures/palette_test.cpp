@@ -47,22 +47,5 @@ TEST(BuiltInPalette, BeginsBlackAndRunsFromDarkToBrightOrBackAsTheGamesArchivesE
   }
 }
 
-TEST(Surface, HasPixelsOnlyWhenBothSidesArePositive) {
-  const struct {
-    std::int32_t width;
-    std::int32_t height;
-    std::size_t pixels;
-  } cases[] = {{3, 2, 6}, {1, 1, 1}, {0, 5, 0}, {5, 0, 0}, {-2, -2, 0}};
-  CSurface surface;
-  for (const auto& [width, height, pixels] : cases) {
-    EXPECT_EQ(surface.Create(width, height, BuiltInPalette().colors), pixels > 0);
-    EXPECT_EQ(surface.Pixels().size(), pixels) << width << 'x' << height;
-    testing::CRecordingDC target(10, 10);
-    EXPECT_EQ(surface.Present(target, {-1, 7}), pixels > 0);
-    EXPECT_EQ(target.Count("dib -1,7 " + std::to_string(width) + "x" + std::to_string(height)),
-              pixels > 0 ? 1 : 0);
-  }
-}
-
 }  // namespace
 }  // namespace zando

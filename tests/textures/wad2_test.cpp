@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -118,26 +117,6 @@ TEST(Wad2, LumpsOverEachOtherTakeNoMoreRoomThanTheFile) {
   ASSERT_EQ(wad.Complaints().size(), 11U);
   EXPECT_EQ(wad.Complaints().front(), "lump 4 left out: its 1000 x 10 pixels lie over other lumps");
   EXPECT_EQ(wad.Complaints().back(), "and 986 more lumps");
-}
-
-TEST(Wad2, CreateTakesPaletteFirstAndPassesOverWhatIsMissing) {
-  const std::string palette = ::testing::TempDir() + "zando_wad2.lmp";
-  const std::string archive = ::testing::TempDir() + "zando_wad2.wad";
-  ASSERT_EQ(WriteFileAtomically(palette, std::string(kPaletteBytes, '\x33')).Error(), "");
-  ASSERT_EQ(WriteFileAtomically(archive, Archive({{kTwoByTwo}})).Error(), "");
-  CWad2 wad;
-  wad.Create(palette, archive);
-  EXPECT_EQ(Held(wad), "2x2 old abcd\n");
-  EXPECT_EQ(wad.Textures()[0].surface.Colors()[9].green, 0x33);
-
-  std::filesystem::remove(palette);
-  std::filesystem::remove(archive);
-  EXPECT_FALSE(wad.Load(archive));
-  EXPECT_EQ(Held(wad), "2x2 old abcd\n");
-  CWad2 nothing;
-  nothing.Create(palette, archive);
-  EXPECT_EQ(nothing.TextureCount(), 0);
-  EXPECT_TRUE(nothing.Complaints().empty());
 }
 
 }  // namespace

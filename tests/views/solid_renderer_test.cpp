@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
 #include <string>
 #include <vector>
 
 #include "support/csg_testing.h"
-#include "support/depth_buffer.h"
 #include "support/random_level.h"
 #include "support/recording_dc.h"
 #include "views/span_testing.h"
@@ -16,7 +18,6 @@ namespace zando {
 namespace {
 
 using testing::Build;
-using testing::CDepthBuffer;
 using testing::CRandom;
 using testing::CRecordingDC;
 using testing::LevelOptions;
@@ -65,46 +66,102 @@ bool AreInOnePlane(const CBspNode* a, const CBspNode* b) {
   });
 }
 
-void CompareWithDepthBuffer(LevelOptions::Layout layout, Build build) {
+/// The axes of a camera in the world: turned by roll, then pitch, then yaw.
+struct Basis {
+  explicit Basis(const CCamera& camera) : right(Turn({1, 0, 0}, camera)) {
+    up = Turn({0, 1, 0}, camera);
+    forward = Turn({0, 0, 1}, camera);
+  }
+  static Vector Turn(Vector v, const CCamera& camera) {
+    const auto turn = [&v](double angle, double Vector::*from, double Vector::*to) {
+      const double radians = -angle / 8192.0 * 2.0 * std::numbers::pi;
+      const Vector old = v;
+      v.*from = old.*from * std::cos(radians) - old.*to * std::sin(radians);
+      v.*to = old.*from * std::sin(radians) + old.*to * std::cos(radians);
+    };
+    turn(camera.Roll, &Vector::x, &Vector::y);
+    turn(camera.Pitch, &Vector::y, &Vector::z);
+    turn(camera.Yaw, &Vector::z, &Vector::x);
+    return v;
+  }
+  Vector right, up, forward;
+};
+
+/// Where a ray meets the polygon, in steps of its direction; infinity where it does not, or too
+/// near, or from behind.
+double Meets(const CBspNode& node, const Vector& eye, const Vector& direction) {
+  constexpr double kNever = std::numeric_limits<double>::infinity();
+  const double before = SignedDistance(node.plane, eye);
+  if (before <= PLANE_EPSILON) return kNever;
+  const double depth = -before / Dot(node.plane.normal, direction);
+  if (!(depth >= kNearDepth)) return kNever;
+  return testing::Contains(node, eye + direction * depth) ? depth : kNever;
+}
+
+/// The tag of the visible polygon that a ray through the corner of each pixel meets first, row by
+/// row; 0 where it meets none.
+std::vector<std::uint32_t> TagsOnRays(const CCamera& camera,
+                                      const std::vector<const CBspNode*>& polygons) {
+  const Basis basis(camera);
+  const std::int32_t focal = camera.Width() / 2;
+  std::vector<std::uint32_t> tags;
+  for (std::int32_t i = 0; i < camera.Width() * camera.Height(); ++i) {
+    const double x = (i % camera.Width() - focal) / double(focal);
+    const double y = (camera.Height() / 2 - i / camera.Width()) / double(focal);
+    const Vector direction = basis.forward + basis.right * x + basis.up * y;
+    double nearest = std::numeric_limits<double>::infinity();
+    tags.push_back(0);
+    for (const CBspNode* polygon : polygons) {
+      if (polygon == nullptr || polygon->nValid == 0) continue;
+      const double depth = Meets(*polygon, camera.Position, direction);
+      if (depth >= nearest) continue;
+      nearest = depth;
+      tags.back() = polygon->polygon.tag;
+    }
+  }
+  return tags;
+}
+
+void CompareWithRays(LevelOptions::Layout layout, Build build) {
   const std::int32_t turned = layout == LevelOptions::Layout::General ? 50 : 0;
   const LevelOptions options{
-      .layout = layout, .brushes = 30, .tapered = turned / 2, .turned = turned};
+      .layout = layout, .brushes = 30, .tapered = turned / 2, .turned = turned, .shaped = 20};
   CSolidRenderer renderer;
   std::int64_t drawn = 0;
   std::int64_t differences = 0;
-  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+  for (std::uint64_t seed = 1; seed <= 8; ++seed) {
     CRandom random(seed);
     const CBrushList brushes = RandomLevel(seed, options);
     CConstructiveBsp world;
     testing::BuildWorld(world, brushes, build);
     const std::vector<const CBspNode*> polygons = NumberPolygons(world);
     CCamera camera;
-    camera.SetViewport(0, 0, random.Between(1, 320), random.Between(1, 200));
+    camera.SetViewport(0, 0, random.Between(2, 100), random.Between(1, 70));
     ASSERT_TRUE(renderer.SetViewport(camera.Width(), camera.Height(), ColorTable{}));
-    CDepthBuffer depths(camera.Width(), camera.Height());
-    for (int frame = 0; frame < 12; ++frame) {
+    for (int frame = 0; frame < 8; ++frame) {
       PlaceCamera(camera, random);
       renderer.Render(camera, world, RenderMode::Solid);
-      depths.Draw(camera, world);
+      const std::vector<std::uint32_t> expected = TagsOnRays(camera, polygons);
       const std::vector<std::uint32_t> tags = TagsOf(renderer.Spans());
       for (std::size_t i = 0; i < tags.size(); ++i) {
         ASSERT_EQ(renderer.Surface().Pixels()[i], tags[i] & 0xFFU);
         drawn += tags[i] != 0 ? 1 : 0;
-        const std::uint32_t expected = depths.Tags()[i];
-        if (tags[i] == expected || AreInOnePlane(polygons[tags[i]], polygons[expected])) continue;
+        if (tags[i] == expected[i] || AreInOnePlane(polygons[tags[i]], polygons[expected[i]])) {
+          continue;
+        }
         ++differences;
-        EXPECT_TRUE(HasEdgeAt(depths.Tags(), camera, static_cast<std::int32_t>(i)))
+        EXPECT_TRUE(HasEdgeAt(expected, camera, static_cast<std::int32_t>(i)))
             << "seed " << seed << ", frame " << frame << ", pixel " << i;
       }
     }
   }
-  EXPECT_GT(drawn, 200'000);
+  EXPECT_GT(drawn, 15'000);
   EXPECT_LE(differences * 1000, drawn);
 }
 
-TEST(SolidRendererLevels, ShowThePolygonsThatADepthBufferShows) {
+TEST(SolidRendererLevels, ShowThePolygonsThatRaysThroughThePixelsMeetFirst) {
   for (const auto layout : {LevelOptions::Layout::General, LevelOptions::Layout::CoarseGrid}) {
-    for (const Build build : {Build::Optimal, Build::Quick}) CompareWithDepthBuffer(layout, build);
+    for (const Build build : {Build::Optimal, Build::Quick}) CompareWithRays(layout, build);
   }
 }
 

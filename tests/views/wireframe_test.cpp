@@ -1,18 +1,13 @@
 #include "views/wireframe.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string>
 #include <tuple>
 
-#include "document/brush_edits.h"
-#include "support/edit_level.h"
 #include "support/recording_dc.h"
-#include "support/scripted_desktop.h"
-#include "views/zando_view.h"
+#include "views/view_fixture.h"
 
 namespace zando {
 namespace {
@@ -20,13 +15,9 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-class Wireframe : public ::testing::Test {
+class Wireframe : public testing::ViewTest {
  protected:
-  Wireframe() {
-    view.OnSize(400, 300);
-    view.Camera().Position = {0, 0, 0};
-    state.ShowFineGrid = state.ShowCoarseGrid = state.ShowBrush = 0;
-  }
+  Wireframe() { state.ShowFineGrid = state.ShowCoarseGrid = state.ShowBrush = 0; }
 
   /// A listed brush of one triangle, a quarter turn about the vertical axis.
   CZandoBrush& AddTurnedTriangle() {
@@ -39,12 +30,10 @@ class Wireframe : public ::testing::Test {
     return level.BrushList[AddBrush(document, brush)];
   }
 
-  void AddEntity(std::int32_t flags, std::uint32_t color) {
-    CEntity& entity = level.Entities.emplace_back();
-    entity.eStyle = 0;
+  void AddCross(std::int32_t flags, std::uint32_t color) {
+    CEntity& entity = AddEntity("16 0 0");
     entity.eFlags = flags;
     entity.Color = color;
-    entity.WorkOrigin = {16, 0, 0};
   }
 
   const testing::CRecordingDC& Draw(ViewKind kind, double zoom) {
@@ -64,12 +53,6 @@ class Wireframe : public ::testing::Test {
     return IsOrthographic(kind) ? text.substr(text.find(end) + end.size()) : text;
   }
 
-  CZANDODoc document;
-  Level& level = testing::Edit(document);
-  EditingState& state = testing::EditState(document);
-  CEditorSettings settings;
-  testing::CScriptedDesktop desktop;
-  CZANDOView view{document, settings, desktop};
   testing::CRecordingDC dc{400, 300};
 };
 
@@ -100,7 +83,7 @@ TEST_F(Wireframe, TheCurrentBrushComesLastInItsOwnColoursCyanWhenSelectedWithARe
   picked.MoveTo({10.5, 20.4, 30.3});
   state.CurrentBrush = picked.BBid;
   state.ShowBrush = 1;
-  AddEntity(EF_SHOWN, kWhite);
+  AddCross(EF_SHOWN, kWhite);
   const std::string others =
       "pen 123456 1; poly 200,130 200,130 140,180; "
       "fill 198,128 4x4 123456; fill 198,128 4x4 123456; fill 138,178 4x4 123456; pen 000000 1; ";
@@ -151,24 +134,13 @@ TEST_F(Wireframe, CoordinatesBeyondReasonLoseNoHandleOfAFlatView) {
   }
 }
 
-TEST_F(Wireframe, SolidKindsShowTheirPictureUnderTheOverlays) {
-  AddTurnedTriangle();
-  state.ShowBrush = 1;
-  level.WorkingBrush.SetPolyCount(0);
-  view.Camera().Position = {0, 0, -100};
-  for (const ViewKind kind : {ViewKind::Solid, ViewKind::Texture}) {
-    EXPECT_EQ(DrawContent(kind, 1),
-              "dib 0,0 400x300; pen 0000FF 1; pen 000000 1; fill 198,148 4x4 FF0000; ");
-  }
-}
-
 TEST_F(Wireframe, EntitiesAreCrossesThatShrinkWithDistanceAndMirrorFromBehind) {
-  AddEntity(EF_SHOWN, 0x123456);
-  AddEntity(EF_SHOWN, kWhite);
-  AddEntity(EF_SHOWN | EF_SELECTED, kWhite);
-  AddEntity(EF_SHOWN, kWhite);
-  level.Entities[3].eStyle = 1;    // without an origin
-  AddEntity(EF_SELECTED, kWhite);  // not shown
+  AddCross(EF_SHOWN, 0x123456);
+  AddCross(EF_SHOWN, kWhite);
+  AddCross(EF_SHOWN | EF_SELECTED, kWhite);
+  AddCross(EF_SHOWN, kWhite);
+  level.Entities[3].eStyle = 1;   // without an origin
+  AddCross(EF_SELECTED, kWhite);  // not shown
   state.CurrentEntity = 1;
   for (const auto& [kind, zoom, depth, drawn] :
        {std::tuple{ViewKind::Top, 2.0, 0.0,

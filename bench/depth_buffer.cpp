@@ -1,4 +1,4 @@
-#include "support/depth_buffer.h"
+#include "depth_buffer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,53 @@
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstdint>
+#include <random>
+#include <string>
+
+#include "cli/script.h"
+
+namespace zando {
+namespace {
+
+constexpr std::array kPrimitives{
+    "box x=96 y=64 z=80",
+    "box style=hollow x=120 y=96 z=120 wall=8",
+    "spheroid x=128 y=96 z=128",
+    "spheroid style=hollow x=128 y=128 z=128 wall=12",
+    "cylinder x=64 z=64 y=160 stripes=8",
+    "cylinder style=ring x=96 z=96 y=128 stripes=8 wall=8",
+    "staircase height=128 length=160 width=64",
+    "ramp height=96 length=128 width=64",
+};
+constexpr std::array kYaws{0, 0, 30, 45, 90};
+
+/// All kinds in turn, scattered through a cube of 3,200 and turned; every tenth one carves.
+std::string ScriptOf(std::int64_t primitives, const std::string& ending) {
+  std::minstd_rand random(1);
+  const auto coordinate = [&random] {
+    return ' ' + std::to_string(static_cast<std::int64_t>(random() % 3201) - 1600);
+  };
+  std::string script;
+  for (std::int64_t i = 0; i < primitives; ++i) {
+    script += kPrimitives[static_cast<std::size_t>(i) % kPrimitives.size()];
+    script += "\nposition" + coordinate() + coordinate() + coordinate();
+    script += "\nrotate " + std::to_string(kYaws[random() % kYaws.size()]) + " 0 0";
+    script += i % 10 == 9 ? "\nsubtract\n" : "\nadd\n";
+  }
+  return script + ending;
+}
+
+void Script(benchmark::State& state, const std::string& ending) {
+  const std::string script = ScriptOf(state.range(0), ending);
+  for (auto _ : state) {
+    CZANDODoc document;
+    benchmark::DoNotOptimize(RunScript(document, script, "bench"));
+  }
+}
+
+BENCHMARK_CAPTURE(Script, AsAdded, "")->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Script, Optimal, "rebuild optimal")->Arg(1000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace zando
