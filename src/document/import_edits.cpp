@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "document/change.h"
@@ -11,15 +14,26 @@
 namespace zando {
 namespace {
 
-void SetWorldKey(Level& level, EntityPair pair) {
-  const auto same = std::ranges::find_if(level.WorldKeys, [&](const EntityPair& known) {
-    return EqualIgnoringCase(known.key, pair.key);
-  });
-  if (same == level.WorldKeys.end()) {
-    level.WorldKeys.push_back(std::move(pair));
-  } else {
-    *same = std::move(pair);
+std::string InLowerCase(std::string_view text) {
+  std::string lower(text);
+  std::ranges::transform(lower, lower.begin(), LowerCase);
+  return lower;
+}
+
+/// A file may hold any number of keys.
+void ReplaceWorldKeys(std::vector<EntityPair>& keys, std::vector<EntityPair> imported) {
+  if (keys.empty()) {
+    keys = std::move(imported);
+    return;
   }
+  std::vector<std::string> names;
+  for (const EntityPair& pair : imported) names.push_back(InLowerCase(pair.key));
+  std::ranges::sort(names);
+  std::erase_if(keys, [&](const EntityPair& pair) {
+    return std::ranges::binary_search(names, InLowerCase(pair.key));
+  });
+  keys.insert(keys.end(), std::make_move_iterator(imported.begin()),
+              std::make_move_iterator(imported.end()));
 }
 
 }  // namespace
@@ -38,7 +52,7 @@ void AppendLevel(CZANDODoc& document, ImportedLevel imported) {
     RefreshShown(*brush, level, change.state);
     level.AddBrush(std::move(brush));
   }
-  for (EntityPair& pair : imported.worldKeys) SetWorldKey(level, std::move(pair));
+  ReplaceWorldKeys(level.WorldKeys, std::move(imported.worldKeys));
   if (!imported.entities.empty()) {
     change.state.CurrentEntity = static_cast<std::int32_t>(level.Entities.size()) - 1;
   }

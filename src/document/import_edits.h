@@ -16,7 +16,7 @@ struct ImportedLevel {
 };
 
 /// Appends brushes and entities to those of the level, as one change; the last entity becomes
-/// current. A key of the world takes the place of one of the same name. The world tree stays as it
+/// current. Keys of the world replace those of the same name. The world tree stays as it
 /// is until it is rebuilt.
 void AppendLevel(CZANDODoc& document, ImportedLevel imported);
 

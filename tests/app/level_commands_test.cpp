@@ -257,16 +257,16 @@ TEST(LevelCommands, ImportIsOneChangeAndOffersToCleanWhatItCannotRead) {
       WriteMap(bench.level.GetLevel(), "") + "{\r\n\"classname\" \"light\"\r\n}\r\n";
   const auto import = [&](const std::string& bytes) {
     EXPECT_TRUE(WriteFileAtomically(file, bytes));
-    bench.recorder.told.clear();
+    bench.listener.told.clear();
     bench.desktop.Calls.clear();
     bench.desktop.StatusText.clear();
     bench.level.SetModifiedFlag(false);
     bench.desktop.Files = {file};
     bench.commands.OnCommand(ID_IMPORT_MAP);
     return std::to_string(bench.level.GetLevel().BrushList.BrushCount()) + ' ' +
-           bench.recorder.told + (bench.level.IsModified() ? "modified" : "");
+           bench.listener.told + (bench.level.IsModified() ? " modified" : "");
   };
-  EXPECT_EQ(import(map), "4 redraw modified");
+  EXPECT_EQ(import(map), "4 r modified");
   EXPECT_EQ(
       bench.desktop.StatusText,
       file.filename().string() +
@@ -284,10 +284,10 @@ TEST(LevelCommands, ImportIsOneChangeAndOffersToCleanWhatItCannotRead) {
     EXPECT_TRUE(bench.desktop.Calls.back().ends_with(
         "\nRead it in the plain form?\nChanged: 1 comment dropped.\nGiven up: nothing."))
         << bench.desktop.Calls.back();
-    EXPECT_EQ(import(newer), std::to_string(before + 2) + " redraw modified");
+    EXPECT_EQ(import(newer), std::to_string(before + 2) + " r modified");
   }
 
-  EXPECT_EQ(import(map + "{\r\n\"a\" \"b\"\r\n{ }\r\n}\r\n"), "10 redraw modified");
+  EXPECT_EQ(import(map + "{\r\n\"a\" \"b\"\r\n{ }\r\n}\r\n"), "10 r modified");
   EXPECT_NE(bench.desktop.Failure.find("brush skipped: no volume"), std::string::npos)
       << bench.desktop.Failure;
   std::filesystem::remove(file);

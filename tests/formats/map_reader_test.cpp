@@ -105,8 +105,9 @@ TEST(MapReader, TakesPairsAndBrushesToWhatTheyBelongTo) {
 
   CZANDODoc document;
   for (int first = 0; first < 4; first += 2) {
-    AppendLevel(document, std::move(Read("{\n\"wad\" \"y\"\n}\n{\n\"a\" \"b\"\n" + BoxText() +
-                                         BoxText() + "}\n{\n\"c\" \"d\"\n}\n")
+    AppendLevel(document, std::move(Read("{\n\"Wad\" \"y\"\n\"k" + std::to_string(first) +
+                                         "\" \"\"\n}\n{\n\"a\" \"b\"\n" + BoxText() + BoxText() +
+                                         "}\n{\n\"c\" \"d\"\n}\n")
                                         .level));
     const CBrushList& brushes = document.GetLevel().BrushList;
     for (const std::int32_t i : {first, first + 1}) {
@@ -116,7 +117,7 @@ TEST(MapReader, TakesPairsAndBrushesToWhatTheyBelongTo) {
     }
     EXPECT_EQ(document.State().CurrentEntity, first + 1);
   }
-  const std::vector<EntityPair> keys{{"wad", "y"}};
+  const std::vector<EntityPair> keys{{"k0", ""}, {"Wad", "y"}, {"k2", ""}};
   EXPECT_EQ(document.GetLevel().WorldKeys, keys);
 }
 
