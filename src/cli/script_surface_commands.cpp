@@ -41,10 +41,10 @@ void Face(CScriptContext& context, CScriptArguments& arguments) {
 }
 
 void World(CScriptContext& context, CScriptArguments& arguments) {
-  const std::string& key = CheckedText(arguments.Word(), "a key");
-  if (EqualIgnoringCase(key, "classname")) throw CScriptError("the world's class is worldspawn");
+  const std::string& key = arguments.Word();
   const std::string& value = arguments.Word();
-  if (!value.empty()) static_cast<void>(CheckedText(value, "a value"));
+  const std::string problem = CheckWorldKey(key, value);
+  if (!problem.empty()) throw CScriptError(problem);
   SetWorldKey(context.document, key, value);
 }
 

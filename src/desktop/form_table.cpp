@@ -11,6 +11,7 @@
 #include <ui_grid_settings.h>
 #include <ui_group_attributes.h>
 #include <ui_select_classname.h>
+#include <ui_world_keys.h>
 
 #include <QDialog>
 #include <QLabel>
@@ -52,7 +53,7 @@ constexpr FormRow kForms[] = {
     {141, Build<Ui::GridSettings>},    {142, Build<Ui::BspManager>},
     {143, Build<Ui::EntityEditor>},    {144, Build<Ui::SelectClassname>},
     {145, Build<Ui::GroupAttributes>}, {146, Build<Ui::CreateStaircase>},
-    {148, Build<Ui::GlobalSettings>},
+    {148, Build<Ui::GlobalSettings>},  {201, Build<Ui::WorldKeys>},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dialogs/select_classname_dlg.h"
+#include "dialogs/world_keys_dlg.h"
 #include "document/entity_edits.h"
 
 namespace zando {
@@ -23,8 +24,7 @@ constexpr ControlId kNewLight = 1061;
 constexpr ControlId kDeletePair = 1062;
 constexpr ControlId kDeleteEntity = 1063;
 constexpr ControlId kDisassociate = 1094;
-
-std::string LineOf(const EntityPair& pair) { return '"' + pair.key + "\" \"" + pair.value + '"'; }
+constexpr ControlId kEditWorldKeys = 2000;
 
 CEntity MakeLight() {
   CEntity light;
@@ -83,7 +83,7 @@ void CEntityEditorDlg::RefreshPairs(std::int32_t selection) {
   const CEntity* entity = Entity();
   std::int32_t index = 0;
   if (entity != nullptr) {
-    for (const EntityPair& pair : entity->Pairs) Form().AddLine(kPairs, LineOf(pair), index++);
+    for (const EntityPair& pair : entity->Pairs) Form().AddLine(kPairs, QuotedPair(pair), index++);
     Form().SelectLine(kPairs, selection);
   }
   ShowPair();
@@ -148,6 +148,8 @@ void CEntityEditorDlg::OnButton(ControlId id) {
       return AssociateBrushGroup(document_, entity_);
     case kDisassociate:
       return DisassociateBrushes(document_, entity_);
+    case kEditWorldKeys:
+      return CWorldKeysDlg(document_).Run(desktop_);
     default:
       return;
   }

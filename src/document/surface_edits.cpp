@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "document/change.h"
 #include "platform/text.h"
@@ -14,6 +15,21 @@ void SetFaceSurface(CZANDODoc& document, std::size_t face,
   if (face >= faces.size() || faces[face].surface == surface) return;
   CChange change(document, kTouchedLevel);
   change.CurrentBrush().Faces[face].surface = surface;
+}
+
+std::string CheckWorldKey(std::string_view key, std::string_view value) {
+  constexpr std::string_view kBlanks = " \t";
+  if (key.empty()) return "A key cannot be empty.";
+  if (EqualIgnoringCase(key, "classname")) return "The class of the world is worldspawn.";
+  for (const std::string_view text : {key, value}) {
+    if (text.find_first_of("\"\r\n") != std::string_view::npos) {
+      return "Keys and values cannot hold quotes.";
+    }
+    const bool padded = !text.empty() && (kBlanks.find(text.front()) != std::string_view::npos ||
+                                          kBlanks.find(text.back()) != std::string_view::npos);
+    if (padded) return "Keys and values cannot begin or end with a blank.";
+  }
+  return {};
 }
 
 void SetWorldKey(CZANDODoc& document, std::string_view key, std::string_view value) {

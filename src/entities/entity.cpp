@@ -49,6 +49,10 @@ std::string FormatOrigin(const Vector& origin) {
 
 }  // namespace
 
+std::string QuotedPair(const EntityPair& pair) {
+  return '"' + pair.key + "\" \"" + pair.value + '"';
+}
+
 void CEntity::AddPair(std::string_view key, std::string_view value) {
   Pairs.push_back({std::string(key), std::string(value)});
 }

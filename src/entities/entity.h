@@ -22,6 +22,9 @@ struct EntityPair {
   friend bool operator==(const EntityPair&, const EntityPair&) = default;
 };
 
+/// Both in quotes, as lists show them.
+[[nodiscard]] std::string QuotedPair(const EntityPair& pair);
+
 /// A game object placed in the level: an ordered list of key/value pairs, with the origin parsed
 /// from them. Keys compare without regard to the case of A to Z; the first match wins; pairs keep
 /// their order.

@@ -213,7 +213,7 @@ TEST(Script, FirstErrorIsToldWithItsLine) {
       {"entity light\nentity rename-key light origin", "2: there is a key 'origin' already"},
       {"face 6 own", "1: the current brush has 6 faces, counted from 0"},
       {"face 0 texture a b", "1: too many words; usage: face"},
-      {"world ClassName x", "1: the world's class is worldspawn"},
+      {"world ClassName x", "1: The class of the world is worldspawn."},
       {"box 64", "1: expected key=value, not '64'; usage: box"},
       {"box style=round", "1: expected solid or hollow, not 'round'"},
       {"name \"a b\"", "1: a brush's name cannot hold a blank"},

@@ -263,6 +263,39 @@ TEST_F(Dialogs, ClosingTheEntityEditorMarksTheLevelAndEscapeOnlyWhatWasDone) {
   }
 }
 
+TEST_F(Dialogs, KeysOfTheWorldAreSetReplacedAndRemoved) {
+  testing::Edit(level).WorldKeys = {{"wad", "own.wad"}, {"sounds", "4"}};
+  Expect([&](CFakeForm& editor) {
+    Expect([](CFakeForm& form) {
+      EXPECT_EQ(form.Texts[2002] + '=' + form.Texts[2003], "wad=own.wad");
+      form.Press(2005);
+      EXPECT_EQ(form.Texts[2003], "4");
+      form.Type(2002, "message");
+      form.Type(2003, "two words");
+      form.Press(2004);
+      form.Type(2002, "SOUNDS");
+      form.Type(2003, "5");
+      form.Press(2004);
+      EXPECT_EQ(form.Texts[2002], "sounds");
+      for (const char* refused : {"", "Classname", "a\"b", " a"}) {
+        form.Type(2002, refused);
+        form.Press(2004);
+        EXPECT_EQ(form.Focus, 2002) << refused;
+        form.Focus = 0;
+      }
+      form.Type(2002, "wad");
+      form.Type(2003, "");
+      form.Press(2004);
+      EXPECT_EQ(form.Focus, 2003);
+    });
+    editor.Press(2000);
+  });
+  CEntityEditorDlg(level, desktop).Run();
+  EXPECT_EQ(level.GetLevel().WorldKeys,
+            (std::vector<EntityPair>{{"sounds", "5"}, {"message", "two words"}}));
+  EXPECT_TRUE(level.IsModified());
+}
+
 TEST_F(Dialogs, EntitiesAreMadeEditedTiedToBrushesAndDeleted) {
   AddBrush(level, level.CurrentBrush());
   SelectAll(level);
