@@ -27,6 +27,7 @@ void ReplaceWorldKeys(std::vector<EntityPair>& keys, std::vector<EntityPair> imp
     return;
   }
   std::vector<std::string> names;
+  names.reserve(imported.size());
   for (const EntityPair& pair : imported) names.push_back(InLowerCase(pair.key));
   std::ranges::sort(names);
   std::erase_if(keys, [&](const EntityPair& pair) {

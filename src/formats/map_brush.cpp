@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <ranges>
 #include <string>
 #include <string_view>
 
@@ -294,8 +295,8 @@ std::string_view CFaceBuilder::MostFrequentTexture() const {
   const auto textureOf = [this](const Face& face) { return source_.planes[face.source].texture; };
   std::string_view most;
   std::ptrdiff_t best = 0;
-  for (auto face = faces_.rbegin(); face != faces_.rend(); ++face) {
-    const std::string_view texture = textureOf(*face);
+  for (const Face& face : faces_ | std::views::reverse) {
+    const std::string_view texture = textureOf(face);
     const std::ptrdiff_t count = std::ranges::count(faces_, texture, textureOf);
     if (count <= best || texture.empty()) continue;
     best = count;

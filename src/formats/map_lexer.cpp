@@ -41,12 +41,12 @@ void CMapLexer::Next() {
 void CMapLexer::TakeWord(bool whole) {
   position_ = start_;
   const auto ends = [&](char c) {
-    return IsWhiteSpace(c) || (!whole && (c == '"' || kBrackets.find(c) != kBrackets.npos));
+    return IsWhiteSpace(c) || (!whole && (c == '"' || kBrackets.find(c) != std::string_view::npos));
   };
   do {
     ++position_;
   } while (position_ < bytes_.size() && !ends(bytes_[position_]) &&
-           (whole || kBrackets.find(bytes_[start_]) == kBrackets.npos));
+           (whole || kBrackets.find(bytes_[start_]) == std::string_view::npos));
   next_.kind = MapToken::Kind::Word;
   next_.text = bytes_.substr(start_, position_ - start_);
   next_.apart = position_ == bytes_.size() || IsWhiteSpace(bytes_[position_]);

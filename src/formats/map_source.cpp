@@ -16,7 +16,8 @@ namespace {
 double Decimal(std::string_view word) {
   double number = 0.0;
   const bool negative = word.starts_with('-');
-  const bool tiny = word.find("e-") != word.npos || word.find("E-") != word.npos;
+  const bool tiny =
+      word.find("e-") != std::string_view::npos || word.find("E-") != std::string_view::npos;
   switch (TakeNumber(word, number)) {
     case Taken::Number:
       return std::isfinite(number) ? number : 0.0;
@@ -99,7 +100,7 @@ CMapScanner::Word CMapScanner::NextWord() {
   if (!SkipWhiteSpace()) return Word::End;
   if (bytes_[position_] == '"') {
     const std::size_t end = bytes_.find_first_of("\"\r\n", position_ + 1);
-    if (end != bytes_.npos && bytes_[end] == '"') {
+    if (end != std::string_view::npos && bytes_[end] == '"') {
       token_ = bytes_.substr(position_ + 1, end - position_ - 1);
       position_ = end + 1;
       return Word::Text;

@@ -92,11 +92,12 @@ TEST(MapReader, ReadsAnExportedBoxBackAsRectanglesThatFaceOutAndExportTheSame) {
 
 TEST(MapReader, TakesPairsAndBrushesToWhatTheyBelongTo) {
   const MapImport map =
-      Read("{\n\"classname\" \"worldspawn\"\n\"message\" \"a { b\" stray }x\n" + BoxText() +
+      Read("{\n\"classname\" \"worldspawn\"\n\"message\" \"a { b\" stray }x \"y\n" + BoxText() +
            "\"wad\"\t\"x\xE9.wad\"\n}\n{\n\"message\" \"two  words\xFF\"\n" + BoxText() +
            "\"Origin\" \"1 -2.9 3\"\n" + BoxText() + "}\n{ }\n{\n\"classname\" \"light\"\n}");
   const std::vector<EntityPair> world{{"message", "a { b"}, {"wad", "x\xE9.wad"}};
   EXPECT_EQ(map.level.worldKeys, world);
+  EXPECT_EQ(map.report.brushes, 3);
   ASSERT_EQ(map.level.entities.size(), 2U);
   const std::vector<EntityPair> pairs{{"message", "two  words\xFF"}, {"Origin", "1 3 -2"}};
   EXPECT_EQ(map.level.entities[0].Pairs, pairs);
@@ -128,11 +129,10 @@ TEST(MapReader, KeepsWhatAFaceCarriesBesideTheTextureOfMostFaces) {
     for (int i = 0; i <= line; ++i) at = text.find("brick", at + 1);
     text.replace(at, text.find('\n', at) - at, covering);
   };
-  cover(5, "*water 0 0 0 1 1");
-  cover(4, "*water 1 -2.5 30 0.5 -1");
-  cover(3, "*water 0 0 0 1.000000 1");
-  cover(1, "floor 0 0 0 1 1");
-  cover(0, "floor 0 0 0 1 1");
+  for (const int line : {5, 4, 3}) cover(line, "floor 0 0 0 1 1");
+  cover(2, "*water 0 0 0 1.000000 1");
+  cover(1, "*water 1 -2.5 30 0.5 -1");
+  cover(0, "*water 0 0 0 1 1");
   const MapImport map = Read("{\n" + text + "}\n");
   const CZandoBrush& brush = *map.level.brushes.at(0);
   EXPECT_TRUE(brush.IsWater());
@@ -140,9 +140,12 @@ TEST(MapReader, KeepsWhatAFaceCarriesBesideTheTextureOfMostFaces) {
   for (const BrushFace& face : brush.Faces) surfaces.push_back(face.surface);
   // The last line is the first face.
   const std::vector<std::optional<FaceSurface>> expected{
-      std::nullopt,         FaceSurface{"*water", 1, -2.5, 30, 0.5, -1},
-      std::nullopt,         FaceSurface{"brick"},
-      FaceSurface{"floor"}, FaceSurface{"floor"}};
+      FaceSurface{"floor"},
+      FaceSurface{"floor"},
+      FaceSurface{"floor"},
+      std::nullopt,
+      FaceSurface{"*water", 1, -2.5, 30, 0.5, -1},
+      std::nullopt};
   EXPECT_EQ(surfaces, expected);
 }
 
