@@ -51,7 +51,11 @@ void Edit(ActiveLevel& level) {
 template <typename Dialog>
 void CreatePrimitive(ActiveLevel& level) {
   Dialog dialog(std::get<typename Dialog::Parameters>(level.document.State().LastUsed));
-  if (const auto agreed = dialog.Run(level.desktop)) GeneratePrimitive(level.document, *agreed);
+  if (const auto agreed = dialog.Run(level.desktop)) {
+    GeneratePrimitive(level.document, *agreed);
+  } else {
+    KeepParameters(level.document, dialog.LastUsed());
+  }
 }
 
 template <std::int32_t Wanted>
@@ -153,7 +157,7 @@ constexpr std::array kCommands{
     Row(ID_FILE_SAVE_AS, "Save &As...", "Save the active level with a new name", "Save As",
         OfApplication{WithLevel<&CEditorApp::SaveAs>, HasLevel}),
     Row(ID_EXPORT_3DM, "&Export to 3DM...", "Export bsp geometry to a .3DM file", "Export to 3DM",
-        kNobody),
+        OfLevel{ExportTo3Dm}),
     Row(ID_EXPORT_MAP, "Export to &Quake (MAP) ...", "Export currently visible brushes to quake",
         "Export to MAP", OfLevel{ExportToMap}),
     Row(ID_IMPORT_MAP, "Import from Quake (MAP) ...",

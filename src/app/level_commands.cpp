@@ -14,6 +14,7 @@
 #include "document/group_edits.h"
 #include "document/world_edits.h"
 #include "formats/map_writer.h"
+#include "formats/three_dm_writer.h"
 #include "platform/text.h"
 
 namespace zando {
@@ -26,11 +27,23 @@ std::filesystem::path MapNameOf(const CZANDODoc& document) {
   return name;
 }
 
+/// Says in the status bar what an export came to; one that left something out stays there.
+void ShowExport(CDesktop& desktop, const std::filesystem::path& path,
+                const CResult<CReport>& written, const std::string& done, bool incomplete) {
+  if (!written) {
+    desktop.ShowFailure("Cannot write " + PathText(path) + ": " + ToLatin1(written.Error()));
+  } else if (incomplete && written->IsEmpty()) {
+    desktop.ShowFailure(FileNameText(path) + ": " + done);
+  } else {
+    ShowOutcome(desktop, FileNameText(path) + ": " + done, *written);
+  }
+}
+
 }  // namespace
 
 void EditAttributes(ActiveLevel& level) {
-  CBrushAttributesDlg(level.document, level.document.State().CurrentBrush, kOwnSlot)
-      .Run(level.desktop);
+  CBrushAttributesDlg dialog(level.document, level.document.State().CurrentBrush, kOwnSlot);
+  if (!dialog.Run(level.desktop)) level.document.UpdateAllViews(nullptr);
 }
 
 void EditEntities(ActiveLevel& level) { CEntityEditorDlg(level.document, level.desktop).Run(); }
@@ -72,11 +85,20 @@ void ExportToMap(ActiveLevel& level) {
   MapExportReport report;
   const auto written =
       ExportMap(level.document.GetLevel(), *path, level.settings.WadPath.string(), &report);
-  if (written) {
-    ShowOutcome(level.desktop, FileNameText(*path) + ": " + DescribeExport(report), *written);
-  } else {
-    level.desktop.ShowFailure("Cannot write " + PathText(*path) + ": " + ToLatin1(written.Error()));
-  }
+  ShowExport(level.desktop, *path, written, DescribeExport(report), report.IsIncomplete());
+}
+
+void ExportTo3Dm(ActiveLevel& level) {
+  const FileRequest request{.kind = FileRequest::Kind::Save,
+                            .title = "Export to 3DM",
+                            .extension = "3dm",
+                            .filter = {},
+                            .proposal = {}};
+  const auto path = level.desktop.ChooseFile(request);
+  if (!path) return;
+  ThreeDmReport report;
+  const auto written = Export3Dm(level.document.GetLevel().World, *path, &report);
+  ShowExport(level.desktop, *path, written, Describe3Dm(report), report.IsIncomplete());
 }
 
 }  // namespace zando

@@ -22,6 +22,7 @@ void EditGrid(ActiveLevel& level);
 void EditSettings(ActiveLevel& level);
 void EditGroups(ActiveLevel& level);
 void CreateGroup(ActiveLevel& level);
+void ExportTo3Dm(ActiveLevel& level);
 void ExportToMap(ActiveLevel& level);
 void ImportFromMap(ActiveLevel& level);
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <ostream>
 
+#include "cli/export_commands.h"
 #include "cli/input_files.h"
 
 namespace zando {
@@ -13,8 +14,6 @@ enum class MapCleaning {
   Always,
   WhenNeeded  ///< when the map as it is would be refused or misread
 };
-
-enum class ReportFormat { Text, Json };
 
 /// How a map is read, and how that is told.
 struct ImportOptions {

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "cli/export_commands.h"
 #include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/picture_arguments.h"
@@ -23,7 +24,7 @@ struct Request {
   std::string input;
   std::string output;
   std::string level;
-  std::string wad = kDefaultWad;
+  ExportOptions exported;
   bool json = false;
   bool quick = false;
   bool optimal = false;
@@ -67,15 +68,41 @@ void AddRebuild(CLI::App& app, Request& request) {
   });
 }
 
-void AddExport(CLI::App& app, Request& request) {
+void AddReportOption(CLI::App& app, ReportFormat& format, const std::string& what) {
+  static const std::map<std::string, ReportFormat> kFormats{{"text", ReportFormat::Text},
+                                                            {"json", ReportFormat::Json}};
+  app.add_option("--report", format, what + ", as text (default) or json")
+      ->transform(CLI::CheckedTransformer(kFormats));
+}
+
+/// What all exports are told.
+void AddExportOptions(CLI::App& app, Request& request) {
+  AddReportOption(app, request.exported.report, "what was written and left out");
+  app.add_flag("--strict", request.exported.strict,
+               "fail, and write nothing, when something shown would be left out");
+  app.add_option("IN", request.input, kLevelFile)->required();
+}
+
+void AddExportMap(CLI::App& app, Request& request) {
   CLI::App* exporter = app.add_subcommand("export-map", "Export a level for the game's tools");
-  exporter->add_option("--wad", request.wad, "texture archive that the level names")
+  exporter->add_option("--wad", request.exported.wad, "texture archive that the level names")
       ->capture_default_str();
-  exporter->add_option("IN", request.input, kLevelFile)->required();
+  AddExportOptions(*exporter, request);
   exporter->add_option("OUT", request.output, "the .map file to write")->required();
   exporter->callback([&request] {
     request.run = [&request](std::ostream& out) {
-      ExportLevel(request.input, request.output, request.wad, out, request.warn);
+      ExportMapFile(request.input, request.output, request.exported, out, request.warn);
+    };
+  });
+}
+
+void AddExport3Dm(CLI::App& app, Request& request) {
+  CLI::App* exporter = app.add_subcommand("export-3dm", "Export the visible polygons of the world");
+  AddExportOptions(*exporter, request);
+  exporter->add_option("OUT", request.output, "the .3dm file to write")->required();
+  exporter->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      Export3DmFile(request.input, request.output, request.exported, out, request.warn);
     };
   });
 }
@@ -85,15 +112,7 @@ void AddImport(CLI::App& app, Request& request) {
   importer->add_flag_callback(
       "--clean", [&request] { request.import.cleaning = MapCleaning::Always; },
       "rewrite a map of a newer form into the plain one first");
-  importer
-      ->add_option_function<std::string>(
-          "--report",
-          [&request](const std::string& form) {
-            if (form != "json") throw CLI::ValidationError("--report", "can be json only");
-            request.import.report = ReportFormat::Json;
-          },
-          "tell what was read and what was not as JSON")
-      ->type_name("json");
+  AddReportOption(*importer, request.import.report, "what was read and skipped");
   importer->add_option("IN", request.input, "a .map file")->required();
   importer->add_option("OUT", request.output, "where the level is saved")->required();
   importer->callback([&request] {
@@ -106,14 +125,14 @@ void AddImport(CLI::App& app, Request& request) {
 void AddConvert(CLI::App& app, Request& request) {
   CLI::App* convert = app.add_subcommand(
       "convert",
-      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map exports, .map to .3dz "
-      "imports");
+      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map and .3dm exports, .map to "
+      ".3dz imports");
   convert->add_option("IN", request.input, "a .3dz or .map file")->required();
-  convert->add_option("OUT", request.output, "a .3dz or .map file")->required();
+  convert->add_option("OUT", request.output, "a .3dz, .map or .3dm file")->required();
   convert->callback([&request] {
     if (!CanConvert(request.input, request.output)) {
       throw CLI::ValidationError("convert",
-                                 "can convert .3dz to .3dz, .3dz to .map and .map to .3dz, not " +
+                                 "can convert .3dz to .3dz, .map and .3dm, and .map to .3dz, not " +
                                      request.input + " to " + request.output);
     }
     request.run = [&request](std::ostream& out) {
@@ -256,7 +275,8 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   request.warn = [&err](const std::string& text) { err << OneLine(text) << '\n'; };
   AddInfo(app, request);
   AddRebuild(app, request);
-  AddExport(app, request);
+  AddExportMap(app, request);
+  AddExport3Dm(app, request);
   AddImport(app, request);
   AddConvert(app, request);
   AddRender(app, request);

@@ -1,8 +1,8 @@
 #include <array>
 
+#include "cli/export_commands.h"
 #include "cli/level_info.h"
 #include "cli/script_commands.h"
-#include "cli/subcommands.h"
 #include "document/document_file.h"
 #include "document/view_edits.h"
 #include "document/world_edits.h"

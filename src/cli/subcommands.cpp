@@ -4,6 +4,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "cli/export_commands.h"
 #include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/level_info.h"
@@ -11,7 +12,6 @@
 #include "cli/script.h"
 #include "csg/bsp_node.h"
 #include "document/document_file.h"
-#include "formats/map_writer.h"
 #include "paint/png_image.h"
 #include "platform/file_io.h"
 #include "platform/text.h"
@@ -43,6 +43,7 @@ bool HasExtension(const fs::path& path, std::string_view extension) {
 
 bool IsLevel(const fs::path& path) { return HasExtension(path, ".3dz"); }
 bool IsMap(const fs::path& path) { return HasExtension(path, ".map"); }
+bool Is3Dm(const fs::path& path) { return HasExtension(path, ".3dm"); }
 
 }  // namespace
 
@@ -72,30 +73,18 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
   out << output.string() << ": " << DescribeWorld(document->GetLevel().World) << '\n';
 }
 
-void ExportLevel(const fs::path& input, const fs::path& output, const std::string& wad,
-                 std::ostream& out, const Warn& warn) {
-  RefuseInput(input, output);
-  const std::unique_ptr<CZANDODoc> document = ReadLevel(input, warn);
-  MapExportReport report;
-  RequireWritten(ExportMap(document->GetLevel(), output, wad, &report), output, warn);
-  out << output.string() << ": " << DescribeExport(report) << '\n';
-}
-
 bool CanConvert(const fs::path& input, const fs::path& output) {
   if (IsMap(input)) return IsLevel(output);
-  return IsLevel(input) && (IsLevel(output) || IsMap(output));
+  return IsLevel(input) && (IsLevel(output) || IsMap(output) || Is3Dm(output));
 }
 
 void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
                  const Warn& warn) {
   if (IsMap(input)) {
-    ImportLevel(input, output, {.cleaning = MapCleaning::WhenNeeded}, out, warn);
-    return;
+    return ImportLevel(input, output, {.cleaning = MapCleaning::WhenNeeded}, out, warn);
   }
-  if (IsMap(output)) {
-    ExportLevel(input, output, kDefaultWad, out, warn);
-    return;
-  }
+  if (IsMap(output)) return ExportMapFile(input, output, {}, out, warn);
+  if (Is3Dm(output)) return Export3DmFile(input, output, {}, out, warn);
   RequireWritten(SaveDocumentFile(*ReadLevel(input, warn), output), output, warn);
 }
 

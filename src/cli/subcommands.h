@@ -20,17 +20,15 @@ class CCommandFailure : public std::runtime_error {
       : std::runtime_error(file.string() + ": " + reason) {}
 };
 
-/// Throws when both are the same file: a slip in a name must not cost what something is made from.
-void RefuseInput(const std::filesystem::path& input, const std::filesystem::path& output);
-
 /// Throws unless an output file was written, and warns of what could not be done with it.
 void RequireWritten(const CResult<CReport>& written, const std::filesystem::path& output,
                     const Warn& warn);
 
 enum class InfoFormat { Text, Json };
 
-/// What an exported level names as its texture archive unless told otherwise.
-inline constexpr const char* kDefaultWad = "MYWAD.WAD";
+/// A slip in the name of a map, a picture or a level must not cost what it is made from: throws
+/// CCommandFailure when both are the same file.
+void RefuseInput(const std::filesystem::path& input, const std::filesystem::path& output);
 
 /// The subcommands of zando-cli. Each reads all of its input before it writes, replaces a file
 /// whole or not at all, tells `out` what it did and `warn` what is wrong with what it read, and
@@ -41,9 +39,6 @@ void ShowInfo(const std::filesystem::path& level, InfoFormat format, std::ostrea
 
 void RebuildLevel(const std::filesystem::path& input, const std::filesystem::path& output,
                   RebuildKind kind, WaterBrushes water, std::ostream& out, const Warn& warn);
-
-void ExportLevel(const std::filesystem::path& input, const std::filesystem::path& output,
-                 const std::string& wad, std::ostream& out, const Warn& warn);
 
 /// Whether ConvertFile knows the way from the one file to the other, by their extensions.
 [[nodiscard]] bool CanConvert(const std::filesystem::path& input,

@@ -49,12 +49,13 @@ CBrushAttributesDlg::CBrushAttributesDlg(CZANDODoc& document, std::int32_t brush
   name_ = attributes.name;
 }
 
-void CBrushAttributesDlg::Run(CDesktop& desktop) {
-  if (desktop.DoModal(*this) != IDOK) return;
+bool CBrushAttributesDlg::Run(CDesktop& desktop) {
+  if (desktop.DoModal(*this) != IDOK) return false;
   const Vector before = AttributesOf(document_, brush_, slot_).rotation;
   const Vector rotation{ToUnits(degrees_.x, before.x), ToUnits(degrees_.y, before.y),
                         ToUnits(degrees_.z, before.z)};
   SetBrushAttributes(document_, brush_, slot_, {position_, rotation, scale_, shear_, name_});
+  return true;
 }
 
 void CBrushAttributesDlg::DoDataExchange(CDataExchange& exchange) {

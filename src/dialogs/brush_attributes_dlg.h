@@ -15,8 +15,8 @@ class CBrushAttributesDlg : public CDialog {
   /// Starts with the values of one slot of the brush, angles in degrees.
   CBrushAttributesDlg(CZANDODoc& document, std::int32_t brush, std::size_t slot);
 
-  /// Asks, and gives the brush the values that were agreed to.
-  void Run(CDesktop& desktop);
+  /// Asks, and gives the brush the values that were agreed to; false when the user cancelled.
+  bool Run(CDesktop& desktop);
 
   [[nodiscard]] std::int32_t TemplateId() const override { return 132; }
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "platform/file_io.h"
 #include "platform/text.h"
@@ -37,16 +38,21 @@ std::string Complaint(const std::filesystem::path& path) {
 CGlobalSettingsDlg::CGlobalSettingsDlg(CEditorSettings& settings, CDesktop& desktop)
     : settings_(settings),
       desktop_(desktop),
-      wadPath_(PathText(settings.WadPath)),
-      palettePath_(PathText(settings.PalettePath)) {}
+      wad_(settings.WadPath),
+      palette_(settings.PalettePath) {}
+
+CGlobalSettingsDlg::Field::Field(std::filesystem::path shown)
+    : path(std::move(shown)), text(PathText(path)) {}
+
+/// A path that the field cannot show whole stays as it is unless it was edited.
+std::filesystem::path CGlobalSettingsDlg::Field::Entered() const {
+  return text == PathText(path) ? path : std::filesystem::path(FromLatin1(text));
+}
 
 void CGlobalSettingsDlg::Run() {
   if (desktop_.DoModal(*this) != IDOK) return;
-  // A path that the fields cannot show stays as it is unless it was edited.
-  if (wadPath_ != PathText(settings_.WadPath)) settings_.WadPath = FromLatin1(wadPath_);
-  if (palettePath_ != PathText(settings_.PalettePath)) {
-    settings_.PalettePath = FromLatin1(palettePath_);
-  }
+  settings_.WadPath = wad_.Entered();
+  settings_.PalettePath = palette_.Entered();
   const std::string complaints = Complaint(settings_.PalettePath) + Complaint(settings_.WadPath);
   if (!complaints.empty()) {
     desktop_.ShowMessage(complaints + "It is kept, and read when the next level is opened.");
@@ -54,15 +60,15 @@ void CGlobalSettingsDlg::Run() {
 }
 
 void CGlobalSettingsDlg::DoDataExchange(CDataExchange& exchange) {
-  exchange.Text(kWadPath, wadPath_);
-  exchange.Text(kPalettePath, palettePath_);
+  exchange.Text(kWadPath, wad_.text);
+  exchange.Text(kPalettePath, palette_.text);
 }
 
 void CGlobalSettingsDlg::OnButton(ControlId id) {
   if (id != kBrowsePalette && id != kBrowseWad) return;
   UpdateData(CDataExchange::Direction::FromControls);
   const std::optional<std::filesystem::path> chosen = desktop_.ChooseFile(RequestFor(id));
-  if (chosen) (id == kBrowsePalette ? palettePath_ : wadPath_) = PathText(*chosen);
+  if (chosen) (id == kBrowsePalette ? palette_ : wad_) = Field(*chosen);
   UpdateData(CDataExchange::Direction::ToControls);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "document/editor_settings.h"
@@ -25,10 +26,19 @@ class CGlobalSettingsDlg : public CDialog {
   void OnButton(ControlId id) override;
 
  private:
+  /// A path, and the text of its field.
+  struct Field {
+    std::filesystem::path path;
+    std::string text;
+
+    explicit Field(std::filesystem::path shown);
+    [[nodiscard]] std::filesystem::path Entered() const;
+  };
+
   CEditorSettings& settings_;
   CDesktop& desktop_;
-  std::string wadPath_;
-  std::string palettePath_;
+  Field wad_;
+  Field palette_;
 };
 
 }  // namespace zando

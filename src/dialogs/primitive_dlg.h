@@ -25,13 +25,17 @@ class CPrimitiveDlg : public CDialog {
  public:
   using Parameters = Primitive;
 
-  explicit CPrimitiveDlg(const Parameters& lastUsed) : parameters_(lastUsed) {}
+  explicit CPrimitiveDlg(const Parameters& lastUsed) : parameters_(lastUsed), lastUsed_(lastUsed) {}
 
   /// Asks for the parameters; none when the user cancelled.
   [[nodiscard]] std::optional<Parameters> Run(CDesktop& desktop) {
     if (desktop.DoModal(*this) != IDOK) return std::nullopt;
+    lastUsed_ = parameters_;
     return parameters_;
   }
+
+  /// What was last left with OK, for the next dialog.
+  [[nodiscard]] const Parameters& LastUsed() const { return lastUsed_; }
 
  protected:
   /// Shows the parameters that a new object has.
@@ -42,6 +46,9 @@ class CPrimitiveDlg : public CDialog {
 
   // NOLINTNEXTLINE(cppcoreguidelines-non-private-member-variables-in-classes): exchanged by name
   Parameters parameters_;
+
+ private:
+  Parameters lastUsed_;
 };
 
 /// The dialog of a primitive that is solid or hollow, with a picture of each.

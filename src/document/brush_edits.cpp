@@ -107,14 +107,19 @@ void CopyToCurrent(CZANDODoc& document) {
 
 void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive) {
   CChange change(document, kTouchedLevel);
+  KeepParameters(document, primitive);
   CZandoBrush& brush = change.CurrentBrush();
-  const auto generate = [&]<typename Parameters>(const Parameters& parameters) {
-    std::get<Parameters>(change.state.LastUsed) = parameters;
-    Generate(parameters, brush);
-  };
-  std::visit(generate, primitive);
+  std::visit([&brush](const auto& parameters) { Generate(parameters, brush); }, primitive);
   for (BrushFace& face : brush.Faces) face.surface.reset();
   brush.ComputeFacePoints();
+}
+
+void KeepParameters(CZANDODoc& document, const AnyPrimitive& primitive) {
+  CChange change(document, kTouchedDisplay);
+  const auto keep = [&]<typename Parameters>(const Parameters& parameters) {
+    std::get<Parameters>(change.state.LastUsed) = parameters;
+  };
+  std::visit(keep, primitive);
 }
 
 BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id, std::size_t slot) {
@@ -126,11 +131,11 @@ BrushAttributes AttributesOf(const CZANDODoc& document, std::int32_t id, std::si
 
 void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
                         const BrushAttributes& attributes) {
-  if (AttributesOf(document, id, slot) == attributes) return;
   CChange change(document, kTouchedLevel);
   CZandoBrush* listed = change.level.BrushList.Find(id);
   CZandoBrush& brush = listed != nullptr ? *listed : change.level.WorkingBrush;
-  if (slot == kOwnSlot && attributes.position != brush.Own().Pos) {
+  const Vector& dragged = brush.Own().WorkPos;
+  if (slot == kOwnSlot && (attributes.position != brush.Own().Pos || dragged != brush.Own().Pos)) {
     brush.MoveTo(attributes.position);
   }
   Placement placement = brush.Slot(slot);

@@ -44,6 +44,9 @@ void CopyToCurrent(CZANDODoc& document);
 /// Generates a primitive into the current brush, and keeps its parameters as those last used.
 void GeneratePrimitive(CZANDODoc& document, const AnyPrimitive& primitive);
 
+/// Keeps the parameters as those last used of their primitive, and redraws; no brush changes.
+void KeepParameters(CZANDODoc& document, const AnyPrimitive& primitive);
+
 /// Whether a level file and an exported map can hold this name of a brush: neither empty nor with
 /// blanks.
 [[nodiscard]] bool IsBrushName(std::string_view name);
@@ -70,7 +73,7 @@ struct BrushAttributes {
                                            std::size_t slot);
 
 /// Gives them to the brush. A new position of its own slot is a committed move; a drag of the slot
-/// is given up. Nothing happens when it has them already.
+/// is given up.
 void SetBrushAttributes(CZANDODoc& document, std::int32_t id, std::size_t slot,
                         const BrushAttributes& attributes);
 

@@ -23,7 +23,10 @@ struct CellFace {
 /// planes of the splitters above it.
 class CCellCloser {
  public:
-  explicit CCellCloser(CConstructiveBsp& tree) : tree_(tree) {}
+  CCellCloser(CConstructiveBsp& tree, const Bounds& solid)
+      : tree_(tree),
+        middle_((solid.low + solid.high) * 0.5),
+        reach_(std::max(kBasePolygonReach, Length(solid.high - solid.low))) {}
 
   /// Adds the planes of all splitters.
   void AddCellFaces();
@@ -42,6 +45,8 @@ class CCellCloser {
   [[nodiscard]] bool KeepBack(const Plane& plane, CZandoPoly& polygon);
 
   CConstructiveBsp& tree_;
+  Vector middle_;  ///< base polygons lie about the middle of the solid's bounds
+  double reach_;   ///< and beyond them
   std::vector<Visit> visits_;
 };
 
@@ -54,8 +59,8 @@ void CCellCloser::AddCellFaces() {
     if (splitter->nLeaf != 0) continue;
     const Plane& plane = splitter->plane;
     const Plane reversed{-plane.normal, -plane.d};
-    PushToCell(splitter->back, {BasePolygonForPlane(plane), splitter, 0});
-    PushToCell(splitter->front, {BasePolygonForPlane(reversed), splitter, 1});
+    PushToCell(splitter->back, {BasePolygonForPlane(plane, middle_, reach_), splitter, 0});
+    PushToCell(splitter->front, {BasePolygonForPlane(reversed, middle_, reach_), splitter, 1});
     if (splitter->front != nullptr) splitters.push_back(splitter->front);
     if (splitter->back != nullptr) splitters.push_back(splitter->back);
   }
@@ -151,7 +156,7 @@ void CarveBrush(CConstructiveBsp& tree, const CZandoBrush& brush,
     if (BoundsOverlap(brush, *carver)) InsertBrush(tree, *carver, 0);
   }
   BuildLeafTree(tree, FlattenVisible(tree));
-  CCellCloser(tree).AddCellFaces();
+  CCellCloser(tree, brush.WorldBounds()).AddCellFaces();
 }
 
 CNodeList FlattenVisible(CConstructiveBsp& tree) {

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <ranges>
 #include <string>
 #include <string_view>
 
@@ -265,6 +264,7 @@ void CFaceBuilder::FillBrush(CZandoBrush& brush) {
     if (!face.kept) result_.faceless.push_back({face.source, face.fault});
   }
   std::erase_if(faces_, [](const Face& face) { return !face.kept; });
+  if (const std::string_view name = MostFrequentTexture(); !name.empty()) brush.Name = name;
   // The export of a brush writes its last face first.
   std::ranges::reverse(faces_);
   brush.SetPolyCount(0);
@@ -277,8 +277,6 @@ void CFaceBuilder::FillBrush(CZandoBrush& brush) {
 }
 
 void CFaceBuilder::CoverFaces(CZandoBrush& brush) const {
-  const std::string_view name = MostFrequentTexture();
-  if (!name.empty()) brush.Name = name;
   auto covered = brush.Faces.begin();
   for (const Face& face : faces_) {
     const MapPlane& line = source_.planes[face.source];
@@ -290,12 +288,11 @@ void CFaceBuilder::CoverFaces(CZandoBrush& brush) const {
   }
 }
 
-/// The first of equals is the one that comes first in the file.
 std::string_view CFaceBuilder::MostFrequentTexture() const {
   const auto textureOf = [this](const Face& face) { return source_.planes[face.source].texture; };
   std::string_view most;
   std::ptrdiff_t best = 0;
-  for (const Face& face : faces_ | std::views::reverse) {
+  for (const Face& face : faces_) {
     const std::string_view texture = textureOf(face);
     const std::ptrdiff_t count = std::ranges::count(faces_, texture, textureOf);
     if (count <= best || texture.empty()) continue;

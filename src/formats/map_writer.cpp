@@ -1,15 +1,14 @@
 #include "formats/map_writer.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <span>
 #include <utility>
 #include <vector>
 
 #include "formats/brush_carver.h"
+#include "formats/plane_points.h"
 #include "platform/file_io.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
@@ -26,15 +25,6 @@ constexpr std::string_view kClassName = "classname";
 
 /// A cell with fewer faces encloses nothing.
 constexpr std::ptrdiff_t kFewestFaces = 4;
-
-/// Halves go away from zero. Numbers out of range end at its limits, what is no number gives 0.
-std::int32_t RoundHalfAway(double value) {
-  if (std::isnan(value)) return 0;
-  const double whole = value >= 0.0 ? std::floor(value + 0.5) : std::ceil(value - 0.5);
-  constexpr double low = std::numeric_limits<std::int32_t>::min();
-  constexpr double high = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(whole, low, high));
-}
 
 /// The text as it can stand between double quotes.
 std::string Quotable(std::string_view text) {
@@ -89,7 +79,7 @@ class CMapWriter {
   void WriteCell(const CBspNode* cell, const CZandoBrush& brush, std::string_view texture);
   void WritePlane(const PlaneSource& source, std::string_view texture);
   void WriteSurface(const FaceSurface& surface);
-  void WritePoint(const Vector& point);
+  void WritePoints(const PlanePoints& plane, bool reversed);
   void Line(std::string_view line) { text.append(line).append(kLineEnd); }
 
   const Level& level_;
@@ -219,7 +209,7 @@ void CMapWriter::WriteCell(const CBspNode* cell, const CZandoBrush& brush,
 void CMapWriter::WritePlane(const PlaneSource& source, std::string_view texture) {
   const CZandoPoly& face = source.brush->WorldPolys()[source.face];
   if (face.count < 3) return;
-  for (const std::int32_t i : {0, 1, 2}) WritePoint(face[source.reversed ? 2 - i : i]);
+  WritePoints(ChoosePlanePoints(face), source.reversed);
   const std::optional<FaceSurface>& own = source.brush->Faces[source.face].surface;
   if (own) {
     WriteSurface(*own);
@@ -238,14 +228,25 @@ void CMapWriter::WriteSurface(const FaceSurface& surface) {
   Line("");
 }
 
-/// The map's second axis is our third: its z points up.
-void CMapWriter::WritePoint(const Vector& point) {
-  text.append("( ");
-  for (const double coordinate : {point.x, point.z, point.y}) {
-    AppendNumber(text, RoundHalfAway(coordinate));
-    text.append(" ");
+void CMapWriter::WritePoints(const PlanePoints& plane, bool reversed) {
+  if (plane.origin == PlaneOrigin::OtherVertices) ++report.otherPoints;
+  if (plane.origin == PlaneOrigin::Decimals) ++report.decimalPlanes;
+  if (plane.origin == PlaneOrigin::Moved) ++report.movedPlanes;
+  const bool decimals = plane.origin == PlaneOrigin::Decimals;
+  const auto& [first, second, third] = plane.points;
+  for (const Vector* point : {reversed ? &third : &first, &second, reversed ? &first : &third}) {
+    text.append("( ");
+    // The map's second axis is our third: its z points up.
+    for (const double coordinate : {point->x, point->z, point->y}) {
+      if (decimals) {
+        AppendNumber(text, coordinate + 0.0, Digits::Exact);
+      } else {
+        AppendNumber(text, static_cast<std::int32_t>(coordinate));
+      }
+      text.append(" ");
+    }
+    text.append(") ");
   }
-  text.append(") ");
 }
 
 }  // namespace
@@ -260,6 +261,12 @@ std::string DescribeExport(const MapExportReport& report) {
   leftOut(report.flatBrushes, "brush without volume", "brushes without volume");
   leftOut(report.hiddenBrushes, "hidden brush", "hidden brushes");
   leftOut(report.hiddenEntities, "hidden entity", "hidden entities");
+  const auto planes = [&text](std::int32_t count, std::string_view how) {
+    if (count > 0) text += ", " + Counted(count, "plane", "planes").append(how);
+  };
+  planes(report.otherPoints, " given by other vertices");
+  planes(report.decimalPlanes, " written with decimals");
+  planes(report.movedPlanes, " moved by more than half a unit");
   if (report.refusedSplits > 0) {
     text += ", " + Counted(report.refusedSplits, "split", "splits") + " refused";
   }

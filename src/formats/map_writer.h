@@ -10,7 +10,7 @@
 
 namespace zando {
 
-/// What an export left out.
+/// What an export wrote, left out and wrote otherwise than usual.
 struct MapExportReport {
   std::int32_t brushes = 0;     ///< brushes written, in worldspawn and entities together
   std::int32_t strayCells = 0;  ///< cells that reach beyond their brush, left out
@@ -19,6 +19,16 @@ struct MapExportReport {
   std::int32_t hiddenBrushes = 0;  ///< left out because the show filter hides them
   std::int32_t hiddenEntities = 0;
   std::int32_t flatBrushes = 0;  ///< without volume, left out
+
+  // Planes that the first three vertices, rounded, would have moved by more than half a unit.
+  std::int32_t otherPoints = 0;    ///< given by three others
+  std::int32_t decimalPlanes = 0;  ///< written with decimals
+  std::int32_t movedPlanes = 0;    ///< moved: of faces that have no plane
+
+  /// Whether anything that has volume, or an entity, is missing in the file.
+  [[nodiscard]] bool IsIncomplete() const {
+    return strayCells > 0 || thinCells > 0 || hiddenBrushes > 0 || hiddenEntities > 0;
+  }
 };
 
 /// The sentence that tells of an export; what was left out is named only when there is any.

@@ -9,9 +9,6 @@ namespace {
 /// Edges whose cosine differs from one by no more than this count as collinear.
 constexpr double kCollinearTolerance = 0.00001;
 
-/// Half the width of a base polygon: the reach of a level, in map units.
-constexpr double kBasePolygonReach = 8192.0;
-
 /// A list of vertices that notes an overflow instead of writing past its capacity.
 struct PieceBuilder {
   CZandoPoly piece;
@@ -119,7 +116,7 @@ ReversedPolygon ReverseCopy(const CZandoPoly& polygon) {
   return result;
 }
 
-CZandoPoly BasePolygonForPlane(const Plane& plane) {
+CZandoPoly BasePolygonForPlane(const Plane& plane, const Vector& middle, double reach) {
   const Vector n = -plane.normal;
   std::size_t axis = 0;
   double largest = -10000.0;
@@ -132,9 +129,9 @@ CZandoPoly BasePolygonForPlane(const Plane& plane) {
 
   Vector up = axis == 2 ? Vector{1.0, 0.0, 0.0} : Vector{0.0, 0.0, 1.0};
   up = up - n * Dot(n, up);
-  const Vector origin = n * plane.d;
-  const Vector right = Cross(up, n) * kBasePolygonReach;
-  up = up * kBasePolygonReach;
+  const Vector origin = middle + n * SignedDistance(plane, middle);
+  const Vector right = Cross(up, n) * reach;
+  up = up * reach;
 
   CZandoPoly result;
   result.Append(origin - right + up);

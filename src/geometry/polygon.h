@@ -85,8 +85,13 @@ struct ReversedPolygon {
 };
 [[nodiscard]] ReversedPolygon ReverseCopy(const CZandoPoly& polygon);
 
-/// A square of 4 vertices on the plane, 2 x 8192 across, centred on the plane's point nearest the
-/// origin and facing as the plane does.
-[[nodiscard]] CZandoPoly BasePolygonForPlane(const Plane& plane);
+/// Half the width of a base polygon: the reach of an ordinary level, in map units.
+inline constexpr double kBasePolygonReach = 8192.0;
+
+/// A square of 4 vertices on the plane, centred on the plane's point nearest to `middle` and facing
+/// as the plane does. It lies in a square of 2 x `reach` across; where the plane leans, it is
+/// smaller, by no more than the square root of two.
+[[nodiscard]] CZandoPoly BasePolygonForPlane(const Plane& plane, const Vector& middle = {0, 0, 0},
+                                             double reach = kBasePolygonReach);
 
 }  // namespace zando

@@ -10,8 +10,8 @@
 namespace zando {
 namespace {
 
-/// Enough for any number in any of our forms.
-using Buffer = std::array<char, 40>;
+/// Enough for any number in any of our forms: the longest are those of 324 decimals.
+using Buffer = std::array<char, 400>;
 
 template <typename Number, typename... Format>
 std::string_view Print(Buffer& buffer, Number number, Format... format) {
@@ -21,8 +21,19 @@ std::string_view Print(Buffer& buffer, Number number, Format... format) {
 }
 
 std::string_view Print(Buffer& buffer, double number, Digits digits) {
-  if (digits == Digits::Shortest) return Print(buffer, number);
-  return Print(buffer, number, std::chars_format::general, digits == Digits::Six ? 6 : 12);
+  switch (digits) {
+    case Digits::Six:
+      return Print(buffer, number, std::chars_format::general, 6);
+    case Digits::Twelve:
+      return Print(buffer, number, std::chars_format::general, 12);
+    case Digits::Shortest:
+      return Print(buffer, number);
+    case Digits::Exact:
+      return Print(buffer, number, std::chars_format::fixed);
+    case Digits::SixDecimals:
+      return Print(buffer, number, std::chars_format::fixed, 6);
+  }
+  return {};
 }
 
 template <typename Number>

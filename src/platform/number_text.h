@@ -11,9 +11,11 @@ namespace zando {
 
 /// How many digits a number that is not whole is written with.
 enum class Digits {
-  Six,      ///< six significant ones, as people type them
-  Twelve,   ///< twelve: all that people have typed, and nothing of what arithmetic leaves behind it
-  Shortest  ///< the fewest that read back as the same number
+  Six,     ///< six significant ones, as people type them
+  Twelve,  ///< twelve: all that people have typed, and nothing of what arithmetic leaves behind it
+  Shortest,    ///< the fewest that read back as the same number
+  Exact,       ///< likewise, and never with an exponent
+  SixDecimals  ///< six behind the point, never with an exponent
 };
 
 void AppendNumber(std::string& text, double number, Digits digits);

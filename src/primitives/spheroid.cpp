@@ -26,6 +26,7 @@ struct Sizes {
 std::vector<Vector> PointsOf(const Sizes& sizes, std::int32_t bands, std::int32_t segments) {
   const double h = sizes.y / 2.0;
   const double a = sizes.x / 2.0;
+  const double stretch = sizes.x != 0.0 ? sizes.z / sizes.x : 0.0;
   const std::int32_t units = kHalfTurn / bands;
   Transform step = Transform::Identity();
   step.RotateZ(units);
@@ -36,7 +37,7 @@ std::vector<Vector> PointsOf(const Sizes& sizes, std::int32_t bands, std::int32_
     // No height collapses the rings on the axis, as no width does.
     const double squared = h != 0.0 ? SquaredRatio(turned.y, h) : 1.0;
     const double rx = a * std::sqrt(std::max(1.0 - squared, 0.0));
-    const double rz = sizes.x != 0.0 ? sizes.z / sizes.x * rx : 0.0;
+    const double rz = std::isfinite(stretch) ? stretch * rx : 0.0;
     AppendRing(points, {{0.0, turned.y, 0.0}, rx, rz}, segments);
   }
   points.push_back({0.0, -h, 0.0});

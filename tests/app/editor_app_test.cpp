@@ -332,7 +332,7 @@ TEST_F(EditorApp, CommandsGoToTheFirstThatKnowsThemAndOthersDoNothing) {
           ID_WINDOW_NEW, ID_WINDOW_TILE, ID_CUBE, ID_AXIS_X, ID_ADD_TO_WORLD}) {
       EXPECT_EQ(Check(id) == "disabled", !open) << id;
     }
-    for (const CommandId id : {ID_EDIT_CUT, ID_EXPORT_3DM, ID_DELETE_BRUSH, CommandId{12345}}) {
+    for (const CommandId id : {ID_EDIT_CUT, ID_TEXTURES, ID_DELETE_BRUSH, CommandId{12345}}) {
       EXPECT_EQ(Check(id), "disabled") << id;
       app->Run(id);
     }

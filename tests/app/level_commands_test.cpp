@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/command_target.h"
@@ -15,6 +16,7 @@
 #include "formats/map_writer.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
+#include "support/fake_form.h"
 #include "support/given_texts.h"
 #include "support/made_up_wad.h"
 #include "support/scripted_desktop.h"
@@ -85,8 +87,8 @@ TEST(LevelCommands, WhatHasNothingToWorkOnIsDisabledAndNothingElse) {
   for (const CommandRow& row : CommandTable()) {
     EXPECT_EQ(bench.State(row.id) == "disabled", disabled.contains(row.id)) << row.id;
   }
-  EXPECT_EQ(bench.State(ID_EXPORT_3DM), "unknown");
-  EXPECT_FALSE(bench.commands.OnCommand(ID_EXPORT_3DM));
+  EXPECT_EQ(bench.State(ID_TEXTURES), "unknown");
+  EXPECT_FALSE(bench.commands.OnCommand(ID_TEXTURES));
 }
 
 TEST(LevelCommands, EachTellsInOrderAndHasItsStateBeforeAndAfter) {
@@ -143,14 +145,32 @@ TEST(LevelCommands, QuickBspLeavesWaterOutAndEverythingAsItWasWhenItIsCancelled)
   EXPECT_GT(bench.desktop.Percent, 0);
 }
 
-TEST(LevelCommands, TheBspManagerMarksTheLevelUnlessItIsCancelledAndRedrawsAnyway) {
-  for (const ControlId answer : {IDOK, IDCANCEL}) {
-    Bench bench;
-    bench.Answer(answer);
-    bench.commands.OnCommand(ID_BSP_MANAGER);
-    EXPECT_EQ(bench.level.IsModified(), answer == IDOK);
-    EXPECT_EQ(bench.listener.told, "r");
+TEST(LevelCommands, DialogsOfTheLevelMarkItUnlessTheyAreCancelledAndRedrawAnyway) {
+  for (const CommandId id : {ID_BSP_MANAGER, ID_ATTRIBUTES, ID_CUBE, ID_STAIRCASE}) {
+    for (const ControlId answer : {IDOK, IDCANCEL}) {
+      Bench bench;
+      bench.Answer(answer);
+      bench.commands.OnCommand(id);
+      EXPECT_EQ(bench.level.IsModified(), answer == IDOK) << id;
+      EXPECT_EQ(bench.listener.told, "r") << id;
+    }
   }
+}
+
+TEST(LevelCommands, ASpheroidThatWasRefusedAndThenCancelledIsOfferedAgain) {
+  Bench bench;
+  for (const auto& [stripes, button] : {std::pair{"5", IDOK}, {"7", IDCANCEL}, {"5", IDCANCEL}}) {
+    bench.desktop.Dialogs.push_back(
+        testing::InDialog([stripes = stripes, button = button](testing::CFakeForm& form) {
+          EXPECT_EQ(form.Texts[1022], button == IDOK ? "4" : "5");
+          form.Type(1022, stripes);
+          form.Type(1021, "4");
+          form.Press(button);
+        }));
+  }
+  bench.commands.OnCommand(ID_SPHEROID);
+  bench.commands.OnCommand(ID_SPHEROID);
+  EXPECT_FALSE(bench.level.IsModified());
 }
 
 TEST(LevelCommands, WhatIsAddedHasTheFirstTextureOnEveryFace) {
@@ -245,6 +265,18 @@ TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   bench.commands.OnCommand(ID_EXPORT_MAP);
   EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot write /missing/d\xFCne.map: "));
   EXPECT_FALSE(bench.level.IsModified());
+  bench.desktop.ClearFailure();
+
+  // What was left out stays to be seen.
+  bench.desktop.Files = {file, file};
+  Edit(bench.level).BrushList.Find(0)->BFlags = 0;
+  bench.commands.OnCommand(ID_EXPORT_MAP);
+  EXPECT_EQ(bench.desktop.Failure,
+            file.filename().string() + ": 1 brush written, 1 hidden brush left out");
+  bench.commands.OnCommand(ID_EXPORT_3DM);
+  EXPECT_EQ(bench.desktop.FileRequests.back().extension, "3dm");
+  EXPECT_TRUE(bench.desktop.StatusText.ends_with(" polygons with 8 vertices written"));
+  EXPECT_NE(ReadWholeFile(file).ValueOr("").find("VERTICES\r\n8\r\n"), std::string::npos);
   std::filesystem::remove(file);
 }
 

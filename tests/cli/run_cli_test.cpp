@@ -131,6 +131,39 @@ TEST_F(ZandoCli, ConvertGoesByTheExtensions) {
   EXPECT_NE(Read("c.map").find("\"wad\" \"other.wad\""), std::string::npos);
 }
 
+TEST_F(ZandoCli, ExportsReportAsJsonAndWriteNothingIncompleteWhenStrict) {
+  // The second carver swallows what the first left of a region.
+  MakeLevel("thin.3dz",
+            "box x=48 y=80 z=112\nposition -128 -160 64\nadd\n"
+            "box x=112 y=112 z=128\nposition -176 -80 112\nsubtract\n"
+            "box x=32 y=48 z=80\nposition -128 -160 80\nsubtract\n");
+  const auto run = [](const std::string& line, int status) {
+    const Outcome outcome = Run(line);
+    EXPECT_EQ(outcome.status, status) << line << outcome.err;
+    return outcome;
+  };
+  const auto json = [&run](const std::string& line, int status) {
+    return nlohmann::json::parse(run(line, status).out);
+  };
+  const std::string told = "6 brushes written, 1 thin cell left out\n";
+  EXPECT_EQ(run("export-map thin.3dz a.map", kCliDone).out, "a.map: " + told);
+  EXPECT_EQ(run("export-map --strict thin.3dz b.map", kCliFailed).err,
+            "b.map: not written: " + told);
+  const auto refused = json("export-map --strict --report json thin.3dz b.map", kCliFailed);
+  EXPECT_EQ(refused["written"], false);
+  EXPECT_EQ(refused["left_out"]["thin_cells"], 1);
+  EXPECT_FALSE(std::filesystem::exists("b.map"));
+  const auto whole = json("export-map --strict --report json pond.3dz \"b\xFF.map\"", kCliDone);
+  EXPECT_EQ(whole["written"], true);
+  EXPECT_EQ(whole["brushes"], 7);
+  EXPECT_EQ(whole["planes"]["with_decimals"], 0);
+
+  const auto world = json("export-3dm --strict --report json pond.3dz a.3dm", kCliDone);
+  EXPECT_GE(world["polygons"], 17);
+  EXPECT_EQ(LinesOf(run("convert pond.3dz b.3DM", kCliDone).out), 1);
+  EXPECT_EQ(Read("a.3dm"), Read("b.3DM"));
+}
+
 TEST_F(ZandoCli, FlushBrushesOfATurnedGroupStayFlushAcrossASave) {
   for (const std::string degrees : {"15", "30"}) {
     MakeLevel("turned.3dz",
@@ -138,7 +171,9 @@ TEST_F(ZandoCli, FlushBrushesOfATurnedGroupStayFlushAcrossASave) {
               "add\nbox x=128 y=64 z=64\nposition 1128 0 0\nsubtract\ngroup rotate g " +
                   degrees + " 0 0\nrebuild optimal\nexport unsaved.map\n");
     EXPECT_EQ(Run("rebuild turned.3dz again.3dz").out, "again.3dz: 20 nodes, 20 visible\n");
-    EXPECT_EQ(Run("export-map turned.3dz saved.map").out, "saved.map: 6 brushes written\n");
+    const std::string told = Run("export-map turned.3dz saved.map").out;
+    EXPECT_TRUE(told.starts_with("saved.map: 6 brushes written, ")) << told;
+    EXPECT_TRUE(told.ends_with(" planes written with decimals\n")) << told;
     EXPECT_EQ(Read("saved.map"), Read("unsaved.map"));
   }
 }
@@ -147,7 +182,8 @@ TEST_F(ZandoCli, LocaleChangesNoByte) {
   const auto outputs = [] {
     MakeLevel("a.3dz", kPond + "box x=0.5\nposition 1.25 -0.5 1234.5\nadd\n");
     EXPECT_EQ(Run("convert a.3dz a.map").status, kCliDone);
-    return Read("a.3dz") + Read("a.map") + Run("info --json a.3dz").out;
+    EXPECT_EQ(Run("convert a.3dz a.3dm").status, kCliDone);
+    return Read("a.3dz") + Read("a.map") + Read("a.3dm") + Run("info --json a.3dz").out;
   };
   const std::string plain = outputs();
   const char* german = std::setlocale(LC_ALL, "de_DE.UTF-8");

@@ -10,6 +10,7 @@
 #include "document/level.h"
 #include "formats/brush_carver.h"
 #include "formats/map_writer.h"
+#include "support/csg_testing.h"
 #include "support/map_solids.h"
 #include "support/random_level.h"
 #include "support/solid_points.h"
@@ -176,6 +177,51 @@ TEST_P(MapExport, CellsFillWhatCarversLeaveWithoutOverlap) {
   }
   EXPECT_LE(spoiled.size(), static_cast<std::size_t>(mostSpoiled))
       << ::testing::PrintToString(spoiled);
+}
+
+/// The map of the level with its brushes moved, and moved back.
+std::vector<MapBrush> ExportFrom(const Vector& place, const CBrushList& brushes) {
+  Level level;
+  for (const CZandoBrush& brush : brushes) {
+    CZandoBrush& moved = level.BrushList[level.AddBrush(brush)];
+    moved.MoveTo(moved.Own().Pos + place);
+  }
+  std::vector<MapBrush> cells = ParseMap(WriteMap(level, "")).value().front().brushes;
+  for (MapBrush& cell : cells) {
+    for (MapPlane& plane : cell) {
+      for (Vector& point : plane.points) point = point - place;
+    }
+  }
+  return cells;
+}
+
+TEST_P(MapExport, CellsAreTheSameFarFromTheOrigin) {
+  int strange = 0;
+  for (std::uint64_t seed = 0; seed < 30; ++seed) {
+    LevelOptions options = GetParam().options;
+    options.brushes = 12;
+    const CBrushList level = RandomLevel(seed, options);
+    const auto near = ExportFrom({0, 0, 0}, level);
+    const auto far = ExportFrom({1e6, 0, 1e6}, level);
+    ASSERT_EQ(near.size(), far.size()) << seed;
+    for (std::size_t cell = 0; cell < near.size(); ++cell) {
+      ASSERT_EQ(near[cell].size(), far[cell].size()) << seed;
+      for (std::size_t plane = 0; plane < near[cell].size(); ++plane) {
+        for (std::size_t i = 0; i < 3; ++i) {
+          strange +=
+              Length(near[cell][plane].points[i] - far[cell][plane].points[i]) < 1e-6 ? 0 : 1;
+        }
+      }
+    }
+  }
+  EXPECT_EQ(strange, 0);
+}
+
+TEST(MapExportOfAWideBrush, CellsFillWhatIsLeftOfIt) {
+  const CBrushList level = LevelOfBoxes({Solid({{-30000, -30000, -30000}, {30000, 30000, 30000}}),
+                                         Carve({{9000, 9000, 9000}, {29000, 29000, 29000}})});
+  CRandom random(1);
+  EXPECT_EQ(CountMisplacedPoints(level[0], CarvedCells(level)->front(), random), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Levels, MapExport, ::testing::ValuesIn(kKinds),

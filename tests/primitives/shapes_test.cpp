@@ -229,10 +229,10 @@ TEST(Primitives, WhatIsOutOfRangeIsToldAndGeneratesNothing) {
 }
 
 /// Gives some of the sizes, in every combination, a value that leaves nothing, mirrors or overflows
-/// when squared, and takes the brush through the world into both files.
+/// when inverted or squared, and takes the brush through the world into both files.
 template <typename Parameters>
 void ExpectNumbersInFiles(const Parameters& given, const std::vector<double Parameters::*>& sizes) {
-  for (const double size : {0.0, -64.0, 1e-200, 1e200}) {
+  for (const double size : {0.0, -64.0, 1e-320, 1e-200, 1e200}) {
     for (std::uint32_t changed = 1; changed >> sizes.size() == 0; ++changed) {
       Parameters p = given;
       for (std::size_t i = 0; i < sizes.size(); ++i) {
