@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cli/script.h"
+#include "formats/map_writer.h"
 
 namespace zando {
 namespace {
@@ -46,6 +47,18 @@ void Script(benchmark::State& state, const std::string& ending) {
   }
 }
 
+/// A spheroid of so many stripes each way, carved out of a box: as many cells as it has faces.
+void ExportCarvedSpheroid(benchmark::State& state) {
+  const std::string stripes = std::to_string(state.range(0));
+  CZANDODoc document;
+  RunScript(document,
+            "box x=400 y=400 z=400\nadd\nspheroid horizontal=" + stripes + " vertical=" + stripes +
+                "\nsubtract\n",
+            "bench");
+  for (auto _ : state) benchmark::DoNotOptimize(WriteMap(document.GetLevel(), ""));
+}
+
+BENCHMARK(ExportCarvedSpheroid)->Arg(20)->Arg(40)->Arg(80)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Script, AsAdded, "")->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Script, Optimal, "rebuild optimal")->Arg(1000)->Unit(benchmark::kMillisecond);
 

@@ -10,12 +10,6 @@
 namespace zando {
 namespace {
 
-/// How the visible polygons of a list lie to a candidate's plane.
-struct CandidateCount {
-  std::int32_t front = 0;
-  std::int32_t spans = 0;
-};
-
 /// Counts until the candidate cuts `spanLimit` polygons: from there on it cannot win.
 CandidateCount CountCandidate(const CBspNode* candidate, const CNodeList& list,
                               std::int32_t spanLimit) {
@@ -23,19 +17,8 @@ CandidateCount CountCandidate(const CBspNode* candidate, const CNodeList& list,
   for (const CBspNode* head = list.head; head != nullptr; head = head->link) {
     if (head == candidate) continue;
     for (const CBspNode* member = head; member != nullptr; member = member->chain) {
-      if (member->nValid == 0) continue;
-      switch (ClassifyPolygon(candidate->plane, member->polygon)) {
-        case PolygonClass::Front:
-        case PolygonClass::CoplanarSame:
-          ++count.front;
-          break;
-        case PolygonClass::Spanning:
-          if (++count.spans >= spanLimit) return count;
-          break;
-        case PolygonClass::Back:
-        case PolygonClass::CoplanarOpposite:
-          break;
-      }
+      count.Add(*candidate, *member, 1);
+      if (count.spans >= spanLimit) return count;
     }
   }
   return count;
@@ -90,21 +73,30 @@ Partitioned PartitionList(CConstructiveBsp& tree, CBspNode* splitter, const CNod
   return sides;
 }
 
-/// A list that still has to become a child of a splitter.
-struct PendingCell {
-  CBspNode** child;
-  CNodeList list;
-};
-
 }  // namespace
+
+void CandidateCount::Add(const CBspNode& candidate, const CBspNode& node, std::int32_t times) {
+  if (node.nValid == 0) return;
+  switch (ClassifyPolygon(candidate.plane, node.polygon)) {
+    case PolygonClass::Front:
+    case PolygonClass::CoplanarSame:
+      front += times;
+      break;
+    case PolygonClass::Spanning:
+      spans += times;
+      break;
+    case PolygonClass::Back:
+    case PolygonClass::CoplanarOpposite:
+      break;
+  }
+}
 
 CBspNode* ChooseSplitter(const CNodeList& list) {
   return FewestSpans(list, [](const CandidateCount&) { return true; });
 }
 
 CBspNode* ChooseLeafSplitter(const CNodeList& list) {
-  return FewestSpans(
-      list, [](const CandidateCount& count) { return count.front > 0 || count.spans > 0; });
+  return FewestSpans(list, [](const CandidateCount& count) { return count.DividesCells(); });
 }
 
 Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list,
@@ -115,25 +107,6 @@ Partitioned Partition(CConstructiveBsp& tree, CBspNode* splitter, const CNodeLis
 
 Partitioned PartitionLeaf(CConstructiveBsp& tree, CBspNode* splitter, const CNodeList& list) {
   return PartitionList(tree, splitter, list, SameFacing::ToChain);
-}
-
-void BuildLeafTree(CConstructiveBsp& tree, const CNodeList& list) {
-  std::vector<PendingCell> pending;
-  if (!list.IsEmpty()) pending.push_back({&tree.root, list});
-  while (!pending.empty()) {
-    const PendingCell cell = pending.back();
-    pending.pop_back();
-    CBspNode* splitter = ChooseLeafSplitter(cell.list);
-    if (splitter == nullptr) {
-      *cell.child = cell.list.head;
-      cell.list.head->nLeaf = 1;
-      continue;
-    }
-    *cell.child = splitter;
-    const Partitioned sides = PartitionLeaf(tree, splitter, cell.list);
-    if (!sides.back.IsEmpty()) pending.push_back({&splitter->back, sides.back});
-    if (!sides.front.IsEmpty()) pending.push_back({&splitter->front, sides.front});
-  }
 }
 
 }  // namespace zando

@@ -1,9 +1,23 @@
 #pragma once
 
+#include <cstdint>
+
 #include "csg/bsp_tree.h"
 #include "platform/progress.h"
 
 namespace zando {
+
+/// How visible polygons lie to a candidate's plane.
+struct CandidateCount {
+  std::int32_t front = 0;  ///< before it, or in it and facing the same way
+  std::int32_t spans = 0;  ///< cut by it
+
+  /// Counts the polygon of a node `times` times; once again with -1 it is as if never counted.
+  void Add(const CBspNode& candidate, const CBspNode& node, std::int32_t times);
+
+  /// Whether the candidate can split a list that is to become cells.
+  [[nodiscard]] bool DividesCells() const { return front > 0 || spans > 0; }
+};
 
 /// The members of a list before and behind a splitter.
 struct Partitioned {
@@ -27,9 +41,5 @@ struct Partitioned {
 /// As Partition, but coplanar polygons of the same facing join the splitter's chain.
 [[nodiscard]] Partitioned PartitionLeaf(CConstructiveBsp& tree, CBspNode* splitter,
                                         const CNodeList& list);
-
-/// Makes the list the tree's leaf tree: splitters above, convex cells below. An empty list leaves
-/// an empty tree.
-void BuildLeafTree(CConstructiveBsp& tree, const CNodeList& list);
 
 }  // namespace zando

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "csg/csg_world.h"
-#include "csg/splitter.h"
+#include "csg/leaf_tree_builder.h"
 
 namespace zando {
 namespace {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "csg/csg_world.h"
+#include "csg/leaf_tree_builder.h"
 #include "csg/literal_csg.h"
 #include "csg/node_tree_builder.h"
 #include "document/document_file.h"
@@ -43,7 +44,7 @@ bool SameVector(const Vector& a, const Vector& b) {
 bool SameMember(const CBspNode& a, const CBspNode& b) {
   const auto verticesA = a.polygon.Vertices();
   const auto verticesB = b.polygon.Vertices();
-  return a.nValid == b.nValid && a.nBid == b.nBid && a.nPolNum == b.nPolNum &&
+  return a.nValid == b.nValid && a.nLeaf == b.nLeaf && a.nBid == b.nBid && a.nPolNum == b.nPolNum &&
          a.pBrush == b.pBrush && SameVector(a.plane.normal, b.plane.normal) &&
          SameNumber(a.plane.d, b.plane.d) && a.polygon.tag >= 4 && a.polygon.tag <= 253 &&
          std::equal(verticesA.begin(), verticesA.end(), verticesB.begin(), verticesB.end(),
@@ -55,11 +56,12 @@ std::string Difference(const CBspNode* a, const CBspNode* b, const std::string& 
   if (a == nullptr && b == nullptr) return {};
   const CBspNode* memberA = a;
   const CBspNode* memberB = b;
+  const auto next = a != nullptr && a->nLeaf != 0 ? &CBspNode::link : &CBspNode::chain;
   for (int i = 0; memberA != nullptr || memberB != nullptr; ++i) {
     const bool both = memberA != nullptr && memberB != nullptr;
     if (!both || !SameMember(*memberA, *memberB)) return path + " member " + std::to_string(i);
-    memberA = memberA->chain;
-    memberB = memberB->chain;
+    memberA = memberA->*next;
+    memberB = memberB->*next;
   }
   const std::string front = Difference(a->front, b->front, path + "f");
   return front.empty() ? Difference(a->back, b->back, path + "b") : front;
@@ -232,43 +234,81 @@ TEST(CsgDifferentialFiles, BentFacesOfEditedFilesGiveThePlainTree) {
   }
 }
 
-/// All faces of a level as they are, chained and hidden at random.
-TEST(CsgDifferentialLists, NodeTreesEqualThePlainOnesAlsoWithChainsAndHiddenPolygons) {
-  for (std::uint64_t seed = 1; seed <= 400; ++seed) {
-    const bool drums = seed % 4 == 0;
-    CBrushList level = RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
-                                          .brushes = 1 + static_cast<std::int32_t>(seed % 13),
-                                          .extent = 128,
-                                          .turned = seed % 2 == 0 ? 0 : 30});
-    CRandom random(seed);
-    CConstructiveBsp tree;
-    CNodeList list;
-    literal::Tree plain;
-    literal::List plainList;
-    for (CZandoBrush& brush : level) {
-      if (drums) DrumSome(brush, random);
-      if (seed % 8 < 2) Bend(brush, random);
-      for (CZandoPoly face : brush.WorldPolys()) {
-        if (seed % 8 > 4) BreakFace(face, random);
-        CBspNode* node = tree.NewNode();
-        node->TakePolygon(face);
-        node->nValid = random.Percent(70) ? 1 : 0;
-        CBspNode* twin = plain.NewNode();
-        *twin = *node;
-        if (!list.IsEmpty() && random.Percent(60)) {
-          ChainEnd(list.tail)->chain = node;
-          ChainEnd(plainList.back())->chain = twin;
-        } else {
-          list.Append(node);
-          plainList.push_back(twin);
-        }
+/// All faces of a level as they are, chained and hidden at random: the same for a seed.
+CNodeList RandomList(std::uint64_t seed, CConstructiveBsp& tree) {
+  const bool drums = seed % 4 == 0;
+  CBrushList level = RandomLevel(seed, {.layout = drums ? Layout::CoarseGrid : Layout::General,
+                                        .brushes = 1 + static_cast<std::int32_t>(seed % 13),
+                                        .extent = 128,
+                                        .turned = seed % 2 == 0 ? 0 : 30});
+  CRandom random(seed);
+  CNodeList list;
+  for (CZandoBrush& brush : level) {
+    if (drums) DrumSome(brush, random);
+    if (seed % 8 < 2) Bend(brush, random);
+    for (CZandoPoly face : brush.WorldPolys()) {
+      if (seed % 8 > 4) BreakFace(face, random);
+      CBspNode* node = tree.NewNode();
+      node->TakePolygon(face);
+      node->nValid = random.Percent(70) ? 1 : 0;
+      if (!list.IsEmpty() && random.Percent(60)) {
+        ChainEnd(list.tail)->chain = node;
+      } else {
+        list.Append(node);
       }
     }
+  }
+  return list;
+}
+
+literal::List Copy(const CNodeList& list, literal::Tree& tree) {
+  literal::List copy;
+  for (const CBspNode* head = list.head; head != nullptr; head = head->link) {
+    for (const CBspNode* member = head; member != nullptr; member = member->chain) {
+      CBspNode* twin = tree.NewNode();
+      *twin = *member;
+      twin->chain = twin->link = nullptr;
+      if (member == head) {
+        copy.push_back(twin);
+      } else {
+        ChainEnd(copy.back())->chain = twin;
+      }
+    }
+  }
+  return copy;
+}
+
+CBspNode* PlainLeafTree(CConstructiveBsp& tree, const CNodeList& list) {
+  if (list.IsEmpty()) return nullptr;
+  CBspNode* splitter = ChooseLeafSplitter(list);
+  if (splitter == nullptr) {
+    list.head->nLeaf = 1;
+    return list.head;
+  }
+  const Partitioned sides = PartitionLeaf(tree, splitter, list);
+  splitter->front = PlainLeafTree(tree, sides.front);
+  splitter->back = PlainLeafTree(tree, sides.back);
+  return splitter;
+}
+
+TEST(CsgDifferentialLists, TreesEqualThePlainOnesAlsoWithChainsAndHiddenPolygons) {
+  for (std::uint64_t seed = 1; seed <= 400; ++seed) {
+    SCOPED_TRACE(seed);
+    CConstructiveBsp tree;
+    const CNodeList list = RandomList(seed, tree);
+    literal::Tree plain;
+    const literal::List plainList = Copy(list, plain);
     CStepCounter progress;
     BuildNodeTree(tree, list, &progress);
-    SCOPED_TRACE(seed);
     EXPECT_EQ(progress.steps, literal::BuildNodeTree(plain, plainList));
     ExpectSame(tree, plain);
+
+    CConstructiveBsp leaves;
+    CConstructiveBsp plainLeaves;
+    BuildLeafTree(leaves, RandomList(seed, leaves));
+    plainLeaves.root = PlainLeafTree(plainLeaves, RandomList(seed, plainLeaves));
+    EXPECT_EQ(Difference(leaves.root, plainLeaves.root, "leaves"), "");
+    EXPECT_EQ(leaves.refused, plainLeaves.refused);
   }
 }
 
