@@ -11,9 +11,9 @@ namespace {
 /// A place among the faces of the current brush.
 std::size_t FaceWord(const CScriptContext& context, CScriptArguments& arguments) {
   const std::int32_t face = arguments.WholeNumber();
-  const std::size_t count = context.document.CurrentBrush().Faces.size();
-  if (face < 0 || static_cast<std::size_t>(face) >= count) {
-    throw CScriptError("the current brush has " + Counted(count, "face", "faces") +
+  const std::vector<BrushFace>& faces = context.document.CurrentBrush().Faces;
+  if (face < 0 || face >= std::ssize(faces)) {
+    throw CScriptError("the current brush has " + Counted(std::ssize(faces), "face", "faces") +
                        ", counted from 0");
   }
   return static_cast<std::size_t>(face);
