@@ -24,5 +24,6 @@ void EditGroups(ActiveLevel& level);
 void CreateGroup(ActiveLevel& level);
 void ExportTo3Dm(ActiveLevel& level);
 void ExportToMap(ActiveLevel& level);
+void ImportFromMap(ActiveLevel& level);
 
 }  // namespace zando

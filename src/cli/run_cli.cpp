@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "cli/export_commands.h"
+#include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/picture_arguments.h"
 #include "cli/script_words.h"
@@ -28,6 +29,7 @@ struct Request {
   bool quick = false;
   bool optimal = false;
   bool water = false;
+  ImportOptions import;
   PictureRequest picture;
   TextureRequest textures;
   std::optional<std::string> textureFolder;
@@ -66,13 +68,16 @@ void AddRebuild(CLI::App& app, Request& request) {
   });
 }
 
-/// What all exports are told.
-void AddExportOptions(CLI::App& app, Request& request) {
+void AddReportOption(CLI::App& app, ReportFormat& format, const std::string& what) {
   static const std::map<std::string, ReportFormat> kFormats{{"text", ReportFormat::Text},
                                                             {"json", ReportFormat::Json}};
-  app.add_option("--report", request.exported.report,
-                 "what was written and left out, as text (default) or json")
+  app.add_option("--report", format, what + ", as text (default) or json")
       ->transform(CLI::CheckedTransformer(kFormats));
+}
+
+/// What all exports are told.
+void AddExportOptions(CLI::App& app, Request& request) {
+  AddReportOption(app, request.exported.report, "what was written and left out");
   app.add_flag("--strict", request.exported.strict,
                "fail, and write nothing, when something shown would be left out");
   app.add_option("IN", request.input, kLevelFile)->required();
@@ -102,16 +107,33 @@ void AddExport3Dm(CLI::App& app, Request& request) {
   });
 }
 
+void AddImport(CLI::App& app, Request& request) {
+  CLI::App* importer = app.add_subcommand("import-map", "Read a map of the game into a new level");
+  importer->add_flag_callback(
+      "--clean", [&request] { request.import.cleaning = MapCleaning::Always; },
+      "rewrite a map of a newer form into the plain one first");
+  AddReportOption(*importer, request.import.report, "what was read and skipped");
+  importer->add_option("IN", request.input, "a .map file")->required();
+  importer->add_option("OUT", request.output, "where the level is saved")->required();
+  importer->callback([&request] {
+    request.run = [&request](std::ostream& out) {
+      ImportLevel(request.input, request.output, request.import, out, request.warn);
+    };
+  });
+}
+
 void AddConvert(CLI::App& app, Request& request) {
   CLI::App* convert = app.add_subcommand(
       "convert",
-      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map and .3dm exports");
-  convert->add_option("IN", request.input, kLevelFile)->required();
+      "Convert by extension: .3dz to .3dz loads and saves, .3dz to .map and .3dm exports, .map to "
+      ".3dz imports");
+  convert->add_option("IN", request.input, "a .3dz or .map file")->required();
   convert->add_option("OUT", request.output, "a .3dz, .map or .3dm file")->required();
   convert->callback([&request] {
     if (!CanConvert(request.input, request.output)) {
-      throw CLI::ValidationError("convert", "can convert .3dz to .3dz, .map and .3dm, not " +
-                                                request.input + " to " + request.output);
+      throw CLI::ValidationError("convert",
+                                 "can convert .3dz to .3dz, .map and .3dm, and .map to .3dz, not " +
+                                     request.input + " to " + request.output);
     }
     request.run = [&request](std::ostream& out) {
       ConvertFile(request.input, request.output, out, request.warn);
@@ -255,6 +277,7 @@ int RunCli(std::vector<std::string> arguments, std::ostream& out, std::ostream& 
   AddRebuild(app, request);
   AddExportMap(app, request);
   AddExport3Dm(app, request);
+  AddImport(app, request);
   AddConvert(app, request);
   AddRender(app, request);
   AddTextures(app, request);

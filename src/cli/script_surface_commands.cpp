@@ -25,8 +25,7 @@ void Face(CScriptContext& context, CScriptArguments& arguments) {
     SetFaceSurface(context.document, face, std::nullopt);
     return;
   }
-  FaceSurface surface =
-      context.document.CurrentBrush().Faces[face].surface.value_or(FaceSurface());
+  FaceSurface surface = context.document.CurrentBrush().Faces[face].surface.value_or(FaceSurface());
   surface.texture = CheckedWord(arguments.Word(), "a texture's name");
   if (arguments.Take("offset")) {
     surface.offsetX = arguments.Number();

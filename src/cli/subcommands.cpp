@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "cli/export_commands.h"
+#include "cli/import_commands.h"
 #include "cli/input_files.h"
 #include "cli/level_info.h"
 #include "cli/level_json.h"
@@ -46,16 +47,16 @@ bool Is3Dm(const fs::path& path) { return HasExtension(path, ".3dm"); }
 
 }  // namespace
 
-void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
-  if (!written) throw CCommandFailure(output, written.Error());
-  WarnOf(*written, output, warn);
-}
-
 void RefuseInput(const fs::path& input, const fs::path& output) {
   std::error_code missing;
   if (fs::equivalent(input, output, missing)) {
     throw CCommandFailure(output, "is the file to read, and is not overwritten");
   }
+}
+
+void RequireWritten(const CResult<CReport>& written, const fs::path& output, const Warn& warn) {
+  if (!written) throw CCommandFailure(output, written.Error());
+  WarnOf(*written, output, warn);
 }
 
 void ShowInfo(const fs::path& level, InfoFormat format, std::ostream& out, const Warn& warn) {
@@ -73,11 +74,15 @@ void RebuildLevel(const fs::path& input, const fs::path& output, RebuildKind kin
 }
 
 bool CanConvert(const fs::path& input, const fs::path& output) {
+  if (IsMap(input)) return IsLevel(output);
   return IsLevel(input) && (IsLevel(output) || IsMap(output) || Is3Dm(output));
 }
 
 void ConvertFile(const fs::path& input, const fs::path& output, std::ostream& out,
                  const Warn& warn) {
+  if (IsMap(input)) {
+    return ImportLevel(input, output, {.cleaning = MapCleaning::WhenNeeded}, out, warn);
+  }
   if (IsMap(output)) return ExportMapFile(input, output, {}, out, warn);
   if (Is3Dm(output)) return Export3DmFile(input, output, {}, out, warn);
   RequireWritten(SaveDocumentFile(*ReadLevel(input, warn), output), output, warn);

@@ -28,9 +28,12 @@ Level& Level::operator=(Level source) {
 }
 
 std::int32_t Level::AddBrush(const CZandoBrush& brush) {
-  auto listed = std::make_unique<CZandoBrush>(brush);
-  listed->BBid = NextBrushId++;
-  const std::int32_t index = BrushList.Append(std::move(listed));
+  return AddBrush(std::make_unique<CZandoBrush>(brush));
+}
+
+std::int32_t Level::AddBrush(std::unique_ptr<CZandoBrush> brush) {
+  brush->BBid = NextBrushId++;
+  const std::int32_t index = BrushList.Append(std::move(brush));
   World.brushList = BrushList.Head();
   return index;
 }

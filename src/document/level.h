@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "csg/bsp_tree.h"
@@ -35,6 +36,9 @@ struct Level {
   /// Appends a copy of the brush, with the next id, and returns its index in the list. The world
   /// does not take it.
   std::int32_t AddBrush(const CZandoBrush& brush);
+
+  /// The same with the brush itself.
+  std::int32_t AddBrush(std::unique_ptr<CZandoBrush> brush);
 
   /// Removes the listed brush with this id; the world's polygons of it stay, and belong to none.
   void RemoveBrush(std::int32_t id);

@@ -10,6 +10,10 @@ namespace {
 /// How far a plane may move anywhere on its face.
 constexpr double kMostShift = 0.5;
 
+/// Shifts this near to each other are equal: of symmetrical choices the first is taken, wherever
+/// the face lies.
+constexpr double kTie = 1e-6;
+
 constexpr double kNoPlane = std::numeric_limits<double>::infinity();
 
 using Triple = std::array<std::int32_t, 3>;
@@ -53,8 +57,9 @@ Triple CWrittenFace::Best() const {
   for (std::int32_t i = 0; i < face_.count; ++i) {
     for (std::int32_t j = i + 1; j < face_.count; ++j) {
       for (std::int32_t k = j + 1; k < face_.count; ++k) {
-        const double shift = ShiftOf({i, j, k}, least);
-        if (shift >= least) continue;
+        const double better = least - kTie;
+        const double shift = ShiftOf({i, j, k}, better);
+        if (!(shift < better)) continue;
         least = shift;
         best = {i, j, k};
       }

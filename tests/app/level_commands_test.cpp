@@ -13,6 +13,7 @@
 #include "document/brush_edits.h"
 #include "document/command_ids.h"
 #include "document/entity_edits.h"
+#include "formats/map_writer.h"
 #include "platform/file_io.h"
 #include "support/edit_level.h"
 #include "support/fake_form.h"
@@ -277,6 +278,58 @@ TEST(LevelCommands, ExportProposesTheLevelsNameAndSaysWhatCannotBeWritten) {
   EXPECT_TRUE(bench.desktop.StatusText.ends_with(" polygons with 8 vertices written"));
   EXPECT_NE(ReadWholeFile(file).ValueOr("").find("VERTICES\r\n8\r\n"), std::string::npos);
   std::filesystem::remove(file);
+}
+
+TEST(LevelCommands, ImportIsOneChangeAndOffersToCleanWhatItCannotRead) {
+  const std::filesystem::path file =
+      ::testing::TempDir() + "zando.import." + std::to_string(::getpid());
+  Bench bench;
+  bench.Fill();
+  const std::string map =
+      WriteMap(bench.level.GetLevel(), "") + "{\r\n\"classname\" \"light\"\r\n}\r\n";
+  const auto import = [&](const std::string& bytes) {
+    EXPECT_TRUE(WriteFileAtomically(file, bytes));
+    bench.listener.told.clear();
+    bench.desktop.Calls.clear();
+    bench.desktop.StatusText.clear();
+    bench.level.SetModifiedFlag(false);
+    bench.desktop.Files = {file};
+    bench.commands.OnCommand(ID_IMPORT_MAP);
+    return std::to_string(bench.level.GetLevel().BrushList.BrushCount()) + ' ' +
+           bench.listener.told + (bench.level.IsModified() ? " modified" : "");
+  };
+  EXPECT_EQ(import(map), "4 r modified");
+  EXPECT_EQ(
+      bench.desktop.StatusText,
+      file.filename().string() +
+          ": 2 brushes and 1 entity read; the world shows new brushes after the next rebuild");
+  EXPECT_EQ(bench.desktop.Calls, std::vector<std::string>{"open Import from Quake (MAP)"});
+  EXPECT_EQ(import("no map"), "4 ");
+  EXPECT_EQ(bench.desktop.Calls.back(), "message Problem Parsing file");
+
+  // A comment before the map, which is then refused, or within a brush, which would be misread.
+  const std::string inside = std::string(map).insert(map.find("( "), "// brush {\r\n");
+  for (const std::string& newer : {"// Format: Valve\r\n" + map, inside}) {
+    bench.desktop.YesNoAnswers = {YesNo::No, YesNo::Yes};
+    const auto before = bench.level.GetLevel().BrushList.BrushCount();
+    EXPECT_EQ(import(newer), std::to_string(before) + ' ');
+    EXPECT_TRUE(bench.desktop.Calls.back().ends_with(
+        "\nRead it in the plain form?\nChanged: 1 comment dropped.\nGiven up: nothing."))
+        << bench.desktop.Calls.back();
+    EXPECT_EQ(import(newer), std::to_string(before + 2) + " r modified");
+  }
+
+  EXPECT_EQ(import(map + "{\r\n\"a\" \"b\"\r\n{ }\r\n}\r\n"), "10 r modified");
+  EXPECT_NE(bench.desktop.Failure.find("brush skipped: no volume"), std::string::npos)
+      << bench.desktop.Failure;
+  std::filesystem::remove(file);
+  for (const std::filesystem::path& path : {file, file.parent_path()}) {
+    bench.desktop.Files = {path};
+    bench.desktop.Calls.clear();
+    bench.commands.OnCommand(ID_IMPORT_MAP);
+    EXPECT_TRUE(bench.desktop.Failure.starts_with("Cannot open ")) << bench.desktop.Failure;
+    EXPECT_EQ(bench.desktop.Calls.size(), 1U) << "no message";
+  }
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST_F(ZandoCli, ExitStatusTellsDoneFromFailedFromWronglyUsed) {
         "run pond.3dz.zscript pond.3dz.zscript"}},
       {kCliWrongUsage,
        {"", "paint pond.3dz", "info pond.3dz pond.3dz", "info --xml pond.3dz", "rebuild pond.3dz",
-        "rebuild --quick --optimal pond.3dz out.3dz", "convert level.map out.3dz"}},
+        "rebuild --quick --optimal pond.3dz out.3dz", "convert level.map out.map"}},
   };
   for (const auto& [status, lines] : cases) {
     for (const std::string& line : lines) {

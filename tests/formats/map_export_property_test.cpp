@@ -179,42 +179,49 @@ TEST_P(MapExport, CellsFillWhatCarversLeaveWithoutOverlap) {
       << ::testing::PrintToString(spoiled);
 }
 
-/// The map of the level with its brushes moved, and moved back.
-std::vector<MapBrush> ExportFrom(const Vector& place, const CBrushList& brushes) {
+/// The cells of the level with its brushes moved to a place, moved back: as the file has them when
+/// the points in it are `exact`, otherwise as they are carved, for the last bit of a coordinate may
+/// decide how it is rounded.
+std::vector<Planes> CellsFrom(const Vector& place, const CBrushList& brushes, bool exact) {
   Level level;
   for (const CZandoBrush& brush : brushes) {
     CZandoBrush& moved = level.BrushList[level.AddBrush(brush)];
     moved.MoveTo(moved.Own().Pos + place);
   }
-  std::vector<MapBrush> cells = ParseMap(WriteMap(level, "")).value().front().brushes;
-  for (MapBrush& cell : cells) {
-    for (MapPlane& plane : cell) {
-      for (Vector& point : plane.points) point = point - place;
+  std::vector<Planes> cells;
+  if (exact) {
+    const auto entities = ParseMap(WriteMap(level, "")).value();
+    for (const MapBrush& cell : entities.front().brushes) {
+      cells.push_back(PlanesOf(cell));
     }
+  } else {
+    const auto carved = CarvedCells(level.BrushList).value();
+    for (const Cells& own : carved) {
+      cells.insert(cells.end(), own.planes.begin(), own.planes.end());
+    }
+  }
+  for (Planes& cell : cells) {
+    for (Plane& plane : cell) plane.d += Dot(plane.normal, place);
   }
   return cells;
 }
 
+bool SamePlanes(const Planes& a, const Planes& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const Plane& p, const Plane& q) {
+    return Length(p.normal - q.normal) < 1e-6 && std::abs(p.d - q.d) < 1e-4;
+  });
+}
+
 TEST_P(MapExport, CellsAreTheSameFarFromTheOrigin) {
-  int strange = 0;
+  const bool exact = GetParam().cellsOf == ExportedCells;
   for (std::uint64_t seed = 0; seed < 30; ++seed) {
     LevelOptions options = GetParam().options;
     options.brushes = 12;
     const CBrushList level = RandomLevel(seed, options);
-    const auto near = ExportFrom({0, 0, 0}, level);
-    const auto far = ExportFrom({1e6, 0, 1e6}, level);
-    ASSERT_EQ(near.size(), far.size()) << seed;
-    for (std::size_t cell = 0; cell < near.size(); ++cell) {
-      ASSERT_EQ(near[cell].size(), far[cell].size()) << seed;
-      for (std::size_t plane = 0; plane < near[cell].size(); ++plane) {
-        for (std::size_t i = 0; i < 3; ++i) {
-          strange +=
-              Length(near[cell][plane].points[i] - far[cell][plane].points[i]) < 1e-6 ? 0 : 1;
-        }
-      }
-    }
+    const auto near = CellsFrom({0, 0, 0}, level, exact);
+    const auto far = CellsFrom({1e6, 0, 1e6}, level, exact);
+    EXPECT_TRUE(std::equal(near.begin(), near.end(), far.begin(), far.end(), SamePlanes)) << seed;
   }
-  EXPECT_EQ(strange, 0);
 }
 
 TEST(MapExportOfAWideBrush, CellsFillWhatIsLeftOfIt) {
