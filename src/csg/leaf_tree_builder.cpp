@@ -162,8 +162,9 @@ std::pair<Members, Members> Divide(CConstructiveBsp& tree, const Members& member
 CBspNode* CellOf(const Members& members) {
   CNodeList cell;
   for (const Member& member : members) cell.Append(member.node);
-  cell.head->nLeaf = 1;
-  return cell.head;
+  CBspNode* head = members.front().node;
+  head->nLeaf = 1;
+  return head;
 }
 
 void BuildChildren(CConstructiveBsp& tree, std::vector<Pending> pending) {
