@@ -51,10 +51,12 @@ void Script(benchmark::State& state, const std::string& ending) {
 void ExportCarvedSpheroid(benchmark::State& state) {
   const std::string stripes = std::to_string(state.range(0));
   CZANDODoc document;
-  RunScript(document,
-            "box x=400 y=400 z=400\nadd\nspheroid horizontal=" + stripes + " vertical=" + stripes +
-                "\nsubtract\n",
-            "bench");
+  const ScriptResult carved =
+      RunScript(document,
+                "box x=400 y=400 z=400\nadd\nspheroid horizontal=" + stripes +
+                    " vertical=" + stripes + "\nsubtract\n",
+                "bench");
+  if (!carved.error.empty()) state.SkipWithError(carved.error.c_str());
   for (auto _ : state) benchmark::DoNotOptimize(WriteMap(document.GetLevel(), ""));
 }
 
