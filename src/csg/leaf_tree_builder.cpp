@@ -17,18 +17,18 @@ constexpr std::size_t kWorthKeeping = 4;
 
 /// A polygon of a list without chains. Round shapes give up one face after the other: that none of
 /// them costs a look at every pair, a candidate's count outlives the splitters of others.
-struct Member {
+struct Candidate {
   CBspNode* node;
   CandidateCount count{};
   bool counted = false;    ///< the count is that of the whole list
   std::size_t looked = 0;  ///< polygons looked at for counts that were given up
 };
 
-using Members = std::vector<Member>;
+using Candidates = std::vector<Candidate>;
 
 /// A member when a splitter has been taken: what of it lies on each side, if anything.
 struct Placed {
-  Member member;
+  Candidate member;
   CBspNode* front = nullptr;
   CBspNode* back = nullptr;
   bool spans = false;
@@ -39,21 +39,21 @@ struct Placed {
 };
 
 /// A list that still has to become the child of a splitter.
-struct Pending {
+struct PendingChild {
   CBspNode** child;
-  Members members;
+  Candidates members;
 };
 
-Members MembersOf(const CNodeList& list) {
-  Members members;
+Candidates MembersOf(const CNodeList& list) {
+  Candidates members;
   for (CBspNode* node = list.head; node != nullptr; node = node->link) members.push_back({node});
   return members;
 }
 
 /// Counts until the candidate cuts `spanLimit` polygons: from there on it cannot win. One that has
 /// been given up often enough is counted to the end, so as not to begin again each time.
-void Count(Members& members, std::size_t index, std::int32_t spanLimit) {
-  Member& candidate = members[index];
+void Count(Candidates& members, std::size_t index, std::int32_t spanLimit) {
+  Candidate& candidate = members[index];
   const bool toTheEnd = candidate.looked >= members.size();
   candidate.count = {};
   for (std::size_t i = 0; i < members.size(); ++i) {
@@ -67,7 +67,7 @@ void Count(Members& members, std::size_t index, std::int32_t spanLimit) {
 }
 
 /// The place of what ChooseLeafSplitter would choose; past the end when the list is convex.
-std::size_t Choose(Members& members) {
+std::size_t Choose(Candidates& members) {
   std::size_t best = members.size();
   std::int32_t fewest = std::numeric_limits<std::int32_t>::max();
   for (std::size_t i = 0; i < members.size() && fewest > 0; ++i) {
@@ -81,10 +81,10 @@ std::size_t Choose(Members& members) {
 }
 
 /// Sorts all but the splitter, as PartitionLeaf does, but cuts none.
-std::vector<Placed> Place(const Members& members, CBspNode* splitter) {
+std::vector<Placed> Place(const Candidates& members, CBspNode* splitter) {
   std::vector<Placed> placed;
   placed.reserve(members.size());
-  for (const Member& member : members) {
+  for (const Candidate& member : members) {
     if (member.node == splitter) continue;
     const PolygonClass side = ClassifyPolygon(splitter->plane, member.node->polygon);
     Placed& place = placed.emplace_back(Placed{member});
@@ -129,8 +129,8 @@ void Cut(CConstructiveBsp& tree, std::vector<Placed>& placed, CBspNode* splitter
 }
 
 /// What lies on a side, in the order of the list, with the pieces counted in.
-Members Collect(const std::vector<Placed>& placed, CBspNode* Placed::*side) {
-  Members members;
+Candidates Collect(const std::vector<Placed>& placed, CBspNode* Placed::*side) {
+  Candidates members;
   std::vector<const CBspNode*> pieces;
   for (const Placed& place : placed) {
     if (place.*side == nullptr) continue;
@@ -141,7 +141,7 @@ Members Collect(const std::vector<Placed>& placed, CBspNode* Placed::*side) {
       members.push_back(place.member);
     }
   }
-  for (Member& member : members) {
+  for (Candidate& member : members) {
     if (!member.counted) continue;
     for (const CBspNode* piece : pieces) member.count.Add(*member.node, *piece, 1);
   }
@@ -149,8 +149,8 @@ Members Collect(const std::vector<Placed>& placed, CBspNode* Placed::*side) {
 }
 
 /// Sorts the list to the sides of one of its members.
-std::pair<Members, Members> Divide(CConstructiveBsp& tree, const Members& members,
-                                   CBspNode* splitter) {
+std::pair<Candidates, Candidates> Divide(CConstructiveBsp& tree, const Candidates& members,
+                                         CBspNode* splitter) {
   std::vector<Placed> placed = Place(members, splitter);
   CountOut(placed, &Placed::front, *splitter);
   CountOut(placed, &Placed::back, *splitter);
@@ -159,20 +159,20 @@ std::pair<Members, Members> Divide(CConstructiveBsp& tree, const Members& member
   return {Collect(placed, &Placed::front), Collect(placed, &Placed::back)};
 }
 
-CBspNode* CellOf(const Members& members) {
+CBspNode* CellOf(const Candidates& members) {
   CNodeList cell;
-  for (const Member& member : members) cell.Append(member.node);
+  for (const Candidate& member : members) cell.Append(member.node);
   CBspNode* head = members.front().node;
   head->nLeaf = 1;
   return head;
 }
 
-void BuildChildren(CConstructiveBsp& tree, std::vector<Pending> pending) {
-  const auto enqueue = [&pending](CBspNode** child, Members members) {
+void BuildChildren(CConstructiveBsp& tree, std::vector<PendingChild> pending) {
+  const auto enqueue = [&pending](CBspNode** child, Candidates members) {
     if (!members.empty()) pending.push_back({child, std::move(members)});
   };
   while (!pending.empty()) {
-    Pending part = std::move(pending.back());
+    PendingChild part = std::move(pending.back());
     pending.pop_back();
     const std::size_t chosen = Choose(part.members);
     if (chosen == part.members.size()) {
@@ -198,7 +198,7 @@ void BuildLeafTree(CConstructiveBsp& tree, const CNodeList& list) {
     return;
   }
   const Partitioned sides = PartitionLeaf(tree, splitter, list);
-  std::vector<Pending> pending;
+  std::vector<PendingChild> pending;
   for (const auto& [child, side] :
        {std::pair(&splitter->back, sides.back), std::pair(&splitter->front, sides.front)}) {
     if (!side.IsEmpty()) pending.push_back({child, MembersOf(side)});

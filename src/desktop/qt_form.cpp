@@ -174,6 +174,8 @@ CQtForm::CQtForm(CDialog& dialog, QWidget* parent, const Builder& build, Attempt
   if (!build(dialog.TemplateId(), *window_)) {
     qWarning("there is no form %d", dialog.TemplateId());
   }
+  // A window without a title would be given the name of the executable.
+  if (window_->windowTitle().isEmpty()) window_->setWindowTitle(QLatin1String(kProgramName));
   window_->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   for (QWidget* control : window_->findChildren<QWidget*>()) {
     const QVariant id = control->property("controlId");

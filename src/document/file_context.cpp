@@ -11,7 +11,6 @@
 namespace zando {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlank = " \t\v\f\r";
 
 std::array<double, 16> Entries(const Transform& transform) {

@@ -16,8 +16,6 @@
 namespace zando {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 /// What a nameless brush is called in the file: the name that new brushes start with.
 constexpr std::string_view kNameless = "tech05_1";
 

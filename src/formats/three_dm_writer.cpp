@@ -15,8 +15,6 @@
 namespace zando {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
-
 /// What follows the indices of every polygon.
 constexpr std::string_view kTail = "0\r\n1\r\n0 0 0\r\n0 0 0\r\n0 0 0\r\n\r\n";
 

@@ -8,6 +8,9 @@
 
 namespace zando {
 
+/// What ends the lines of the files that are written.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// Blank, tab, line ends, vertical tab and form feed, in every locale.
 [[nodiscard]] constexpr bool IsWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
