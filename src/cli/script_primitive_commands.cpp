@@ -7,9 +7,6 @@
 namespace zando {
 namespace {
 
-/// Every number makes a box.
-std::string Check(const BoxParameters& /*box*/) { return {}; }
-
 /// The parameters of a line start from the defaults, whatever an earlier line set.
 template <typename Parameters>
 void Create(CScriptContext& context, const CScriptArguments::CKeywords& keywords,

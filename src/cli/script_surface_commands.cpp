@@ -1,5 +1,8 @@
-#include <algorithm>
 #include <array>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cli/script_commands.h"
 #include "document/surface_edits.h"

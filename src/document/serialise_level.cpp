@@ -59,7 +59,8 @@ void SerialiseSurfaces(CFileContext& file, CZandoBrush& brush) {
     return true;
   };
   if (file.storing) {
-    for (index = 0; BrushFace & face : brush.Faces) {
+    index = 0;
+    for (BrushFace& face : brush.Faces) {
       if (face.surface) exchange(*face.surface);
       ++*index;
     }

@@ -10,8 +10,7 @@ namespace zando {
 
 /// Makes `tree` the leaf tree of what is left of a solid brush once the carvers, in their order,
 /// have been subtracted: every cell is one convex piece. Carvers whose bounds do not touch the
-/// brush are passed over. The tree is
-/// empty when nothing is left.
+/// brush are passed over. The tree is empty when nothing is left.
 void CarveBrush(CConstructiveBsp& tree, const CZandoBrush& brush,
                 std::span<const CZandoBrush* const> carvers);
 

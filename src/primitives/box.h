@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "geometry/brush.h"
 
@@ -23,6 +24,9 @@ struct BoxParameters {
 
   friend bool operator==(const BoxParameters&, const BoxParameters&) = default;
 };
+
+/// Nothing is wrong with any box: every number makes one.
+[[nodiscard]] inline std::string Check(const BoxParameters& /*box*/) { return {}; }
 
 /// Replaces the brush's local polygons by the box, centred on the origin: 6 faces, or 12 when
 /// hollow (the outer shell, then the cavity's faces, which look into the cavity). Face records
